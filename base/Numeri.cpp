@@ -1,0 +1,84 @@
+#include "Numeri.h"
+
+#include "ErroreRuntime.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace {
+
+bool Cifra(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+} // namespace
+
+std::int16_t Intero16(double valore)
+{
+    const double intero = std::nearbyint(valore);
+    const bool entra = intero >= std::numeric_limits<std::int16_t>::min() &&
+                       intero <= std::numeric_limits<std::int16_t>::max();
+    if (!entra) throw ErroreRuntime(NumeroErrore::Overflow);
+    return static_cast<std::int16_t>(intero);
+}
+
+std::int16_t Intero16(std::int64_t valore)
+{
+    if (!std::in_range<std::int16_t>(valore)) throw ErroreRuntime(NumeroErrore::Overflow);
+    return static_cast<std::int16_t>(valore);
+}
+
+double NumeroIniziale(std::string_view testo)
+{
+    const auto inizio = testo.find_first_not_of(" \t");
+    if (inizio == std::string_view::npos) return 0;
+    testo.remove_prefix(inizio);
+
+    const bool negativo = testo.front() == '-';
+    if (negativo || testo.front() == '+') testo.remove_prefix(1);
+
+    // from_chars also reads "inf" and "nan"; here letters read as 0.
+    const bool numero = !testo.empty() && (Cifra(testo[0]) || testo[0] == '.');
+    if (!numero) return 0;
+
+    double valore = 0;
+    const auto esito = std::from_chars(testo.data(), testo.data() + testo.size(), valore);
+    if (esito.ec == std::errc::result_out_of_range) {
+        const std::string_view letto(testo.data(),
+                                     static_cast<std::size_t>(esito.ptr - testo.data()));
+        const bool piccolo = letto.find("e-") != std::string_view::npos ||
+                             letto.find("E-") != std::string_view::npos;
+        valore = piccolo ? 0 : std::numeric_limits<double>::infinity();
+    }
+    return negativo ? -valore : valore;
+}
+
+std::string TestoNumero(double valore)
+{
+    std::array<char, 400> cifre; // the longest fixed form of a double takes some 330 characters
+    const auto esito =
+        std::to_chars(cifre.data(), cifre.data() + cifre.size(), valore, std::chars_format::fixed);
+    return {cifre.data(), esito.ptr};
+}
+
+std::string TestoNumero(std::int64_t valore)
+{
+    std::array<char, 24> cifre;
+    const auto esito = std::to_chars(cifre.data(), cifre.data() + cifre.size(), valore);
+    return {cifre.data(), esito.ptr};
+}
+
+bool LeggiInteroSenzaSegno(std::string_view testo, std::uint64_t& valore)
+{
+    if (testo.empty() || !std::all_of(testo.begin(), testo.end(), Cifra)) return false;
+    std::uint64_t letto = 0;
+    const auto esito = std::from_chars(testo.data(), testo.data() + testo.size(), letto);
+    if (esito.ec != std::errc()) return false;
+    valore = letto;
+    return true;
+}

@@ -1,0 +1,15 @@
+// The single-byte code page of every file the program writes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Turns UTF-8 into Windows-1252 bytes. A character outside the code page, and each byte that is
+// no valid UTF-8, becomes "?". The five undefined codes (81, 8D, 8F, 90, 9D) map to themselves.
+std::string InWindows1252(std::string_view utf8);
+
+// Whether the whole text has a place in Windows-1252.
+bool EntraInWindows1252(std::string_view utf8);
+
+// Appends the UTF-8 form of a Unicode code point; surrogates and values above 10FFFF append "?".
+void AggiungiUtf8(std::string& testo, char32_t carattere);

@@ -1,0 +1,64 @@
+#include "FileConteso.h"
+
+#include <cerrno>
+#include <csignal>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+bool VoceTrovata(const std::string& percorso)
+{
+    struct stat voce = {};
+    return ::lstat(percorso.c_str(), &voce) == 0;
+}
+
+namespace {
+
+#ifdef F_SETLEASE
+
+// An opening by somebody else while the lease is held would raise SIGIO, which ends a program.
+class SenzaSigio
+{
+public:
+    SenzaSigio()
+    {
+        struct sigaction ignora = {};
+        ignora.sa_handler = SIG_IGN;
+        ::sigaction(SIGIO, &ignora, &m_prima);
+    }
+    ~SenzaSigio() { ::sigaction(SIGIO, &m_prima, nullptr); }
+    SenzaSigio(const SenzaSigio&) = delete;
+    SenzaSigio& operator=(const SenzaSigio&) = delete;
+
+private:
+    struct sigaction m_prima = {};
+};
+
+bool ApertoDaAltri(int descrittore)
+{
+    const SenzaSigio guardia;
+    if (::fcntl(descrittore, F_SETLEASE, F_WRLCK) != 0) return errno == EAGAIN;
+    ::fcntl(descrittore, F_SETLEASE, F_UNLCK);
+    return false;
+}
+
+#else
+
+bool ApertoDaAltri(int /*descrittore*/)
+{
+    return false;
+}
+
+#endif
+
+} // namespace
+
+bool FileOccupato(const std::string& percorso)
+{
+    const int descrittore = ::open(percorso.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descrittore < 0) return true;
+    const bool occupato = ApertoDaAltri(descrittore);
+    ::close(descrittore);
+    return occupato;
+}

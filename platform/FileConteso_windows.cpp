@@ -1,0 +1,22 @@
+#include "FileConteso.h"
+
+#include <windows.h>
+
+bool VoceTrovata(const std::string& percorso)
+{
+    WIN32_FIND_DATAA voce;
+    const HANDLE ricerca = FindFirstFileA(percorso.c_str(), &voce);
+    if (ricerca == INVALID_HANDLE_VALUE) return false;
+    FindClose(ricerca);
+    return true;
+}
+
+bool FileOccupato(const std::string& percorso)
+{
+    constexpr DWORD nessunaCondivisione = 0;
+    const HANDLE file = CreateFileA(percorso.c_str(), GENERIC_READ, nessunaCondivisione, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return true;
+    CloseHandle(file);
+    return false;
+}

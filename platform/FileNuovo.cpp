@@ -1,0 +1,54 @@
+#include "FileNuovo.h"
+
+#include "ErroreSistema.h"
+
+#include <cerrno>
+
+void ScriviSuDescrittore(int descrittore, std::string_view byte, const std::string& nome)
+{
+    while (!byte.empty()) {
+        const auto scritti = ChiamateInUso.Scrivi(descrittore, byte.data(), byte.size());
+        if (scritti > 0) {
+            byte.remove_prefix(static_cast<std::size_t>(scritti));
+        } else if (scritti == 0) {
+            throw ErroreSistema(EIO, nome); // no progress and no reason: never loop on it
+        } else if (errno != EINTR) {
+            throw ErroreSistema(errno, nome);
+        }
+    }
+}
+
+FileNuovo::~FileNuovo()
+{
+    // Nobody can be told here: who wants to know whether the file is whole calls Chiudi().
+    if (m_descrittore >= 0) ChiamateInUso.Chiudi(m_descrittore);
+    if (!m_conserva) RimuoviSeNostro();
+}
+
+void FileNuovo::ScriviTutto(std::string_view byte)
+{
+    if (m_descrittore < 0) throw ErroreSistema(EBADF, m_percorso);
+    ScriviSuDescrittore(m_descrittore, byte, m_percorso);
+}
+
+void FileNuovo::Scrivi(std::string_view byte)
+{
+    try {
+        ScriviTutto(byte);
+    } catch (...) {
+        Accorcia(m_lunghezza);
+        throw;
+    }
+    m_lunghezza += byte.size();
+}
+
+void FileNuovo::Chiudi()
+{
+    if (m_descrittore < 0) return;
+    const int descrittore = m_descrittore;
+    m_descrittore = -1;
+    // An interrupted close has closed the descriptor all the same: it must not be repeated.
+    if (ChiamateInUso.Chiudi(descrittore) != 0 && errno != EINTR) {
+        throw ErroreSistema(errno, m_percorso);
+    }
+}

@@ -1,0 +1,84 @@
+// Creation, replacement and removal of the program's own files, safe in a folder that others
+// can write to.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// Removes what stands under percorso so that it can be created anew. Nothing there: no effect.
+// Only a regular file or a symbolic link (the link itself, never its target) of this user is
+// removed; a folder, a FIFO, a device or anything of another user is an error and stays.
+void TogliFile(const std::string& percorso);
+
+// True when percorso names an ordinary file: no folder, device, hidden or system entry. A link
+// counts as what it leads to. False on any error.
+bool FileOrdinario(const std::string& percorso);
+
+// True when both names lead to the same existing file. False on any error.
+bool StessoFile(const std::string& percorso, const std::string& altro);
+
+// A file that this program has just created and is writing. Every failure is an ErroreRuntime
+// with the file's name and the reason. Not copyable; used by one thread.
+class FileNuovo
+{
+public:
+    // Replaces what stands under percorso: TogliFile, then an exclusive creation that follows no
+    // link and opens nothing that somebody else put there in between.
+    explicit FileNuovo(std::string percorso);
+
+    // Closes; removes the file, if it is still ours, unless Conserva() was called.
+    ~FileNuovo();
+
+    FileNuovo(const FileNuovo&) = delete;
+    FileNuovo& operator=(const FileNuovo&) = delete;
+    FileNuovo(FileNuovo&&) = delete;
+    FileNuovo& operator=(FileNuovo&&) = delete;
+
+    const std::string& Percorso() const noexcept { return m_percorso; }
+
+    // Appends all the bytes. On failure the file is cut back to its length before the call, so
+    // that it holds whole blocks only.
+    void Scrivi(std::string_view byte);
+
+    // Closes and checks the result; the object can be reopened. Closed already: no effect.
+    void Chiudi();
+
+    // Opens the closed file again for appending. An error when the entry is no longer the very
+    // file that this object created.
+    void Riapri();
+
+    // From now on the file stays when this object is destroyed.
+    void Conserva() noexcept { m_conserva = true; }
+
+private:
+    void ScriviTutto(std::string_view byte);
+    void Accorcia(std::uint64_t lunghezza) noexcept;
+    bool AncoraNostro() const noexcept;
+    void RimuoviSeNostro() noexcept;
+
+    std::string m_percorso;
+    int m_descrittore = -1;
+    std::uint64_t m_lunghezza = 0; // bytes that are in the file for certain
+    std::uint64_t m_dispositivo = 0;
+    std::uint64_t m_indice = 0;
+    bool m_conserva = false;
+};
+
+// The two system calls that can fail late, replaceable by tests that make the k-th one fail.
+// They follow write(2) and close(2): a negative result sets errno.
+struct ChiamateFile
+{
+    std::ptrdiff_t (*Scrivi)(int descrittore, const void* byte, std::size_t quanti);
+    int (*Chiudi)(int descrittore);
+};
+
+extern constinit ChiamateFile ChiamateInUso;
+
+// The calls of the system itself.
+ChiamateFile ChiamateDelSistema();
+
+// Writes all the bytes to an open descriptor, going on after short and interrupted writes.
+// nome: what the error is about.
+void ScriviSuDescrittore(int descrittore, std::string_view byte, const std::string& nome);

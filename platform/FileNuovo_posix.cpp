@@ -1,0 +1,121 @@
+#include "FileNuovo.h"
+
+#include "ErroreSistema.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+std::ptrdiff_t ScriviVero(int descrittore, const void* byte, std::size_t quanti)
+{
+    return ::write(descrittore, byte, quanti);
+}
+
+int ChiudiVero(int descrittore)
+{
+    return ::close(descrittore);
+}
+
+} // namespace
+
+constinit ChiamateFile ChiamateInUso = {ScriviVero, ChiudiVero};
+
+ChiamateFile ChiamateDelSistema()
+{
+    return {ScriviVero, ChiudiVero};
+}
+
+void TogliFile(const std::string& percorso)
+{
+    struct stat voce = {};
+    if (::lstat(percorso.c_str(), &voce) != 0) {
+        if (errno == ENOENT) return;
+        throw ErroreSistema(errno, percorso);
+    }
+    if (S_ISDIR(voce.st_mode)) throw ErroreSistema(EISDIR, percorso);
+    if (!S_ISREG(voce.st_mode) && !S_ISLNK(voce.st_mode)) throw ErroreSistema(ENXIO, percorso);
+    // Root may remove anything, so the owner is asked for and not the permission.
+    if (voce.st_uid != ::geteuid()) {
+        throw ErroreRuntime(NumeroErrore::PermessoNegato, "appartiene a un altro utente", percorso);
+    }
+    if (::unlink(percorso.c_str()) != 0 && errno != ENOENT) throw ErroreSistema(errno, percorso);
+}
+
+bool FileOrdinario(const std::string& percorso)
+{
+    const auto nome = std::filesystem::path(percorso).filename().string();
+    if (nome.empty() || nome.front() == '.') return false;
+    struct stat voce = {};
+    return ::stat(percorso.c_str(), &voce) == 0 && S_ISREG(voce.st_mode);
+}
+
+bool StessoFile(const std::string& percorso, const std::string& altro)
+{
+    struct stat a = {};
+    struct stat b = {};
+    return ::stat(percorso.c_str(), &a) == 0 && ::stat(altro.c_str(), &b) == 0 &&
+           a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+FileNuovo::FileNuovo(std::string percorso)
+    : m_percorso(std::move(percorso))
+{
+    TogliFile(m_percorso);
+    constexpr mode_t permessi = 0666; // less the user's umask
+    m_descrittore =
+        ::open(m_percorso.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, permessi);
+    if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
+
+    struct stat voce = {};
+    if (::fstat(m_descrittore, &voce) != 0) {
+        const int codice = errno;
+        ::close(m_descrittore);
+        throw ErroreSistema(codice, m_percorso);
+    }
+    m_dispositivo = static_cast<std::uint64_t>(voce.st_dev);
+    m_indice = static_cast<std::uint64_t>(voce.st_ino);
+}
+
+void FileNuovo::Riapri()
+{
+    // Without O_NONBLOCK a FIFO planted between two shoes would hold the program for ever.
+    const int descrittore =
+        ::open(m_percorso.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (descrittore < 0) throw ErroreSistema(errno, m_percorso);
+    struct stat voce = {};
+    const bool nostro = ::fstat(descrittore, &voce) == 0 &&
+                        static_cast<std::uint64_t>(voce.st_dev) == m_dispositivo &&
+                        static_cast<std::uint64_t>(voce.st_ino) == m_indice;
+    if (!nostro) {
+        ::close(descrittore);
+        throw ErroreRuntime(NumeroErrore::AccessoAlFile, "un altro programma lo ha sostituito",
+                            m_percorso);
+    }
+    m_descrittore = descrittore;
+}
+
+void FileNuovo::Accorcia(std::uint64_t lunghezza) noexcept
+{
+    if (m_descrittore < 0) return;
+    // The write's own error is the one to report; a disk that refuses this too is that error.
+    [[maybe_unused]] const int esito = ::ftruncate(m_descrittore, static_cast<off_t>(lunghezza));
+}
+
+bool FileNuovo::AncoraNostro() const noexcept
+{
+    struct stat voce = {};
+    return ::lstat(m_percorso.c_str(), &voce) == 0 && S_ISREG(voce.st_mode) &&
+           static_cast<std::uint64_t>(voce.st_dev) == m_dispositivo &&
+           static_cast<std::uint64_t>(voce.st_ino) == m_indice;
+}
+
+void FileNuovo::RimuoviSeNostro() noexcept
+{
+    if (AncoraNostro()) ::unlink(m_percorso.c_str());
+}

@@ -1,0 +1,159 @@
+#include "LetturaFile.h"
+
+#include "ErroreSistema.h"
+#include "Numeri.h"
+
+#include <cerrno>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace {
+
+#ifdef _WIN32
+int Apri(const char* percorso)
+{
+    return ::_open(percorso, _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+}
+std::ptrdiff_t Leggi(int descrittore, char* byte, std::size_t quanti)
+{
+    return ::_read(descrittore, byte, static_cast<unsigned>(quanti));
+}
+void Chiudi(int descrittore)
+{
+    ::_close(descrittore);
+}
+constexpr int IngressoStandard = 0;
+#else
+int Apri(const char* percorso)
+{
+    return ::open(percorso, O_RDONLY | O_CLOEXEC);
+}
+std::ptrdiff_t Leggi(int descrittore, char* byte, std::size_t quanti)
+{
+    return ::read(descrittore, byte, quanti);
+}
+void Chiudi(int descrittore)
+{
+    ::close(descrittore);
+}
+constexpr int IngressoStandard = STDIN_FILENO;
+#endif
+
+class Ingresso
+{
+public:
+    Ingresso(const std::string& percorso, const std::function<bool()>& fermare)
+        : m_standard(percorso == "-")
+    {
+        if (m_standard) {
+            m_descrittore = IngressoStandard;
+            return;
+        }
+        // Opening a FIFO waits for its writer: a request to stop must get through.
+        do {
+            m_descrittore = Apri(percorso.c_str());
+        } while (m_descrittore < 0 && errno == EINTR && !fermare());
+        if (m_descrittore < 0 && errno != EINTR) throw ErroreSistema(errno, percorso);
+    }
+    ~Ingresso()
+    {
+        if (!m_standard && m_descrittore >= 0) Chiudi(m_descrittore);
+    }
+    Ingresso(const Ingresso&) = delete;
+    Ingresso& operator=(const Ingresso&) = delete;
+
+    int Descrittore() const { return m_descrittore; }
+
+private:
+    int m_descrittore = -1;
+    bool m_standard;
+};
+
+// Cuts the bytes read into lines.
+class Righe
+{
+public:
+    Righe(const std::string& percorso, std::size_t massimo,
+          const std::function<void(std::size_t, std::string_view)>& riga,
+          const std::function<bool()>& fermare)
+        : m_percorso(percorso)
+        , m_massimo(massimo)
+        , m_riga(riga)
+        , m_fermare(fermare)
+    {
+    }
+
+    // False when the reading was asked to stop.
+    bool Aggiungi(std::string_view byte)
+    {
+        for (auto fine = byte.find('\n'); fine != std::string_view::npos; fine = byte.find('\n')) {
+            Accoda(byte.substr(0, fine));
+            if (!Consegna()) return false;
+            byte.remove_prefix(fine + 1);
+        }
+        Accoda(byte);
+        return true;
+    }
+
+    bool Finisci() { return m_testo.empty() || Consegna(); }
+
+private:
+    void Accoda(std::string_view byte)
+    {
+        if (m_testo.size() + byte.size() > m_massimo) {
+            throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                                "riga " + Numero(m_numero + 1) + ": troppo lunga", m_percorso);
+        }
+        m_testo.append(byte);
+    }
+
+    bool Consegna()
+    {
+        if (m_fermare()) return false;
+        if (!m_testo.empty() && m_testo.back() == '\r') m_testo.pop_back();
+        m_riga(++m_numero, m_testo);
+        m_testo.clear();
+        return true;
+    }
+
+    static std::string Numero(std::size_t numero)
+    {
+        return TestoNumero(static_cast<std::int64_t>(numero));
+    }
+
+    const std::string& m_percorso;
+    std::size_t m_massimo;
+    const std::function<void(std::size_t, std::string_view)>& m_riga;
+    const std::function<bool()>& m_fermare;
+    std::string m_testo;
+    std::size_t m_numero = 0;
+};
+
+} // namespace
+
+bool LeggiRighe(const std::string& percorso, std::size_t massimo,
+                const std::function<void(std::size_t, std::string_view)>& riga,
+                const std::function<bool()>& fermare)
+{
+    const Ingresso ingresso(percorso, fermare);
+    if (ingresso.Descrittore() < 0) return false;
+    Righe righe(percorso, massimo, riga, fermare);
+    std::vector<char> blocco(64 * 1024);
+    for (;;) {
+        const auto letti = Leggi(ingresso.Descrittore(), blocco.data(), blocco.size());
+        if (letti == 0) return righe.Finisci();
+        if (letti < 0) {
+            if (errno != EINTR) throw ErroreSistema(errno, percorso);
+            if (fermare()) return false;
+        } else if (!righe.Aggiungi({blocco.data(), static_cast<std::size_t>(letti)})) {
+            return false;
+        }
+    }
+}

@@ -1,0 +1,9 @@
+// The time of day.
+#pragma once
+
+// Seconds since local midnight, 0 to 86400 exclusive, with the fraction that the system timer
+// gives (some milliseconds: this clock is read before every card drawn, so it is the cheap one).
+double SecondiDaMezzanotte();
+
+// Seconds of a clock that is never set back, for measuring durations; its zero means nothing.
+double SecondiTrascorsi();

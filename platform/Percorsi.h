@@ -1,0 +1,31 @@
+// Folders: where reports go and how a folder's name is completed.
+#pragma once
+
+#include <string>
+
+// The temporary folder of the user, ending in the platform's separator. Windows: as GetTempPathA
+// gives it. Elsewhere: TMPDIR when set, else the system's temporary folder. Where there is none,
+// the folder the program was started from. Error 76 naming the folder when it does not exist.
+std::string PercorsoTemp();
+
+// The absolute form of a folder given by the user, ending in the platform's separator; the
+// folder's bytes are passed on unchanged. Error 76 naming it when it is no existing folder.
+std::string CartellaCompleta(const std::string& cartella);
+
+// Appends the platform's separator unless the folder already ends in one.
+std::string ConSeparatore(std::string cartella);
+
+namespace percorsi {
+
+// The system's own answers, one file per platform: empty where there is none.
+std::string CartellaTempDelSistema();
+std::string CartellaDelProgramma();
+bool Separatore(char c);
+inline constexpr int LunghezzaMassima = 260;
+#ifdef _WIN32
+inline constexpr char SeparatoreProprio = '\\';
+#else
+inline constexpr char SeparatoreProprio = '/';
+#endif
+
+} // namespace percorsi

@@ -1,0 +1,29 @@
+#include "Percorsi.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+namespace percorsi {
+
+std::string CartellaTempDelSistema()
+{
+    const char* scelta = std::getenv("TMPDIR");
+    if (scelta != nullptr && *scelta != '\0') return scelta;
+    std::error_code errore;
+    return std::filesystem::is_directory("/tmp", errore) ? "/tmp" : "";
+}
+
+std::string CartellaDelProgramma()
+{
+    std::error_code errore;
+    const auto programma = std::filesystem::read_symlink("/proc/self/exe", errore);
+    return errore ? "." : programma.parent_path().string();
+}
+
+bool Separatore(char c)
+{
+    return c == '/';
+}
+
+} // namespace percorsi

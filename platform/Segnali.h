@@ -1,0 +1,16 @@
+// Requests to stop that come from outside, and whether somebody watches the terminal.
+#pragma once
+
+// From now on Ctrl-C and a polite request to end (SIGINT, SIGTERM) only set a flag; a second one
+// ends the program at once. Writing into a closed pipe or past a file-size limit becomes an
+// ordinary error of the write. Call once, before any thread is started.
+void AscoltaInterruzioni();
+
+// True once a request to stop has arrived. Any thread may ask.
+bool InterruzioneChiesta() noexcept;
+
+// As if the request had arrived (or had not): for tests.
+void ImpostaInterruzione(bool chiesta) noexcept;
+
+// True when standard error is a terminal.
+bool ErroriSuTerminale();

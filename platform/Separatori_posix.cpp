@@ -1,0 +1,51 @@
+#include "Separatori.h"
+
+#include "Windows1252.h"
+
+#include <climits>
+#include <clocale>
+#include <cwchar>
+
+#include <locale.h>
+
+namespace {
+
+// The locale's bytes are in its own character set, which wide characters (Unicode here) bridge.
+std::string InUtf8(const char* byte)
+{
+    std::string utf8;
+    std::mbstate_t stato{};
+    std::size_t rimasti = std::char_traits<char>::length(byte);
+    while (rimasti > 0) {
+        wchar_t carattere = 0;
+        const std::size_t presi = std::mbrtowc(&carattere, byte, rimasti, &stato);
+        if (presi == 0 || presi > rimasti) break;
+        AggiungiUtf8(utf8, static_cast<char32_t>(carattere));
+        byte += presi;
+        rimasti -= presi;
+    }
+    return utf8;
+}
+
+bool Raggruppa(const char* gruppi)
+{
+    return gruppi != nullptr && *gruppi > 0 && *gruppi != CHAR_MAX;
+}
+
+} // namespace
+
+Separatori SeparatoriUtente()
+{
+    Separatori separatori;
+    const locale_t utente = ::newlocale(LC_NUMERIC_MASK | LC_CTYPE_MASK, "", nullptr);
+    if (utente == nullptr) return separatori;
+
+    const locale_t prima = ::uselocale(utente);
+    const lconv* uso = std::localeconv();
+    const std::string decimali = InUtf8(uso->decimal_point);
+    if (!decimali.empty()) separatori.Decimali = decimali;
+    if (Raggruppa(uso->grouping)) separatori.Migliaia = InUtf8(uso->thousands_sep);
+    ::uselocale(prima);
+    ::freelocale(utente);
+    return separatori;
+}
