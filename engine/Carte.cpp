@@ -1,0 +1,58 @@
+#include "modCarte.h"
+
+#include "FileNuovo.h"
+#include "Numeri.h"
+
+#include <cmath>
+
+namespace modCarte {
+
+std::string TestoCarta(std::int16_t codice)
+{
+    return std::string(NomeValore(codice)).append(SemeCarta(codice));
+}
+
+std::int32_t ValoreDaTesto(std::string_view testo)
+{
+    constexpr double numeraleMassimo = 10;
+    if (testo.empty()) return 0;
+    const std::string_view valore = testo.substr(0, testo.size() - 1);
+    const double numero = NumeroIniziale(valore);
+    if (numero >= 1 && numero <= numeraleMassimo) {
+        return static_cast<std::int32_t>(std::nearbyint(numero));
+    }
+    if (numero != 0) return 0;
+    if (valore == "A") return 1;
+    if (valore == "J") return 11;
+    if (valore == "Q") return 12;
+    if (valore == "K") return 13;
+    return 0;
+}
+
+std::int32_t SemeDaTesto(std::string_view testo)
+{
+    if (testo.empty()) return 0;
+    switch (testo.back()) {
+    case 'Q':
+        return 1;
+    case 'C':
+        return 2;
+    case 'P':
+        return 3;
+    default:
+        return 0;
+    }
+}
+
+std::int32_t IndiceCarta(std::int32_t valore, std::int32_t seme)
+{
+    constexpr std::int32_t semi = 4;
+    return (valore - 1) * semi + seme;
+}
+
+Flag FileEsiste(const std::string& percorso)
+{
+    return ComeFlag(FileOrdinario(percorso));
+}
+
+} // namespace modCarte

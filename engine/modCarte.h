@@ -1,0 +1,220 @@
+// The game: cards, the shuffled shoe, the rules of a coup, the simulation of one whole shoe and
+// its statistics.
+//
+// Plain procedures over module state. Every thread has a shoe of its own: all state below is
+// thread_local, written only by this module (and by ImpostaMazzo's callers through it) and read
+// by everybody else.
+#pragma once
+
+#include "Flag.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace modCarte {
+
+// ---- Cards -----------------------------------------------------------------------------------
+//
+// A card code is 1 to 312: pack after pack of 52, each pack hearts, diamonds, clubs, spades, each
+// suit ace to king. A card text is the value text followed by the suit letter: "AC", "10F", "QQ".
+
+inline constexpr int CarteMazzetto = 52;
+inline constexpr int CarteTaglia = 312;
+inline constexpr int NumeroCarteAnnullate = 5;
+
+// Value index 1 (ace) to 13 (king).
+constexpr std::int16_t ValoreCarta(std::int16_t codice)
+{
+    constexpr int valoriSeme = 13;
+    const int resto = codice % valoriSeme;
+    return static_cast<std::int16_t>(resto == 0 ? valoriSeme : resto);
+}
+
+// Points 1 to 10: the value index up to nine, ten for all higher cards.
+constexpr std::int16_t PuntiCarta(std::int16_t codice)
+{
+    const std::int16_t valore = ValoreCarta(codice);
+    return valore <= 9 ? valore : std::int16_t{10};
+}
+
+// "A", "2" to "10", "J", "Q", "K"; empty for a negative code.
+constexpr std::string_view NomeValore(std::int16_t codice)
+{
+    constexpr std::array<std::string_view, 13> nomi = {"A", "2", "3",  "4", "5", "6", "7",
+                                                       "8", "9", "10", "J", "Q", "K"};
+    const std::int16_t valore = ValoreCarta(codice);
+    return valore < 1 ? std::string_view() : nomi[static_cast<std::size_t>(valore) - 1];
+}
+
+// "C" hearts, "Q" diamonds, "F" clubs, "P" spades; empty for a code whose remainder by 52 falls
+// outside 1 to 52 (a negative code).
+constexpr std::string_view SemeCarta(std::int16_t codice)
+{
+    const int resto = codice % CarteMazzetto;
+    const int posto = resto == 0 ? CarteMazzetto : resto;
+    if (posto < 1) return "";
+    if (posto <= 13) return "C";
+    if (posto <= 26) return "Q";
+    if (posto <= 39) return "F";
+    return "P";
+}
+
+// Value text and suit letter together.
+std::string TestoCarta(std::int16_t codice);
+
+// Value index 1 to 13 of a card text, 0 when it has none. Never fails.
+std::int32_t ValoreDaTesto(std::string_view testo);
+
+// Suit index of a card text: "F" 0, "Q" 1, "C" 2, "P" 3, anything else 0. Never fails.
+std::int32_t SemeDaTesto(std::string_view testo);
+
+// The card library's number of a card, 0 (ace of clubs) to 51 (king of spades):
+// (valore - 1) * 4 + seme.
+std::int32_t IndiceCarta(std::int32_t valore, std::int32_t seme);
+
+// ---- State -----------------------------------------------------------------------------------
+
+// The shuffled shoe in dealing order, replaced whole by each shuffle. Indices 0 to 4 are the
+// cancelled cards. All zero before the first shuffle.
+extern constinit thread_local std::array<std::int16_t, CarteTaglia> Mazzo;
+
+// Index in Mazzo of the first card of the next coup: 5 after a shuffle, 313 once the shoe has run
+// out. A whole number.
+extern constinit thread_local double Posizione;
+
+// The number that the next coup record will carry: 1 after a shuffle. A whole number.
+extern constinit thread_local double NumeroColpo;
+
+// Vero once a coup has run out of cards.
+extern constinit thread_local Flag FineTaglia;
+
+// The records of the current shoe: index 0 the cancelled cards, then the coups, the last index
+// the record that ran out of cards. Empty before the first shoe.
+extern constinit thread_local std::vector<std::string> Colpi;
+
+// Counts of one shoe; whole numbers. Ties at 31 are in Pari and in TrentunoApres.
+struct StatisticheTaglia
+{
+    double VinceNero = 0;
+    double VinceRosso = 0;
+    double Colore = 0;
+    double Inverso = 0;
+    double Pari = 0;
+    double TrentunoApres = 0;
+    double NeroColore = 0;
+    double NeroInverso = 0;
+    double RossoColore = 0;
+    double RossoInverso = 0;
+
+    bool operator==(const StatisticheTaglia&) const = default;
+};
+
+extern constinit thread_local StatisticheTaglia Statistiche;
+
+// ---- The shuffle -----------------------------------------------------------------------------
+
+// floor((massimo - minimo + 1) * r + minimo) for one fresh random r. The bounds may be swapped:
+// then a small r gives a large number. Error 6 when massimo - minimo + 1 or the result does not
+// fit in 16 bits.
+std::int16_t Casuale(std::int16_t massimo, std::int16_t minimo);
+
+// Draws quanti numbers from minimo to massimo, each at most once when unici is Vero. An empty
+// list for quanti of 0 or less; nothing when the request is refused or a draw fails.
+std::optional<std::vector<std::int16_t>> EstraiNumeri(std::int16_t massimo, std::int16_t minimo,
+                                                      std::int16_t quanti, Flag unici);
+
+// Shuffles a new shoe: replaces Mazzo and sets Posizione 5, NumeroColpo 1, FineTaglia Falso.
+// Error 13, with everything as before, when the draw failed (the random source returned 0).
+void MescolaMazzo();
+
+// Deals from a given shoe instead of a shuffled one; the state becomes that of MescolaMazzo.
+// Error 5 with the reason, with everything as before, unless codici holds each of 1 to 312 once.
+void ImpostaMazzo(std::span<const std::int16_t> codici);
+
+// Starts the repeatable random stream of shoe number taglia of the run with this seed, in the
+// calling thread: from here on its draws depend on these two numbers only, no longer on entropy
+// and clock.
+void AvviaSeme(std::uint64_t seme, std::uint64_t taglia);
+
+// Back to a stream from the system's entropy, with the clock mixed in before every draw.
+void AvviaEntropia();
+
+// Replaces the clock that is mixed in (seconds since midnight) or the source of r (0 inclusive to
+// 1 exclusive) of the calling thread; nullptr gives back the module's own.
+void ImpostaOrologio(double (*orologio)());
+void ImpostaSorgente(float (*sorgente)());
+
+// ---- Coups -----------------------------------------------------------------------------------
+
+// The seven fields of a coup record, in the order of the record.
+enum CampoColpo : std::uint8_t
+{
+    CampoNumero,
+    CampoEsito,
+    CampoColore,
+    CampoTotaleNero,
+    CampoTotaleRosso,
+    CampoCarteNero,
+    CampoCarteRosso,
+    NumeroCampi,
+};
+
+// Deals the next coup and returns its record: seven fields joined by "," (number, outcome "N",
+// "R" or "E", colour "C", "I" or "E", Nero total, Rosso total, Nero cards, Rosso cards; cards
+// joined by "#").
+//
+// Reads Mazzo from index Posizione. A complete coup moves Posizione past the last Rosso card and
+// adds 1 to NumeroColpo. Running out of cards is no error: FineTaglia becomes Vero, Posizione 313
+// (one more with every further call), outcome and colour stay empty, and the record holds the
+// cards that were left. Error 9 when Posizione is negative.
+std::string GiocaColpo();
+
+// The same, into a text whose memory is used again.
+void GiocaColpo(std::string& record);
+
+// Splits a record at "," into its first Campi fields; missing fields are empty, further ones are
+// dropped. The views live as long as the record. Who needs no cards asks for fewer fields.
+template <std::size_t Campi = NumeroCampi>
+std::array<std::string_view, Campi> DividiColpo(std::string_view record)
+{
+    std::array<std::string_view, Campi> campi;
+    for (auto& campo : campi) {
+        const auto virgola = record.find(',');
+        campo = record.substr(0, virgola);
+        if (virgola == std::string_view::npos) break;
+        record.remove_prefix(virgola + 1);
+    }
+    return campi;
+}
+
+// Number of cards in a field of cards joined by "#"; 0 for an empty field.
+int ContaCarte(std::string_view carte);
+
+// ---- One whole shoe --------------------------------------------------------------------------
+
+// The record of index 0: "0" and the five cancelled cards, joined by ",".
+std::string CarteAnnullate();
+
+// Fills Statistiche from the records 1 to n of Colpi. Error 9 when Colpi has no index n.
+void CalcolaStatistiche(std::int16_t n);
+
+// Shuffles and plays a whole shoe into Colpi and Statistiche. Leaves Posizione 313, NumeroColpo
+// equal to the last index of Colpi, FineTaglia Vero.
+void SimulaTaglia();
+
+// The same for the shoe that stands ready in Mazzo, from Posizione on.
+void GiocaTaglia();
+
+// ---- Files -----------------------------------------------------------------------------------
+
+// Vero when percorso names an ordinary file (no folder, hidden or system entry); Falso otherwise
+// and on any error.
+Flag FileEsiste(const std::string& percorso);
+
+} // namespace modCarte
