@@ -1,0 +1,19 @@
+#include "Ambiente.h"
+
+#include "modCarte.h"
+
+namespace Stampe {
+
+Ambiente AmbienteInUso = AmbienteNeutro();
+
+Ambiente AmbienteNeutro()
+{
+    Ambiente ambiente;
+    ambiente.PreparaTaglia = [](std::int64_t) { modCarte::MescolaMazzo(); };
+    ambiente.Fermare = [] { return false; };
+    ambiente.Avvisa = [](const Messaggio&) {};
+    ambiente.Apri = [](const std::string&, StileFinestra) {};
+    return ambiente;
+}
+
+} // namespace Stampe

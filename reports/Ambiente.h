@@ -1,0 +1,72 @@
+// What a report run needs from its surroundings. The window, the command line or a test sets it;
+// a report never knows which of them runs it.
+#pragma once
+
+#include "ApriConShell.h"
+#include "Separatori.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace Stampe {
+
+class Studio;
+
+enum class Icona
+{
+    Informazione,
+    Esclamazione,
+};
+
+// A message box with an OK button. Texts are UTF-8.
+struct Messaggio
+{
+    std::string Titolo;
+    std::string Testo;
+    Icona Figura;
+};
+
+struct Ambiente
+{
+    // Report folder, ending in the platform's separator.
+    std::string Cartella;
+
+    // Marks in the numbers of the reports.
+    Separatori Cifre;
+
+    // Puts shoe number taglia (from 1) into the calling thread's modCarte::Mazzo, ready to be
+    // dealt. May be called from several threads at once.
+    std::function<void(std::int64_t taglia)> PreparaTaglia;
+
+    // Asked after every shoe; true ends the run early. May be called from several threads at once.
+    std::function<bool()> Fermare;
+
+    // Called on the calling thread after a shoe is done and written, with the number of shoes
+    // done so far. With one job modCarte still holds that shoe. May be empty.
+    std::function<void(std::int64_t fatte)> TagliaFatta;
+
+    // Yields once to the event loop. May be empty.
+    std::function<void()> Cedi;
+
+    // Shows a message and waits for its button.
+    std::function<void(const Messaggio&)> Avvisa;
+
+    // Opens a finished report.
+    std::function<void(const std::string& percorso, StileFinestra stile)> Apri;
+
+    // Threads of a statistics-only run, at least 1. Full reports use one whatever this says.
+    int Lavori = 1;
+
+    // Collects the figures for estimates of error, when set; not owned.
+    Studio* Raccolta = nullptr;
+};
+
+// The surroundings in use: set once at start, replaced whole by tests.
+extern Ambiente AmbienteInUso;
+
+// A shuffled shoe a turn, never stopped, shows and opens nothing: what the window and the command
+// line start from.
+Ambiente AmbienteNeutro();
+
+} // namespace Stampe

@@ -1,0 +1,263 @@
+#include "GiroTaglie.h"
+
+#include "Ambiente.h"
+#include "ErroreRuntime.h"
+#include "Numeri.h"
+#include "Studio.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+namespace Stampe {
+
+namespace {
+
+// A total as it stands in a record, as the 16-bit integer that the reports take it for.
+std::int16_t Totale(std::string_view campo)
+{
+    std::uint64_t valore = 0;
+    if (!LeggiInteroSenzaSegno(campo, valore)) {
+        throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente);
+    }
+    return Intero16(static_cast<double>(valore));
+}
+
+} // namespace
+
+CifreTaglia DerivaCifre()
+{
+    const auto& colpi = modCarte::Colpi;
+    if (colpi.empty()) throw ErroreRuntime(NumeroErrore::IndiceFuoriIntervallo);
+    const auto ultimo = modCarte::DividiColpo(colpi.back());
+    const auto k = static_cast<std::int64_t>(colpi.size()) - 1;
+
+    // A shoe that runs out late in the Rosso row can pass for a complete coup, on purpose: its
+    // record then counts as one and is shown as one.
+    constexpr int massimoBreve = 61;
+    const int somma =
+        Totale(ultimo[modCarte::CampoTotaleNero]) + Totale(ultimo[modCarte::CampoTotaleRosso]);
+    const bool breve = somma <= massimoBreve;
+
+    const std::int64_t carteBreve =
+        breve ? modCarte::ContaCarte(ultimo[modCarte::CampoCarteNero]) +
+                    modCarte::ContaCarte(ultimo[modCarte::CampoCarteRosso])
+              : 0;
+    // Posizione is 313 at the end of a shoe, so that this counts one card too many on purpose.
+    const auto usate =
+        static_cast<std::int64_t>(modCarte::Posizione) - modCarte::NumeroCarteAnnullate;
+
+    const std::int64_t completi = breve ? k - 1 : k;
+    return {breve, completi - 1, completi, completi, usate - carteBreve};
+}
+
+void TotaliReport::Aggiungi(const modCarte::StatisticheTaglia& statistiche)
+{
+    VinceNero += static_cast<std::int64_t>(statistiche.VinceNero);
+    VinceRosso += static_cast<std::int64_t>(statistiche.VinceRosso);
+    Colore += static_cast<std::int64_t>(statistiche.Colore);
+    Inverso += static_cast<std::int64_t>(statistiche.Inverso);
+    Pari += static_cast<std::int64_t>(statistiche.Pari);
+    TrentunoApres += static_cast<std::int64_t>(statistiche.TrentunoApres);
+    NeroColore += static_cast<std::int64_t>(statistiche.NeroColore);
+    NeroInverso += static_cast<std::int64_t>(statistiche.NeroInverso);
+    RossoColore += static_cast<std::int64_t>(statistiche.RossoColore);
+    RossoInverso += static_cast<std::int64_t>(statistiche.RossoInverso);
+}
+
+void TotaliReport::Aggiungi(const CifreTaglia& cifre)
+{
+    Colpi += cifre.ColpiTotali;
+    CarteUsate += cifre.CarteUsate;
+}
+
+void TotaliReport::Aggiungi(const TotaliReport& altri)
+{
+    Colpi += altri.Colpi;
+    CarteUsate += altri.CarteUsate;
+    VinceNero += altri.VinceNero;
+    VinceRosso += altri.VinceRosso;
+    Colore += altri.Colore;
+    Inverso += altri.Inverso;
+    Pari += altri.Pari;
+    TrentunoApres += altri.TrentunoApres;
+    NeroColore += altri.NeroColore;
+    NeroInverso += altri.NeroInverso;
+    RossoColore += altri.RossoColore;
+    RossoInverso += altri.RossoInverso;
+}
+
+std::int64_t TaglieDaFare(double numeroTaglie)
+{
+    constexpr double massimo = 9007199254740992.0; // 2^53: above it not every number exists
+    if (!(numeroTaglie >= 1)) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "deve essere almeno 1",
+                            "numero di taglie");
+    }
+    if (numeroTaglie > massimo) {
+        throw ErroreRuntime(NumeroErrore::Overflow, "può essere al massimo 9007199254740992",
+                            "numero di taglie");
+    }
+    return static_cast<std::int64_t>(std::nearbyint(numeroTaglie));
+}
+
+namespace {
+
+// Totals of one thread and, when the run collects them, its study figures.
+struct Conti
+{
+    TotaliReport totali;
+    Studio studio;
+};
+
+CifreTaglia GiocaUna(std::int64_t taglia, Conti& conti)
+{
+    AmbienteInUso.PreparaTaglia(taglia);
+    modCarte::GiocaTaglia();
+    const CifreTaglia cifre = DerivaCifre();
+    conti.totali.Aggiungi(modCarte::Statistiche);
+    conti.totali.Aggiungi(cifre);
+    if (AmbienteInUso.Raccolta != nullptr) conti.studio.AggiungiTaglia();
+    return cifre;
+}
+
+TotaliReport Chiudi(const Conti& conti)
+{
+    if (AmbienteInUso.Raccolta != nullptr) AmbienteInUso.Raccolta->Aggiungi(conti.studio);
+    return conti.totali;
+}
+
+void Segnala(std::int64_t fatte)
+{
+    if (AmbienteInUso.TagliaFatta) AmbienteInUso.TagliaFatta(fatte);
+}
+
+// Shares the shoes among threads in small blocks, first come first served.
+class Spartizione
+{
+public:
+    explicit Spartizione(std::int64_t taglie)
+        : m_taglie(taglie)
+    {
+    }
+
+    // Plays shoes until there are none left, the run is stopped or a thread has failed;
+    // dopoOgnuna gets the number of shoes done by all threads.
+    template <typename DopoOgnuna>
+    void Lavora(Conti& conti, const DopoOgnuna& dopoOgnuna)
+    {
+        constexpr std::int64_t blocco = 32;
+        try {
+            while (!m_finito) {
+                const std::int64_t prima = m_prossima.fetch_add(blocco) + 1;
+                if (prima > m_taglie) return;
+                const std::int64_t ultima = std::min(prima + blocco - 1, m_taglie);
+                for (std::int64_t taglia = prima; taglia <= ultima && !m_finito; ++taglia) {
+                    GiocaUna(taglia, conti);
+                    dopoOgnuna(m_fatte.fetch_add(1) + 1);
+                    if (AmbienteInUso.Fermare()) Ferma();
+                }
+            }
+        } catch (...) {
+            Fallisci(std::current_exception());
+        }
+    }
+
+    // Rethrows the first failure; false when the run was stopped.
+    bool Compiuta() const
+    {
+        if (m_errore) std::rethrow_exception(m_errore);
+        return !m_fermata;
+    }
+
+private:
+    void Ferma()
+    {
+        m_fermata = true;
+        m_finito = true;
+    }
+
+    void Fallisci(const std::exception_ptr& errore)
+    {
+        const std::lock_guard guardia(m_chiave);
+        if (!m_errore) m_errore = errore;
+        m_finito = true;
+    }
+
+    std::int64_t m_taglie;
+    std::atomic<std::int64_t> m_prossima = 0;
+    std::atomic<std::int64_t> m_fatte = 0;
+    std::atomic<bool> m_finito = false;
+    std::atomic<bool> m_fermata = false;
+    std::mutex m_chiave;
+    std::exception_ptr m_errore;
+};
+
+std::optional<TotaliReport> InParallelo(std::int64_t taglie, int lavori,
+                                        const std::function<void(std::int64_t)>& perTaglia)
+{
+    Spartizione spartizione(taglie);
+    std::vector<Conti> conti(static_cast<std::size_t>(lavori));
+    {
+        std::vector<std::jthread> operai;
+        operai.reserve(conti.size());
+        try {
+            for (std::size_t i = 1; i < conti.size(); ++i) {
+                operai.emplace_back([&spartizione, &conto = conti[i]] {
+                    // Totals in a place of their own while counting: neighbours would share a
+                    // line of the processor's cache.
+                    Conti propri;
+                    spartizione.Lavora(propri, [](std::int64_t) {});
+                    conto = propri;
+                });
+            }
+        } catch (const std::system_error&) {
+            // The system gives no more threads: those there are do all the work.
+        }
+        spartizione.Lavora(conti[0], [&perTaglia](std::int64_t fatte) {
+            perTaglia(fatte);
+            Segnala(fatte);
+        });
+    } // the threads are joined here
+    if (!spartizione.Compiuta()) return std::nullopt;
+
+    Conti tutti;
+    for (const auto& conto : conti) {
+        tutti.totali.Aggiungi(conto.totali);
+        tutti.studio.Aggiungi(conto.studio);
+    }
+    return Chiudi(tutti);
+}
+
+} // namespace
+
+std::optional<TotaliReport>
+EseguiPiene(std::int64_t taglie,
+            const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia)
+{
+    Conti conti;
+    for (std::int64_t taglia = 1; taglia <= taglie; ++taglia) {
+        const CifreTaglia cifre = GiocaUna(taglia, conti);
+        perTaglia(taglia, cifre);
+        Segnala(taglia);
+        if (AmbienteInUso.Fermare()) return std::nullopt;
+    }
+    return Chiudi(conti);
+}
+
+std::optional<TotaliReport>
+EseguiStatistiche(std::int64_t taglie, const std::function<void(std::int64_t fatte)>& perTaglia)
+{
+    const auto utili = std::min<std::int64_t>(AmbienteInUso.Lavori, taglie);
+    if (utili > 1) return InParallelo(taglie, static_cast<int>(utili), perTaglia);
+    return EseguiPiene(
+        taglie, [&perTaglia](std::int64_t taglia, const CifreTaglia&) { perTaglia(taglia); });
+}
+
+} // namespace Stampe

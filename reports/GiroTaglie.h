@@ -1,0 +1,69 @@
+// The one run over N shoes that all reports share, and the figures it derives from each shoe.
+#pragma once
+
+#include "modCarte.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+namespace Stampe {
+
+// What a report derives from the shoe just played. The asymmetries are kept on purpose: in the
+// usual case the full text report leaves out the last complete coup, and every report adds one
+// coup more to the totals than the text report shows.
+struct CifreTaglia
+{
+    bool UltimoBreve;         // the last record's two totals add up to 61 or less
+    std::int64_t ColpiTesto;  // coups shown by the full text report
+    std::int64_t ColpiPagina; // coups shown by the full HTML and PDF reports
+    std::int64_t ColpiTotali; // coups added to the totals
+    std::int64_t CarteUsate;  // 308 when the shoe ran out exactly between two coups
+};
+
+// The figures of the shoe in modCarte. Error 13 when the last record's totals are no numbers,
+// error 9 when there is no shoe.
+CifreTaglia DerivaCifre();
+
+// The running totals of one report run.
+struct TotaliReport
+{
+    std::int64_t Colpi = 0;
+    std::int64_t CarteUsate = 0;
+    std::int64_t VinceNero = 0;
+    std::int64_t VinceRosso = 0;
+    std::int64_t Colore = 0;
+    std::int64_t Inverso = 0;
+    std::int64_t Pari = 0;
+    std::int64_t TrentunoApres = 0;
+    std::int64_t NeroColore = 0;
+    std::int64_t NeroInverso = 0;
+    std::int64_t RossoColore = 0;
+    std::int64_t RossoInverso = 0;
+
+    void Aggiungi(const modCarte::StatisticheTaglia& statistiche);
+    void Aggiungi(const CifreTaglia& cifre);
+    void Aggiungi(const TotaliReport& altri);
+
+    bool operator==(const TotaliReport&) const = default;
+};
+
+// The whole number of shoes to run for what the user asked: halves to even. Error 5 below 1 (or no
+// number), error 6 above 2^53.
+std::int64_t TaglieDaFare(double numeroTaglie);
+
+// Runs the shoes of a full report, 1 to taglie: after each one perTaglia, with modCarte still
+// holding the shoe, then the question whether to stop. Nothing is returned when stopped.
+std::optional<TotaliReport>
+EseguiPiene(std::int64_t taglie,
+            const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia);
+
+// The same for a statistics-only run, which may use several threads (Ambiente::Lavori), each with
+// a shoe and totals of its own: perTaglia is called on the calling thread with the number of shoes
+// done so far, once for each shoe that this thread played itself. A failure in any thread ends the
+// others and surfaces here.
+std::optional<TotaliReport>
+EseguiStatistiche(std::int64_t taglie, const std::function<void(std::int64_t fatte)>& perTaglia);
+
+} // namespace Stampe

@@ -1,0 +1,101 @@
+// The reports: simulations of N whole shoes written as text or HTML.
+//
+// Start here, then GiroTaglie.h (the run that all reports share), Stampe_Txt.cpp and
+// Stampe_Html.cpp (one layout each), FormatiNumero.h (how numbers look).
+#pragma once
+
+#include "GiroTaglie.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace Stampe {
+
+// The status label of a statistics-only run: receives each new caption, UTF-8. May be empty.
+using EtichettaStato = std::function<void(std::string_view)>;
+
+// The report operations. numeroTaglie: number of shoes, 1 to 2^53; the run makes it whole (halves
+// to even), and it stands as it is where the report prints it or divides by it.
+//
+// Each simulates its shoes, writes its file into the report folder in place of an old one, opens
+// it and returns the totals; nothing when the run was asked to stop. Before any file is touched:
+// error 5 for a number below 1, error 6 for one above 2^53. A failed or stopped run leaves no
+// file, except that the full text report keeps the shoes written so far. All failures of the file
+// and a percentage of nothing (error 11) surface as ErroreRuntime.
+
+// Every coup of every shoe and the general statistics, "taglie.txt".
+std::optional<TotaliReport> StampaTxt(double numeroTaglie);
+
+// The general statistics only, "taglie.txt". Writes the progress text and yields once per shoe.
+std::optional<TotaliReport> StatisticheTxt(double numeroTaglie,
+                                           const EtichettaStato& etichettaStato);
+
+// Every coup of every shoe, and with more than one shoe the general statistics, "taglie.htm".
+std::optional<TotaliReport> StampaHtml(double numeroTaglie);
+
+// The general statistics only, "taglie.htm". Writes the progress text and yields once per shoe.
+std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
+                                            const EtichettaStato& etichettaStato);
+
+// The run without a report: shoes, progress and totals as above, no file.
+std::optional<TotaliReport> SoloTotali(double numeroTaglie, const EtichettaStato& etichettaStato);
+
+// Deletes "taglie.htm", "taglie.pdf" and "taglie.txt", in this order, from the report folder.
+// What cannot or must not be deleted (still open, somebody else's) is passed over.
+void EliminaReport();
+
+// The HTML entity of a card text's suit, from its last letter: "&hearts;" for C, "&diams;" Q,
+// "&clubs;" F, "&spades;" P; empty for anything else.
+std::string_view SemeHtml(std::string_view carta);
+
+// The style class suffix of a card text: " red" for hearts and diamonds, else empty.
+std::string_view ClasseRossa(std::string_view carta);
+
+// ---- Shared by the layouts -------------------------------------------------------------------
+
+inline constexpr std::string_view NomeTxt = "taglie.txt";
+inline constexpr std::string_view NomeHtml = "taglie.htm";
+inline constexpr std::string_view NomePdf = "taglie.pdf";
+
+// Name of a report with its folder.
+std::string PercorsoReport(std::string_view nome);
+
+// Appends the pieces and CR LF.
+template <typename... Pezzi>
+void Riga(std::string& testo, const Pezzi&... pezzi)
+{
+    (testo.append(pezzi), ...);
+    testo.append("\r\n");
+}
+
+// One outcome of the general statistics: its label, how many tabs follow it in the text report,
+// and its total. Each is shown with its percentage of all coups.
+struct RigaGenerale
+{
+    std::string_view Etichetta;
+    std::string_view Tabulazioni;
+    std::int64_t TotaliReport::*Totale;
+};
+
+// The ten outcomes in the order that every output shows them; the last four are the combined ones.
+inline constexpr std::array<RigaGenerale, 10> RigheGenerali = {{
+    {"Vincite Nero:", "\t\t", &TotaliReport::VinceNero},
+    {"Vincite Rosso:", "\t\t", &TotaliReport::VinceRosso},
+    {"Colpi pari:", "\t\t", &TotaliReport::Pari},
+    {"Vincite Colore:", "\t", &TotaliReport::Colore},
+    {"Vincite Inverso:", "\t", &TotaliReport::Inverso},
+    {"31 après:", "\t\t", &TotaliReport::TrentunoApres},
+    {"Vincite Nero-Colore:", "\t", &TotaliReport::NeroColore},
+    {"Vincite Nero-Inverso:", "\t", &TotaliReport::NeroInverso},
+    {"Vincite Rosso-Colore:", "\t", &TotaliReport::RossoColore},
+    {"Vincite Rosso-Inverso:", "\t", &TotaliReport::RossoInverso},
+}};
+
+// Runs the shoes of a statistics-only form: after each the progress text and one yield.
+std::optional<TotaliReport> EseguiConAvanzamento(double numeroTaglie,
+                                                 const EtichettaStato& etichettaStato);
+
+} // namespace Stampe

@@ -1,0 +1,329 @@
+// Layout of the HTML report: "taglie.htm".
+//
+// Unclosed elements, the link to a section that a single shoe does not have and the differing
+// indents are kept on purpose: the page is written exactly so.
+
+#include "Ambiente.h"
+#include "FileNuovo.h"
+#include "FormatiNumero.h"
+#include "Numeri.h"
+#include "Stampe.h"
+#include "Stampe_Stile.h"
+#include "Windows1252.h"
+
+#include <cmath>
+
+namespace Stampe {
+
+std::string_view SemeHtml(std::string_view carta)
+{
+    if (carta.empty()) return "";
+    switch (carta.back()) {
+    case 'C':
+        return "&hearts;";
+    case 'Q':
+        return "&diams;";
+    case 'F':
+        return "&clubs;";
+    case 'P':
+        return "&spades;";
+    default:
+        return "";
+    }
+}
+
+std::string_view ClasseRossa(std::string_view carta)
+{
+    const bool rossa = !carta.empty() && (carta.back() == 'C' || carta.back() == 'Q');
+    return rossa ? " red" : "";
+}
+
+namespace {
+
+void Testa(std::string& testo, FoglioStile foglio)
+{
+    for (const auto riga : {"<html>", "<head>", "<title>Scalvino</title>", "<style>", "<!--"}) {
+        Riga(testo, riga);
+    }
+    AggiungiStile(testo, foglio);
+    for (const auto riga : {"-->", "</style>", "</head>", "<body>"})
+        Riga(testo, riga);
+}
+
+void Coda(std::string& testo)
+{
+    Riga(testo, "</body>");
+    Riga(testo, "</html>");
+}
+
+void Scarica(FileNuovo& file, std::string& testo)
+{
+    file.Scrivi(InWindows1252(testo));
+    testo.clear();
+}
+
+void CimaPagina(FileNuovo& file, std::string& testo, double numeroTaglie, std::int64_t taglie)
+{
+    constexpr std::size_t pieno = 64 * 1024; // any number of links takes no more memory than this
+    Riga(testo,
+         "<a name=\"top\"></a><div id=\"su\"><a href=\"#statistiche\">Statistiche</a></div>");
+    Riga(testo, "<div align=\"center\">");
+    Riga(testo, "<font face=\"Tahoma\" size=\"5\"><b>SCALVINO</b></font><br><br>");
+    if (numeroTaglie > 1) {
+        Riga(testo, "Vai alla taglia: ");
+        // The first shoe follows at once and has no link on purpose.
+        for (std::int64_t i = 2; i <= taglie; ++i) {
+            const std::string numero = TestoNumero(i);
+            Riga(testo, "<a href=\"#", numero, "\">", numero, "</a>");
+            if (testo.size() > pieno) Scarica(file, testo);
+        }
+    }
+    Riga(testo, "</div>");
+    Riga(testo, "<br>");
+}
+
+// ---- A shoe ----------------------------------------------------------------------------------
+
+// The two outcome cells of a pair: a bullet in the first, in the second, or a tie in both.
+void CelleCoppia(std::string& testo, bool prima, bool seconda)
+{
+    constexpr std::string_view punto =
+        "  <td width=\"5%\" align=\"center\"><font size= 5 >&bull;</font></td>";
+    constexpr std::string_view vuota = "  <td width=\"5%\" align=\"center\">&nbsp;</td>";
+    constexpr std::string_view pari = "  <td width=\"5%\" align=\"center\">---</td>";
+    const bool nessuna = !prima && !seconda;
+    Riga(testo, nessuna ? pari : prima ? punto : vuota);
+    Riga(testo, nessuna ? pari : seconda ? punto : vuota);
+}
+
+void CellaCarta(std::string& testo, std::string_view carta)
+{
+    const auto valore = carta.substr(0, carta.empty() ? 0 : carta.size() - 1);
+    Riga(
+        testo,
+        "          <td align=\"left\"><div class=\"card\"><div class=\"front\"><div class=\"num\">",
+        valore, "</div><div class=\"spot", ClasseRossa(carta), "\">", SemeHtml(carta),
+        "</div></div></div></td>");
+}
+
+void CelleCarte(std::string& testo, std::string_view carte)
+{
+    while (!carte.empty()) {
+        const auto fine = carte.find('#');
+        CellaCarta(testo, carte.substr(0, fine));
+        carte.remove_prefix(fine == std::string_view::npos ? carte.size() : fine + 1);
+    }
+}
+
+void CellaMano(std::string& testo, std::string_view larghezza, std::string_view totale,
+               std::string_view carte)
+{
+    Riga(testo, "  <td width=\"", larghezza, "\" align=\"center\">");
+    Riga(testo, "      <table align=\"left\" class=\"norm\" width=\"95%\">");
+    Riga(testo, "        <tr>");
+    Riga(testo, "          <td width=\"20px\" align=\"left\"><p align=\"left\">", totale, "</td>");
+    Riga(testo, "          <td width=\"20px\" align=\"left\">&nbsp;</td>");
+    CelleCarte(testo, carte);
+    Riga(testo, "         <td width=\"80%\" align=\"left\">&nbsp;</td>");
+    Riga(testo, "        </tr>");
+    Riga(testo, "      </table>");
+    Riga(testo, "  </td>");
+}
+
+void RigaColpo(std::string& testo, std::string_view record)
+{
+    const auto campi = modCarte::DividiColpo(record);
+    const auto esito = campi[modCarte::CampoEsito];
+    const auto colore = campi[modCarte::CampoColore];
+    Riga(testo, "<tr>");
+    Riga(testo, "  <td width=\"5%\" align=\"center\">", campi[modCarte::CampoNumero], "</td>");
+    CelleCoppia(testo, esito == "N", esito == "R");
+    CelleCoppia(testo, colore == "C", colore == "I");
+    CellaMano(testo, "37%", campi[modCarte::CampoTotaleNero], campi[modCarte::CampoCarteNero]);
+    CellaMano(testo, "38%", campi[modCarte::CampoTotaleRosso], campi[modCarte::CampoCarteRosso]);
+    Riga(testo, "</tr>");
+}
+
+void IntestazioneTabella(std::string& testo)
+{
+    Riga(testo, "  <table class=sample width=\"60%\" >");
+    Riga(testo, "    <tr>");
+    Riga(testo, "      <td width=\"5%\" align=\"center\">Colpo</td>");
+    Riga(testo, "      <td width=\"5%\" align=\"center\">Nero</td>");
+    Riga(testo,
+         "      <td width=\"5%\" align=\"center\"><font color=\"#FF0000\">Rosso</font></td>");
+    Riga(testo, "      <td width=\"5%\" align=\"center\">Colore</td>");
+    Riga(testo,
+         "      <td width=\"5%\" align=\"center\"><font color=\"#FF0000\">Inverso</font></td>");
+    Riga(testo, "      <td width=\"37%\" align=\"center\">Mano Nero</td>");
+    Riga(testo, "      <td width=\"38%\" align=\"center\">Mano Rosso</td>");
+    Riga(testo, "    </tr>");
+}
+
+void RigheRiassunto(std::string& testo, const CifreTaglia& cifre, const Separatori& separatori)
+{
+    const auto& conti = modCarte::Statistiche;
+    const std::int64_t s = cifre.ColpiPagina;
+    const auto conQuota = [&](double conto) {
+        const auto intero = static_cast<std::int64_t>(conto);
+        return TestoNumero(intero) + " (" + Percento(Rapporto(intero, s), separatori) + ")";
+    };
+    Riga(testo, "Colpi taglia: ", TestoNumero(s), " - Nero: ", conQuota(conti.VinceNero),
+         " - Rosso: ", conQuota(conti.VinceRosso), " - Egalitè: ", conQuota(conti.Pari),
+         " - Carte utilizzate: ", TestoNumero(cifre.CarteUsate), "<br>");
+    Riga(testo, "Colore: ", conQuota(conti.Colore), " - Inverso: ", conQuota(conti.Inverso),
+         " - 31 Après: ", conQuota(conti.TrentunoApres), "<br><br>");
+}
+
+std::string Sezione(std::int64_t taglia, double numeroTaglie, const CifreTaglia& cifre,
+                    const Separatori& separatori)
+{
+    const std::string numero = TestoNumero(taglia);
+    std::string testo;
+    Riga(testo, "<a name=\"", numero, "\"><div id=\"su\"><a href=\"#top\">Torna su</a></div>");
+    Riga(testo, "<div align=\"center\">");
+    Riga(testo, "<font face=\"arial\" size=\"4\"><b>Taglia", numeroTaglie > 1 ? " " + numero : "",
+         "</b></font><br><br>");
+    RigheRiassunto(testo, cifre, separatori);
+    IntestazioneTabella(testo);
+    const auto& colpi = modCarte::Colpi;
+    for (std::int64_t j = 1; j <= cifre.ColpiPagina; ++j) {
+        RigaColpo(testo, colpi[static_cast<std::size_t>(j)]);
+    }
+    Riga(testo, "</table>");
+    Riga(testo, "</div>");
+    Riga(testo, "<br>");
+    return testo;
+}
+
+// ---- General statistics ----------------------------------------------------------------------
+
+constexpr std::string_view PrimaLarga = "16%";
+constexpr std::string_view PrimaStretta = "8%";
+
+// Label, value and percentage; the first triple of a row is a little narrower. An empty quota
+// leaves the third cell empty, without parentheses.
+void Terna(std::string& testo, bool prima, std::string_view etichetta, std::string_view valore,
+           const std::string& quota)
+{
+    Riga(testo, "      <td width=\"", prima ? PrimaLarga : "17%", "\">", etichetta, "</td>");
+    Riga(testo, "      <td width=\"", prima ? PrimaStretta : "9%", "\">", valore, "</td>");
+    if (quota.empty())
+        Riga(testo, "      <td width=\"8%\"></td>");
+    else
+        Riga(testo, "      <td width=\"8%\">(", quota, ")</td>");
+}
+
+void RigaTotali(std::string& testo, double numeroTaglie, const TotaliReport& totali,
+                const Separatori& separatori)
+{
+    Riga(testo, "    <tr>");
+    Terna(testo, true, "Numero taglie:", Migliaia(std::llround(numeroTaglie), separatori), "");
+    Terna(testo, false, "Colpi totali:", Migliaia(totali.Colpi, separatori),
+          DueDecimali(Rapporto(totali.Colpi, numeroTaglie), separatori));
+    Terna(testo, false, "Carte utilizzate:", Migliaia(totali.CarteUsate, separatori),
+          Percento(Rapporto(totali.CarteUsate, numeroTaglie, modCarte::CarteTaglia), separatori));
+    Riga(testo, "    </tr>");
+}
+
+// A row of outcomes; two of them leave room for a third, which a filler takes.
+void RigaEsiti(std::string& testo, std::size_t primo, std::size_t quanti,
+               const TotaliReport& totali, const Separatori& separatori)
+{
+    constexpr std::size_t terne = 3;
+    Riga(testo, "   <tr>");
+    for (std::size_t i = 0; i < quanti; ++i) {
+        const auto& riga = RigheGenerali[primo + i];
+        const std::int64_t totale = totali.*riga.Totale;
+        Terna(testo, i == 0, riga.Etichetta, Migliaia(totale, separatori),
+              Percento(Rapporto(totale, totali.Colpi), separatori));
+    }
+    if (quanti < terne) Riga(testo, "      <td width=\"34%\" colspan=\"3\"></td>");
+    Riga(testo, "    </tr>");
+}
+
+void Generali(std::string& testo, double numeroTaglie, const TotaliReport& totali,
+              const Separatori& separatori)
+{
+    Riga(testo, "<div align=\"center\">");
+    Riga(testo, "  <table class=sample width=\"80%\" >");
+    Riga(testo, "    <tr>");
+    Riga(
+        testo,
+        "      <td width=\"100%\" colspan=\"9\" align=\"center\"><b>Statistiche generali</b></td>");
+    Riga(testo, "    </tr>");
+    RigaTotali(testo, numeroTaglie, totali, separatori);
+    RigaEsiti(testo, 0, 3, totali, separatori);
+    RigaEsiti(testo, 3, 3, totali, separatori);
+    Riga(testo, "    <tr>");
+    Riga(testo, "      <td width=\"100%\" colspan=\"9\" align=\"left\">Combinazioni vincenti</td>");
+    Riga(testo, "    </tr>");
+    RigaEsiti(testo, 6, 2, totali, separatori);
+    RigaEsiti(testo, 8, 2, totali, separatori);
+    Riga(testo, "  </table>");
+    Riga(testo, "</div>");
+    Riga(testo, "<br>");
+}
+
+void Finisci(FileNuovo& file, std::string& testo)
+{
+    Scarica(file, testo);
+    file.Chiudi();
+    file.Conserva();
+    AmbienteInUso.Apri(file.Percorso(), StileFinestra::MassimizzataConFuoco);
+}
+
+} // namespace
+
+std::optional<TotaliReport> StampaHtml(double numeroTaglie)
+{
+    const std::int64_t taglie = TaglieDaFare(numeroTaglie);
+    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
+    FileNuovo file(PercorsoReport(NomeHtml));
+    std::string testo;
+    Testa(testo, FoglioStile::Completo);
+    CimaPagina(file, testo, numeroTaglie, taglie);
+    Scarica(file, testo);
+
+    const auto totali = EseguiPiene(taglie, [&](std::int64_t taglia, const CifreTaglia& cifre) {
+        file.Scrivi(InWindows1252(Sezione(taglia, numeroTaglie, cifre, separatori)));
+    });
+    if (!totali) return std::nullopt;
+
+    if (numeroTaglie > 1) {
+        Riga(testo,
+             "<a name=\"statistiche\"></a><div id=\"su\"><a href=\"#top\">Torna su</a></div>");
+        Riga(testo, "<br>");
+        Generali(testo, numeroTaglie, *totali, separatori);
+    }
+    Coda(testo);
+    Finisci(file, testo);
+    return totali;
+}
+
+std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
+                                            const EtichettaStato& etichettaStato)
+{
+    TaglieDaFare(numeroTaglie); // refuses a bad number before the old report is gone
+    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
+    FileNuovo file(PercorsoReport(NomeHtml));
+    std::string testo;
+    Testa(testo, FoglioStile::Statistiche);
+    Riga(testo, "<br>");
+    Riga(testo, "<div align=\"center\">");
+    Riga(testo, "<font face=\"Tahoma\" size=\"5\"><b>SCALVINO</b><br><br>");
+    Riga(testo, "<font face=\"arial\" size=\"4\"><b>Simulazione taglie</b></font><br><br>");
+    Riga(testo, "</div>");
+    Riga(testo, "<br>");
+    Scarica(file, testo);
+
+    const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);
+    if (!totali) return std::nullopt;
+
+    Generali(testo, numeroTaglie, *totali, separatori);
+    Coda(testo);
+    Finisci(file, testo);
+    return totali;
+}
+
+} // namespace Stampe
