@@ -1,0 +1,73 @@
+#include "Avanzamento.h"
+
+#include "FormatiNumero.h"
+#include "Numeri.h"
+#include "Orologio.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace cli {
+
+namespace {
+
+constexpr double OgniTerminale = 0.1;
+constexpr double OgniRiga = 1;
+
+// Hours, minutes and seconds, the hours only where there are some.
+std::string Durata(double secondi)
+{
+    constexpr std::int64_t sessanta = 60;
+    const auto totale = static_cast<std::int64_t>(std::ceil(secondi));
+    const std::int64_t minuti = totale / sessanta;
+    const std::string coda = ":" + Stampe::DueCifre(totale % sessanta);
+    if (minuti < sessanta) return TestoNumero(minuti) + coda;
+    return TestoNumero(minuti / sessanta) + ":" + Stampe::DueCifre(minuti % sessanta) + coda;
+}
+
+} // namespace
+
+std::string TestoAvanzamento(std::int64_t fatte, std::int64_t taglie, double secondi)
+{
+    constexpr double cento = 100;
+    constexpr double durataMassima = 1e9; // some thirty years: no use in telling more
+    const auto quota = static_cast<double>(fatte) / static_cast<double>(taglie);
+    std::string testo = TestoNumero(fatte) + " taglie su " + TestoNumero(taglie) + " (" +
+                        TestoNumero(static_cast<std::int64_t>(quota * cento)) + "%)";
+    if (secondi <= 0) return testo;
+    const double ritmo = static_cast<double>(fatte) / secondi;
+    const double mancano = static_cast<double>(taglie - fatte) / ritmo;
+    testo += ", " + TestoNumero(static_cast<std::int64_t>(ritmo)) + " al secondo";
+    if (mancano < durataMassima) testo += ", mancano " + Durata(mancano);
+    return testo;
+}
+
+Avanzamento::Avanzamento(std::int64_t taglie, bool terminale)
+    : m_taglie(taglie)
+    , m_terminale(terminale)
+    , m_inizio(SecondiTrascorsi())
+    , m_prossima(m_inizio + (terminale ? OgniTerminale : OgniRiga))
+{
+}
+
+void Avanzamento::Mostra(std::int64_t fatte)
+{
+    const double adesso = SecondiTrascorsi();
+    if (adesso < m_prossima) return;
+    m_prossima = adesso + (m_terminale ? OgniTerminale : OgniRiga);
+    const std::string testo = TestoAvanzamento(fatte, m_taglie, adesso - m_inizio);
+    // A progress line that cannot be written is no reason to end the run.
+    std::fputs(m_terminale ? ("\r" + testo + "\x1b[K").c_str() : (testo + "\n").c_str(), stderr);
+    std::fflush(stderr);
+    m_scritto = true;
+}
+
+void Avanzamento::Finisci()
+{
+    if (!m_scritto || !m_terminale) return;
+    std::fputs("\r\x1b[K", stderr);
+    std::fflush(stderr);
+    m_scritto = false;
+}
+
+} // namespace cli

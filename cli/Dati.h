@@ -1,0 +1,25 @@
+// The totals of a run for other programs: JSON and CSV. The fields are described in docs/dati.md.
+#pragma once
+
+#include "GiroTaglie.h"
+#include "Opzioni.h"
+#include "Studio.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace cli {
+
+// What is told beside the figures.
+struct Corsa
+{
+    std::optional<std::uint64_t> Seme;
+    double Secondi;
+};
+
+// The text for standard output, ending in a line end. Numbers have "." whatever the locale.
+std::string TestoDati(FormaDati forma, const Stampe::TotaliReport& totali,
+                      const Stampe::Studio& studio, const Corsa& corsa);
+
+} // namespace cli

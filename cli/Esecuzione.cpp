@@ -1,0 +1,317 @@
+#include "Esecuzione.h"
+
+#include "Ambiente.h"
+#include "ApriConShell.h"
+#include "Avanzamento.h"
+#include "Dati.h"
+#include "ErroreRuntime.h"
+#include "FileDati.h"
+#include "FileMazzi.h"
+#include "FileNuovo.h"
+#include "Numeri.h"
+#include "Orologio.h"
+#include "Percorsi.h"
+#include "Segnali.h"
+#include "Stampe.h"
+#include "modCarte.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <new>
+#include <system_error>
+
+namespace cli {
+
+namespace {
+
+constexpr int UscitaStandard = 1;
+
+void ScriviUscita(const std::string& testo)
+{
+    ScriviSuDescrittore(UscitaStandard, testo, "uscita standard");
+}
+
+void ScriviErrore(const std::string& testo) noexcept
+{
+    std::fputs(("taglie: " + testo + "\n").c_str(), stderr);
+}
+
+// What a failure during the run means for the caller of the command.
+Uscita UscitaPer(NumeroErrore numero)
+{
+    switch (numero) {
+    case NumeroErrore::FileNonTrovato:
+    case NumeroErrore::ErroreInputOutput:
+    case NumeroErrore::DiscoPieno:
+    case NumeroErrore::PermessoNegato:
+    case NumeroErrore::AccessoAlFile:
+    case NumeroErrore::PercorsoNonTrovato:
+        return UscitaScrittura;
+    default:
+        return UscitaInterna;
+    }
+}
+
+[[noreturn]] void Interrompi(const std::string& resto)
+{
+    throw ErroreComando(UscitaInterrotta, "interrotto", resto);
+}
+
+std::string_view NomeReport(Forma forma)
+{
+    switch (forma) {
+    case Forma::Txt:
+        return Stampe::NomeTxt;
+    case Forma::Html:
+        return Stampe::NomeHtml;
+    default:
+        return "";
+    }
+}
+
+// ---- Files given by the user ------------------------------------------------------------------
+
+// True when the two names mean one file, whether it exists already or not.
+bool StessoNome(const std::string& uno, const std::string& altro)
+{
+    if (StessoFile(uno, altro)) return true;
+    std::error_code errore;
+    const auto completo = [&errore](const std::string& nome) {
+        return std::filesystem::weakly_canonical(nome, errore);
+    };
+    return completo(uno) == completo(altro) && !errore;
+}
+
+// A file that is written twice, or read and replaced, would be lost.
+void RifiutaFileDoppi(const Opzioni& opzioni, const std::string& percorsoReport)
+{
+    struct Ruolo
+    {
+        std::string nome;
+        const std::string& file;
+    };
+    const Ruolo ruoli[] = {{"--salva-mazzi", opzioni.SalvaMazzi},
+                           {"--colpi", opzioni.Colpi},
+                           {"--mazzi", opzioni.Mazzi == "-" ? std::string() : opzioni.Mazzi},
+                           {"il report", percorsoReport}};
+    for (const auto& uno : ruoli) {
+        for (const auto& altro : ruoli) {
+            if (&uno >= &altro || uno.file.empty() || altro.file.empty()) continue;
+            if (StessoNome(uno.file, altro.file)) {
+                throw ErroreComando(UscitaUso, uno.file,
+                                    "è lo stesso file per " + uno.nome + " e per " + altro.nome);
+            }
+        }
+    }
+}
+
+std::vector<Taglia> MazziDaFile(const Opzioni& opzioni)
+{
+    try {
+        auto taglie = LeggiMazzi(opzioni.Mazzi, opzioni.Taglie, InterruzioneChiesta);
+        if (!taglie) Interrompi("nessuna taglia giocata");
+        if (opzioni.Taglie && taglie->size() < *opzioni.Taglie) {
+            throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                                "contiene " +
+                                    TestoNumero(static_cast<std::int64_t>(taglie->size())) +
+                                    " taglie, ne servono " +
+                                    TestoNumero(static_cast<std::int64_t>(*opzioni.Taglie)),
+                                opzioni.Mazzi);
+        }
+        return std::move(*taglie);
+    } catch (const ErroreRuntime& errore) {
+        const std::string& file = errore.File();
+        throw ErroreComando(UscitaRifiuto, file, errore.Motivo());
+    }
+}
+
+// ---- The run ----------------------------------------------------------------------------------
+
+// Everything that lives as long as the run.
+struct Lavoro
+{
+    explicit Lavoro(const Opzioni& scelte)
+        : opzioni(scelte)
+    {
+    }
+
+    const Opzioni& opzioni;
+    std::int64_t taglie = 1;
+    std::int64_t fatte = 0;
+    std::vector<Taglia> mazzi;
+    std::unique_ptr<FileDati> fileMazzi;
+    std::unique_ptr<FileDati> fileColpi;
+    std::unique_ptr<Avanzamento> avanzamento;
+    Stampe::Studio studio;
+};
+
+void ImpostaTaglie(Lavoro& lavoro)
+{
+    if (!lavoro.opzioni.Mazzi.empty()) {
+        lavoro.mazzi = MazziDaFile(lavoro.opzioni);
+        lavoro.taglie = static_cast<std::int64_t>(lavoro.mazzi.size());
+        return;
+    }
+    lavoro.taglie = static_cast<std::int64_t>(lavoro.opzioni.Taglie.value_or(1));
+}
+
+std::function<void(std::int64_t)> Sorgente(const Lavoro& lavoro)
+{
+    if (!lavoro.mazzi.empty()) {
+        return [&mazzi = lavoro.mazzi](std::int64_t taglia) {
+            modCarte::ImpostaMazzo(mazzi.at(static_cast<std::size_t>(taglia) - 1));
+        };
+    }
+    if (lavoro.opzioni.Seme) {
+        return [seme = *lavoro.opzioni.Seme](std::int64_t taglia) {
+            modCarte::AvviaSeme(seme, static_cast<std::uint64_t>(taglia));
+            modCarte::MescolaMazzo();
+        };
+    }
+    return [](std::int64_t) { modCarte::MescolaMazzo(); };
+}
+
+void DopoTaglia(Lavoro& lavoro, std::int64_t fatte)
+{
+    lavoro.fatte = fatte;
+    if (lavoro.fileMazzi) lavoro.fileMazzi->Aggiungi(RigaTaglia(modCarte::Mazzo));
+    if (lavoro.fileColpi) {
+        std::string righe;
+        for (const auto& record : modCarte::Colpi)
+            righe.append(record).push_back('\n');
+        lavoro.fileColpi->Aggiungi(righe);
+    }
+    if (lavoro.avanzamento) lavoro.avanzamento->Mostra(fatte);
+}
+
+void ApriReport(const std::string& percorso, StileFinestra stile)
+{
+    // The report is finished all the same, and its path is told.
+    if (!ApriConShell(percorso, stile)) {
+        ScriviErrore(percorso + ": nessun programma ha potuto aprirlo");
+    }
+}
+
+void ImpostaAmbiente(Lavoro& lavoro, const std::string& cartella)
+{
+    const Opzioni& opzioni = lavoro.opzioni;
+    Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
+    ambiente.Cartella = cartella;
+    ambiente.Cifre = opzioni.Numeri;
+    ambiente.PreparaTaglia = Sorgente(lavoro);
+    ambiente.Fermare = InterruzioneChiesta;
+    ambiente.TagliaFatta = [&lavoro](std::int64_t fatte) { DopoTaglia(lavoro, fatte); };
+    if (opzioni.Apri) ambiente.Apri = ApriReport;
+    ambiente.Lavori = opzioni.Lavori;
+    if (opzioni.Dati != FormaDati::Nessuna) ambiente.Raccolta = &lavoro.studio;
+    Stampe::AmbienteInUso = std::move(ambiente);
+}
+
+std::optional<Stampe::TotaliReport> FaiReport(const Opzioni& opzioni, double taglie)
+{
+    const Stampe::EtichettaStato senzaEtichetta;
+    switch (opzioni.FormaReport) {
+    case Forma::Txt:
+        return opzioni.Statistiche ? Stampe::StatisticheTxt(taglie, senzaEtichetta)
+                                   : Stampe::StampaTxt(taglie);
+    case Forma::Html:
+        return opzioni.Statistiche ? Stampe::StatisticheHtml(taglie, senzaEtichetta)
+                                   : Stampe::StampaHtml(taglie);
+    default:
+        return Stampe::SoloTotali(taglie, senzaEtichetta);
+    }
+}
+
+bool MostraAvanzamento(const Opzioni& opzioni)
+{
+    if (opzioni.Quieto || opzioni.Avanzamento == Avviso::Mai) return false;
+    return opzioni.Avanzamento == Avviso::Sempre || ErroriSuTerminale();
+}
+
+void ApriFile(Lavoro& lavoro)
+{
+    const Opzioni& opzioni = lavoro.opzioni;
+    if (!opzioni.SalvaMazzi.empty()) {
+        lavoro.fileMazzi = std::make_unique<FileDati>(opzioni.SalvaMazzi);
+    }
+    if (!opzioni.Colpi.empty()) lavoro.fileColpi = std::make_unique<FileDati>(opzioni.Colpi);
+    if (MostraAvanzamento(opzioni)) {
+        lavoro.avanzamento = std::make_unique<Avanzamento>(lavoro.taglie, ErroriSuTerminale());
+    }
+}
+
+void ChiudiFile(Lavoro& lavoro)
+{
+    if (lavoro.avanzamento) lavoro.avanzamento->Finisci();
+    if (lavoro.fileMazzi) lavoro.fileMazzi->Chiudi();
+    if (lavoro.fileColpi) lavoro.fileColpi->Chiudi();
+}
+
+std::string DescriviInterruzione(const Lavoro& lavoro)
+{
+    return TestoNumero(lavoro.fatte) + " taglie fatte su " + TestoNumero(lavoro.taglie);
+}
+
+void Esegui(const Opzioni& opzioni)
+{
+    const double inizio = SecondiTrascorsi();
+    Lavoro lavoro(opzioni);
+    const bool conReport = !NomeReport(opzioni.FormaReport).empty();
+    const std::string cartella = conReport ? CartellaCompleta(opzioni.Cartella) : std::string();
+    const std::string percorso =
+        conReport ? cartella + std::string(NomeReport(opzioni.FormaReport)) : std::string();
+    RifiutaFileDoppi(opzioni, percorso);
+    ImpostaTaglie(lavoro);
+    ApriFile(lavoro);
+    ImpostaAmbiente(lavoro, cartella);
+
+    const auto totali = FaiReport(opzioni, static_cast<double>(lavoro.taglie));
+    ChiudiFile(lavoro);
+    if (!totali) Interrompi(DescriviInterruzione(lavoro));
+
+    if (opzioni.Dati != FormaDati::Nessuna) {
+        const Corsa corsa{opzioni.Seme, SecondiTrascorsi() - inizio};
+        ScriviUscita(TestoDati(opzioni.Dati, *totali, lavoro.studio, corsa));
+    } else if (conReport && !opzioni.Quieto) {
+        ScriviUscita(percorso + "\n");
+    }
+}
+
+void EseguiArgomenti(const std::vector<std::string>& argomenti)
+{
+    AscoltaInterruzioni();
+    const Opzioni opzioni = LeggiOpzioni(argomenti);
+    if (opzioni.Aiuto)
+        ScriviUscita(TestoAiuto());
+    else if (opzioni.Versione)
+        ScriviUscita(TestoVersione());
+    else
+        Esegui(opzioni);
+}
+
+} // namespace
+
+int EseguiComando(const std::vector<std::string>& argomenti) noexcept
+{
+    int uscita = UscitaFatto;
+    try {
+        EseguiArgomenti(argomenti);
+    } catch (const ErroreComando& errore) {
+        ScriviErrore(errore.what());
+        uscita = errore.CodiceUscita();
+    } catch (const ErroreRuntime& errore) {
+        ScriviErrore(errore.what());
+        uscita = UscitaPer(errore.Numero());
+    } catch (const std::bad_alloc&) {
+        std::fputs("taglie: memoria: esaurita\n", stderr);
+        uscita = UscitaInterna;
+    } catch (const std::exception& errore) {
+        ScriviErrore(std::string("guasto interno: ") + errore.what());
+        uscita = UscitaInterna;
+    }
+    Stampe::AmbienteInUso = {}; // it refers to the run that has just ended
+    return uscita;
+}
+
+} // namespace cli

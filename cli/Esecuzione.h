@@ -1,0 +1,15 @@
+// One run of the command, from its options to its exit code.
+#pragma once
+
+#include "Opzioni.h"
+
+#include <string>
+#include <vector>
+
+namespace cli {
+
+// Runs the command with its arguments (without the program's name) and returns the exit code.
+// Results go to standard output, errors as one line to standard error. Never throws.
+int EseguiComando(const std::vector<std::string>& argomenti) noexcept;
+
+} // namespace cli

@@ -1,0 +1,144 @@
+#include "FileMazzi.h"
+
+#include "ErroreRuntime.h"
+#include "LetturaFile.h"
+#include "Numeri.h"
+
+#include <algorithm>
+#include <bitset>
+
+namespace cli {
+
+namespace {
+
+using modCarte::CarteMazzetto;
+using modCarte::CarteTaglia;
+using modCarte::TestoCarta;
+
+constexpr std::size_t Mazzetti = CarteTaglia / CarteMazzetto;
+
+// Enough for any shoe with generous blanks and a long comment.
+constexpr std::size_t RigaMassima = 64 * 1024;
+
+[[noreturn]] void Rifiuta(const std::string& motivo)
+{
+    throw ErroreRuntime(NumeroErrore::ChiamataNonValida, motivo);
+}
+
+// A word as it may be shown: short, and without control characters of a hostile file.
+std::string Citata(std::string_view parola)
+{
+    constexpr std::size_t massimo = 20;
+    std::string citata(parola.substr(0, massimo));
+    std::replace_if(
+        citata.begin(), citata.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+    return "\"" + citata + (parola.size() > massimo ? "..." : "") + "\"";
+}
+
+std::vector<std::string_view> Parole(std::string_view riga)
+{
+    constexpr std::string_view separatori = ", \t\r";
+    riga = riga.substr(0, riga.find('#'));
+    std::vector<std::string_view> parole;
+    for (;;) {
+        const auto inizio = riga.find_first_not_of(separatori);
+        if (inizio == std::string_view::npos) return parole;
+        riga.remove_prefix(inizio);
+        const auto fine = std::min(riga.find_first_of(separatori), riga.size());
+        parole.push_back(riga.substr(0, fine));
+        riga.remove_prefix(fine);
+    }
+}
+
+std::optional<std::int16_t> CodiceMazzetto(std::string_view testo)
+{
+    for (std::int16_t codice = 1; codice <= CarteMazzetto; ++codice) {
+        if (TestoCarta(codice) == testo) return codice;
+    }
+    return std::nullopt;
+}
+
+Taglia DaCodici(const std::vector<std::string_view>& parole)
+{
+    Taglia taglia{};
+    std::bitset<CarteTaglia + 1> visti;
+    for (std::size_t i = 0; i < taglia.size(); ++i) {
+        std::uint64_t codice = 0;
+        if (!LeggiInteroSenzaSegno(parole[i], codice) || codice < 1 || codice > CarteTaglia) {
+            Rifiuta(Citata(parole[i]) + " non è un codice da 1 a 312");
+        }
+        if (visti.test(codice)) Rifiuta("la carta " + std::string(parole[i]) + " si ripete");
+        visti.set(codice);
+        taglia[i] = static_cast<std::int16_t>(codice);
+    }
+    return taglia;
+}
+
+Taglia DaTesti(const std::vector<std::string_view>& parole)
+{
+    Taglia taglia{};
+    std::array<std::size_t, CarteMazzetto + 1> usate{};
+    for (std::size_t i = 0; i < taglia.size(); ++i) {
+        const auto codice = CodiceMazzetto(parole[i]);
+        if (!codice) Rifiuta(Citata(parole[i]) + " non è una carta");
+        auto& mazzetto = usate[static_cast<std::size_t>(*codice)];
+        if (mazzetto == Mazzetti) {
+            Rifiuta("la carta " + std::string(parole[i]) + " compare più di 6 volte");
+        }
+        taglia[i] = static_cast<std::int16_t>(*codice + static_cast<int>(mazzetto) * CarteMazzetto);
+        ++mazzetto;
+    }
+    return taglia;
+}
+
+} // namespace
+
+std::optional<Taglia> LeggiTaglia(std::string_view riga)
+{
+    const auto parole = Parole(riga);
+    if (parole.empty()) return std::nullopt;
+    if (parole.size() != CarteTaglia) {
+        Rifiuta("le carte sono " + TestoNumero(static_cast<std::int64_t>(parole.size())) +
+                " invece di 312");
+    }
+    // The first word decides which of the two forms the line has.
+    return CodiceMazzetto(parole.front()) ? DaTesti(parole) : DaCodici(parole);
+}
+
+std::optional<std::vector<Taglia>> LeggiMazzi(const std::string& percorso,
+                                              std::optional<std::uint64_t> massimo,
+                                              const std::function<bool()>& fermare)
+{
+    std::vector<Taglia> taglie;
+    const auto riga = [&](std::size_t numero, std::string_view testo) {
+        try {
+            const auto taglia = LeggiTaglia(testo);
+            // Lines beyond the last shoe wanted are read and checked, too, but not kept.
+            if (taglia && (!massimo || taglie.size() < *massimo)) taglie.push_back(*taglia);
+        } catch (const ErroreRuntime& errore) {
+            throw ErroreRuntime(errore.Numero(),
+                                "riga " + TestoNumero(static_cast<std::int64_t>(numero)) + ": " +
+                                    errore.Motivo(),
+                                percorso);
+        }
+    };
+    if (!LeggiRighe(percorso, RigaMassima, riga, fermare)) return std::nullopt;
+    if (taglie.empty()) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "non contiene nessuna taglia",
+                            percorso);
+    }
+    return taglie;
+}
+
+std::string RigaTaglia(const Taglia& taglia)
+{
+    std::string riga;
+    for (const std::int16_t codice : taglia) {
+        if (!riga.empty()) riga.push_back(',');
+        riga += TestoNumero(std::int64_t{codice});
+    }
+    riga.push_back('\n');
+    return riga;
+}
+
+} // namespace cli

@@ -1,0 +1,219 @@
+#include "Opzioni.h"
+
+#include "Numeri.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <string_view>
+#include <thread>
+
+namespace cli {
+
+namespace {
+
+// The values as they were typed: the checks below speak Italian and know exact limits.
+struct Grezze
+{
+    std::string Taglie, Forma, Cartella, Seme, Mazzi, SalvaMazzi, Colpi, Dati, Numeri, Lavori,
+        Avanzamento;
+};
+
+[[noreturn]] void Rifiuta(const std::string& cosa, const std::string& perche)
+{
+    throw ErroreComando(UscitaUso, cosa, perche);
+}
+
+// A missing value comes as "--name: ..." from the parser.
+[[noreturn]] void TraduciErrore(const CLI::App& lettore, const CLI::ParseError& errore)
+{
+    const auto inattesi = lettore.remaining();
+    if (!inattesi.empty()) {
+        const std::string& primo = inattesi.front();
+        const bool opzione = primo.size() > 1 && primo.front() == '-';
+        Rifiuta(primo, opzione ? "opzione sconosciuta" : "argomento di troppo");
+    }
+    const std::string testo = errore.what();
+    const auto nome = testo.substr(0, testo.find(':'));
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&errore) != nullptr) {
+        Rifiuta(nome, "manca il valore");
+    }
+    Rifiuta("argomenti", testo);
+}
+
+bool Data(const CLI::App& lettore, const std::string& nome)
+{
+    return lettore.count(nome) > 0;
+}
+
+void LeggiTaglie(Opzioni& opzioni, const std::string& testo)
+{
+    constexpr std::uint64_t massimo = std::uint64_t{1} << 53;
+    const auto cifra = [](char c) { return c >= '0' && c <= '9'; };
+    if (testo.empty() || !std::all_of(testo.begin(), testo.end(), cifra)) {
+        Rifiuta("numero di taglie", "\"" + testo + "\" non è un numero intero");
+    }
+    std::uint64_t taglie = 0;
+    if (!LeggiInteroSenzaSegno(testo, taglie) || taglie > massimo) {
+        throw ErroreComando(UscitaRifiuto, "numero di taglie",
+                            testo + " supera il massimo, 9007199254740992");
+    }
+    if (taglie < 1) Rifiuta("numero di taglie", "deve essere almeno 1");
+    opzioni.Taglie = taglie;
+}
+
+template <typename Valore>
+Valore Scegli(const std::string& opzione, const std::string& testo,
+              const std::map<std::string, Valore>& ammessi)
+{
+    const auto trovato = ammessi.find(testo);
+    if (trovato != ammessi.end()) return trovato->second;
+    std::string elenco;
+    for (const auto& [nome, valore] : ammessi) {
+        elenco += (elenco.empty() ? "" : ", ") + nome;
+    }
+    Rifiuta(opzione, "\"" + testo + "\" non è tra " + elenco);
+}
+
+int LeggiLavori(const std::string& testo)
+{
+    constexpr std::uint64_t massimo = 256;
+    std::uint64_t lavori = 0;
+    if (!LeggiInteroSenzaSegno(testo, lavori) || lavori > massimo) {
+        Rifiuta("--lavori", "\"" + testo + "\" non è un numero intero da 0 a 256");
+    }
+    if (lavori == 0)
+        lavori = std::clamp<std::uint64_t>(std::thread::hardware_concurrency(), 1, massimo);
+    return static_cast<int>(lavori);
+}
+
+std::string LeggiNome(const std::string& opzione, const std::string& testo)
+{
+    if (testo.empty()) Rifiuta(opzione, "il nome è vuoto");
+    return testo;
+}
+
+void RifiutaContraddizioni(const Opzioni& opzioni, bool lavoriDati)
+{
+    const bool inFile =
+        opzioni.FormaReport != Forma::Nessuna && opzioni.FormaReport != Forma::Video;
+    if (opzioni.Apri && !inFile)
+        Rifiuta("--apri", "senza un report in un file non c'è nulla da aprire");
+    if (!opzioni.Mazzi.empty() && opzioni.Seme) {
+        Rifiuta("--seme", "con --mazzi le carte non si mescolano");
+    }
+    const bool piuLavori = lavoriDati && opzioni.Lavori != 1;
+    if (piuLavori && opzioni.Piena()) {
+        Rifiuta("--lavori", "un report con tutti i colpi vuole un solo lavoro (oppure -s)");
+    }
+    if (piuLavori && !(opzioni.SalvaMazzi.empty() && opzioni.Colpi.empty())) {
+        Rifiuta("--lavori",
+                "con --salva-mazzi e --colpi vale un solo lavoro: contano le taglie in ordine");
+    }
+}
+
+void RifiutaFormeAssenti(Forma forma)
+{
+    const bool assente = forma == Forma::Pdf || forma == Forma::Video;
+    if (!assente) return;
+    throw ErroreComando(UscitaRifiuto,
+                        std::string("forma ") + (forma == Forma::Pdf ? "pdf" : "video"),
+                        "non è ancora disponibile in questa versione");
+}
+
+// What the parser is told; the help text is our own.
+void Dichiara(CLI::App& lettore, Grezze& grezze, Opzioni& opzioni)
+{
+    lettore.set_help_flag("");
+    lettore.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    lettore.add_option("N", grezze.Taglie)->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+    lettore.add_option("-f,--forma", grezze.Forma);
+    lettore.add_flag("-s,--statistiche", opzioni.Statistiche);
+    lettore.add_option("-c,--cartella", grezze.Cartella);
+    lettore.add_flag("-a,--apri", opzioni.Apri);
+    lettore.add_option("--seme", grezze.Seme);
+    lettore.add_option("--mazzi", grezze.Mazzi);
+    lettore.add_option("--salva-mazzi", grezze.SalvaMazzi);
+    lettore.add_option("--colpi", grezze.Colpi);
+    lettore.add_option("--dati", grezze.Dati);
+    lettore.add_option("--numeri", grezze.Numeri);
+    lettore.add_option("-j,--lavori", grezze.Lavori);
+    lettore.add_option("--avanzamento", grezze.Avanzamento);
+    lettore.add_flag("-q,--quieto", opzioni.Quieto);
+    lettore.add_flag("-h,--help", opzioni.Aiuto);
+    lettore.add_flag("-V,--version", opzioni.Versione);
+}
+
+void LeggiScelte(Opzioni& opzioni, const Grezze& grezze, const CLI::App& lettore)
+{
+    if (Data(lettore, "--dati")) {
+        opzioni.Dati = Scegli<FormaDati>("--dati", grezze.Dati,
+                                         {{"json", FormaDati::Json}, {"csv", FormaDati::Csv}});
+        opzioni.FormaReport = Forma::Nessuna; // data on standard output want no report beside them
+    }
+    if (Data(lettore, "--forma")) {
+        opzioni.FormaReport = Scegli<Forma>("--forma", grezze.Forma,
+                                            {{"txt", Forma::Txt},
+                                             {"html", Forma::Html},
+                                             {"pdf", Forma::Pdf},
+                                             {"video", Forma::Video},
+                                             {"nessuna", Forma::Nessuna}});
+    }
+    if (Data(lettore, "--avanzamento")) {
+        opzioni.Avanzamento = Scegli<Avviso>(
+            "--avanzamento", grezze.Avanzamento,
+            {{"auto", Avviso::Auto}, {"sempre", Avviso::Sempre}, {"mai", Avviso::Mai}});
+    }
+    const std::string numeri = Data(lettore, "--numeri") ? grezze.Numeri : "sistema";
+    if (numeri == "sistema")
+        opzioni.Numeri = SeparatoriUtente();
+    else
+        opzioni.Numeri = Scegli<Separatori>(
+            "--numeri", numeri, {{"it", {",", "."}}, {"c", {".", ""}}, {"sistema", {}}});
+}
+
+void LeggiValori(Opzioni& opzioni, const Grezze& grezze, const CLI::App& lettore)
+{
+    if (Data(lettore, "N")) LeggiTaglie(opzioni, grezze.Taglie);
+    if (Data(lettore, "--cartella")) opzioni.Cartella = LeggiNome("--cartella", grezze.Cartella);
+    if (Data(lettore, "--mazzi")) opzioni.Mazzi = LeggiNome("--mazzi", grezze.Mazzi);
+    if (Data(lettore, "--salva-mazzi")) {
+        opzioni.SalvaMazzi = LeggiNome("--salva-mazzi", grezze.SalvaMazzi);
+    }
+    if (Data(lettore, "--colpi")) opzioni.Colpi = LeggiNome("--colpi", grezze.Colpi);
+    if (Data(lettore, "--lavori")) opzioni.Lavori = LeggiLavori(grezze.Lavori);
+    if (Data(lettore, "--seme")) {
+        std::uint64_t seme = 0;
+        if (!LeggiInteroSenzaSegno(grezze.Seme, seme)) {
+            Rifiuta("--seme",
+                    "\"" + grezze.Seme + "\" non è un numero intero da 0 a 18446744073709551615");
+        }
+        opzioni.Seme = seme;
+    }
+}
+
+} // namespace
+
+Opzioni LeggiOpzioni(std::vector<std::string> argomenti)
+{
+    Opzioni opzioni;
+    Grezze grezze;
+    CLI::App lettore;
+    Dichiara(lettore, grezze, opzioni);
+    std::reverse(argomenti.begin(), argomenti.end()); // the parser takes them from the back
+    try {
+        lettore.parse(argomenti);
+    } catch (const CLI::ParseError& errore) {
+        TraduciErrore(lettore, errore);
+    }
+    if (opzioni.Aiuto || opzioni.Versione) return opzioni;
+    LeggiValori(opzioni, grezze, lettore);
+    LeggiScelte(opzioni, grezze, lettore);
+    RifiutaFormeAssenti(opzioni.FormaReport);
+    RifiutaContraddizioni(opzioni, Data(lettore, "--lavori"));
+    return opzioni;
+}
+
+} // namespace cli
