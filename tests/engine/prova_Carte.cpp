@@ -1,0 +1,144 @@
+// Card codes, values, suits and texts.
+
+#include "Aiuti.h"
+#include "modCarte.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <string>
+
+using namespace modCarte;
+
+TEST(Carte, TestiAiConfiniDeiSemiEDeiMazzetti)
+{
+    EXPECT_EQ(TestoCarta(1), "AC");
+    EXPECT_EQ(TestoCarta(13), "KC");
+    EXPECT_EQ(TestoCarta(14), "AQ");
+    EXPECT_EQ(TestoCarta(26), "KQ");
+    EXPECT_EQ(TestoCarta(27), "AF");
+    EXPECT_EQ(TestoCarta(39), "KF");
+    EXPECT_EQ(TestoCarta(40), "AP");
+    EXPECT_EQ(TestoCarta(52), "KP");
+    EXPECT_EQ(TestoCarta(53), "AC");
+    EXPECT_EQ(TestoCarta(312), "KP");
+}
+
+TEST(Carte, LaDonnaDiQuadriSiScriveQQ)
+{
+    EXPECT_EQ(TestoCarta(25), "QQ");
+    EXPECT_EQ(ValoreDaTesto("QQ"), 12);
+    EXPECT_EQ(SemeDaTesto("QQ"), 1);
+}
+
+TEST(Carte, OgniTestoCompareSeiVolte)
+{
+    std::map<std::string, int> volte;
+    for (std::int16_t codice = 1; codice <= CarteTaglia; ++codice)
+        ++volte[TestoCarta(codice)];
+    EXPECT_EQ(volte.size(), 52U);
+    for (const auto& [testo, quante] : volte)
+        EXPECT_EQ(quante, 6) << testo;
+}
+
+TEST(Carte, NomiDeiValoriInOrdine)
+{
+    const std::array<std::string_view, 13> attesi = {"A", "2", "3",  "4", "5", "6", "7",
+                                                     "8", "9", "10", "J", "Q", "K"};
+    for (std::int16_t i = 0; i < 13; ++i) {
+        EXPECT_EQ(NomeValore(static_cast<std::int16_t>(27 + i)),
+                  attesi[static_cast<std::size_t>(i)]);
+        EXPECT_EQ(ValoreCarta(static_cast<std::int16_t>(27 + i)), i + 1);
+    }
+}
+
+TEST(PuntiCarta, FigureEDieciValgonoDieciLAssoUno)
+{
+    EXPECT_EQ(PuntiCarta(aiuti::Codice("AP")), 1);
+    EXPECT_EQ(PuntiCarta(aiuti::Codice("9Q")), 9);
+    for (const auto* dieci : {"10C", "JQ", "QF", "KP"}) {
+        EXPECT_EQ(PuntiCarta(aiuti::Codice(dieci)), 10) << dieci;
+    }
+    EXPECT_EQ(PuntiCarta(312), 10);
+    EXPECT_EQ(PuntiCarta(261), 1); // ace of hearts of the sixth pack
+}
+
+TEST(SemeCarta, VuotoPerUnCodiceSenzaPosto)
+{
+    EXPECT_EQ(SemeCarta(-1), "");
+    EXPECT_EQ(SemeCarta(-51), "");
+    EXPECT_EQ(SemeCarta(0), "P"); // remainder 0 reads as 52
+    EXPECT_EQ(NomeValore(-1), "");
+}
+
+TEST(ValoreDaTesto, NumeriELettere)
+{
+    EXPECT_EQ(ValoreDaTesto("10C"), 10);
+    EXPECT_EQ(ValoreDaTesto("AP"), 1);
+    EXPECT_EQ(ValoreDaTesto("2F"), 2);
+    EXPECT_EQ(ValoreDaTesto("JC"), 11);
+    EXPECT_EQ(ValoreDaTesto("KC"), 13);
+}
+
+TEST(ValoreDaTesto, TuttoIlRestoDaZero)
+{
+    for (const auto* testo : {"", "C", "11C", "0C", "-1C", "aC", "kP", "AAC", "XC", "infC"}) {
+        EXPECT_EQ(ValoreDaTesto(testo), 0) << testo;
+    }
+}
+
+TEST(ValoreDaTesto, LeggeSoloIlNumeroIniziale)
+{
+    EXPECT_EQ(ValoreDaTesto("7xC"), 7);
+    EXPECT_EQ(ValoreDaTesto("10"), 1); // the last character is the suit, whatever it is
+}
+
+TEST(SemeDaTesto, OrdineDellaLibreriaDelleCarte)
+{
+    EXPECT_EQ(SemeDaTesto("10F"), 0);
+    EXPECT_EQ(SemeDaTesto("10Q"), 1);
+    EXPECT_EQ(SemeDaTesto("10C"), 2);
+    EXPECT_EQ(SemeDaTesto("10P"), 3);
+    EXPECT_EQ(SemeDaTesto("10p"), 0);
+    EXPECT_EQ(SemeDaTesto(""), 0);
+}
+
+TEST(IndiceCarta, DaAssoDiFioriARediPicche)
+{
+    EXPECT_EQ(IndiceCarta(1, 0), 0);
+    EXPECT_EQ(IndiceCarta(1, 3), 3);
+    EXPECT_EQ(IndiceCarta(2, 0), 4);
+    EXPECT_EQ(IndiceCarta(13, 3), 51);
+}
+
+TEST(IndiceCarta, OgniCartaDelMazzettoHaIlSuo)
+{
+    std::map<std::int32_t, int> visti;
+    for (std::int16_t codice = 1; codice <= CarteMazzetto; ++codice) {
+        const std::string testo = TestoCarta(codice);
+        EXPECT_EQ(ValoreDaTesto(testo), ValoreCarta(codice)) << testo;
+        ++visti[IndiceCarta(ValoreDaTesto(testo), SemeDaTesto(testo))];
+    }
+    EXPECT_EQ(visti.size(), 52U);
+    EXPECT_EQ(visti.begin()->first, 0);
+    EXPECT_EQ(visti.rbegin()->first, 51);
+}
+
+TEST(FileEsiste, SoloFileOrdinari)
+{
+    const aiuti::CartellaDiProva cartella;
+    std::ofstream(cartella.File("c'è.txt")) << "x";
+    std::ofstream(cartella.File(".nascosto")) << "x";
+    std::filesystem::create_directory(cartella.File("cartella"));
+    std::filesystem::create_symlink(cartella.File("c'è.txt"), cartella.File("link"));
+    std::filesystem::create_symlink(cartella.File("nulla"), cartella.File("rotto"));
+    EXPECT_EQ(FileEsiste(cartella.File("c'è.txt")), Vero);
+    EXPECT_EQ(FileEsiste(cartella.File("link")), Vero);
+    EXPECT_EQ(FileEsiste(cartella.File(".nascosto")), Falso);
+    EXPECT_EQ(FileEsiste(cartella.File("cartella")), Falso);
+    EXPECT_EQ(FileEsiste(cartella.File("rotto")), Falso);
+    EXPECT_EQ(FileEsiste(cartella.File("manca")), Falso);
+    EXPECT_EQ(FileEsiste(""), Falso);
+    EXPECT_EQ(FileEsiste("/dev/null"), Falso);
+}
