@@ -39,8 +39,6 @@ ErroreRuntime::ErroreRuntime(NumeroErrore numero, std::string motivo, std::strin
     , m_file(std::move(file))
 {
     m_messaggio = m_file.empty() ? std::string(Testo()) : m_file;
-    if (!m_motivo.empty())
-        m_messaggio.append(": ").append(m_motivo);
-    else if (!m_file.empty())
-        m_messaggio.append(": ").append(Testo());
+    if (!m_motivo.empty()) m_messaggio.append(": ").append(m_motivo);
+    else if (!m_file.empty()) m_messaggio.append(": ").append(Testo());
 }

@@ -178,8 +178,7 @@ void DopoTaglia(Lavoro& lavoro, std::int64_t fatte)
     if (lavoro.fileMazzi) lavoro.fileMazzi->Aggiungi(RigaTaglia(modCarte::Mazzo));
     if (lavoro.fileColpi) {
         std::string righe;
-        for (const auto& record : modCarte::Colpi)
-            righe.append(record).push_back('\n');
+        for (const auto& record : modCarte::Colpi) righe.append(record).push_back('\n');
         lavoro.fileColpi->Aggiungi(righe);
     }
     if (lavoro.avanzamento) lavoro.avanzamento->Mostra(fatte);
@@ -282,12 +281,9 @@ void EseguiArgomenti(const std::vector<std::string>& argomenti)
 {
     AscoltaInterruzioni();
     const Opzioni opzioni = LeggiOpzioni(argomenti);
-    if (opzioni.Aiuto)
-        ScriviUscita(TestoAiuto());
-    else if (opzioni.Versione)
-        ScriviUscita(TestoVersione());
-    else
-        Esegui(opzioni);
+    if (opzioni.Aiuto) ScriviUscita(TestoAiuto());
+    else if (opzioni.Versione) ScriviUscita(TestoVersione());
+    else Esegui(opzioni);
 }
 
 } // namespace

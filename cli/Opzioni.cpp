@@ -167,8 +167,7 @@ void LeggiScelte(Opzioni& opzioni, const Grezze& grezze, const CLI::App& lettore
             {{"auto", Avviso::Auto}, {"sempre", Avviso::Sempre}, {"mai", Avviso::Mai}});
     }
     const std::string numeri = Data(lettore, "--numeri") ? grezze.Numeri : "sistema";
-    if (numeri == "sistema")
-        opzioni.Numeri = SeparatoriUtente();
+    if (numeri == "sistema") opzioni.Numeri = SeparatoriUtente();
     else
         opzioni.Numeri = Scegli<Separatori>(
             "--numeri", numeri, {{"it", {",", "."}}, {"c", {".", ""}}, {"sistema", {}}});

@@ -18,8 +18,7 @@ constinit thread_local Stato statoProprio;
 void Agita(Generatore& generatore)
 {
     constexpr int giri = 18;
-    for (int i = 0; i < giri; ++i)
-        generatore.Prossimo();
+    for (int i = 0; i < giri; ++i) generatore.Prossimo();
 }
 
 void MescolaOrologio(Stato& stato)

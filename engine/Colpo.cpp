@@ -26,8 +26,7 @@ constexpr Carta CostruisciCarta(std::int16_t codice)
 {
     Carta carta;
     const auto aggiungi = [&carta](std::string_view testo) {
-        for (const char c : testo)
-            carta.testo[carta.lunghezza++] = c;
+        for (const char c : testo) carta.testo[carta.lunghezza++] = c;
     };
     aggiungi(NomeValore(codice));
     aggiungi(SemeCarta(codice));

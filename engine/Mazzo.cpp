@@ -61,8 +61,7 @@ std::vector<std::int16_t> Estrai(std::int16_t massimo, std::int16_t minimo, std:
     }
     if (unici) RiportaAllaListaIntera(estratti);
     // Element 1 of the full list is minimo.
-    for (auto& estratto : estratti)
-        estratto = static_cast<std::int16_t>(estratto + minimo - 1);
+    for (auto& estratto : estratti) estratto = static_cast<std::int16_t>(estratto + minimo - 1);
     return estratti;
 }
 

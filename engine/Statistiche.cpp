@@ -24,24 +24,18 @@ void ContaEsito(StatisticheTaglia& conti, std::string_view esito, bool trentuno)
 
 void ContaColore(StatisticheTaglia& conti, std::string_view colore)
 {
-    if (colore == "C")
-        conti.Colore += 1;
-    else if (colore == "I")
-        conti.Inverso += 1;
+    if (colore == "C") conti.Colore += 1;
+    else if (colore == "I") conti.Inverso += 1;
 }
 
 void ContaCombinazione(StatisticheTaglia& conti, std::string_view esito, std::string_view colore)
 {
     if (esito == "N") {
-        if (colore == "C")
-            conti.NeroColore += 1;
-        else if (colore == "I")
-            conti.NeroInverso += 1;
+        if (colore == "C") conti.NeroColore += 1;
+        else if (colore == "I") conti.NeroInverso += 1;
     } else if (esito == "R") {
-        if (colore == "C")
-            conti.RossoColore += 1;
-        else if (colore == "I")
-            conti.RossoInverso += 1;
+        if (colore == "C") conti.RossoColore += 1;
+        else if (colore == "I") conti.RossoInverso += 1;
     }
 }
 

@@ -15,8 +15,7 @@ namespace {
 std::int16_t PassataDiConteggio()
 {
     std::string scartato;
-    while (FineTaglia == Falso)
-        GiocaColpo(scartato);
+    while (FineTaglia == Falso) GiocaColpo(scartato);
     return Intero16(NumeroColpo);
 }
 
@@ -25,8 +24,7 @@ void SvuotaColpi(std::vector<std::string>& colpi, std::int16_t n)
 {
     if (n < 0) throw ErroreRuntime(NumeroErrore::IndiceFuoriIntervallo);
     colpi.resize(static_cast<std::size_t>(n) + 1);
-    for (auto& record : colpi)
-        record.clear();
+    for (auto& record : colpi) record.clear();
 }
 
 } // namespace
@@ -53,8 +51,7 @@ void GiocaTaglia()
     FineTaglia = Falso;
 
     colpi[0] = CarteAnnullate();
-    for (int i = 1; i <= n; ++i)
-        GiocaColpo(colpi[static_cast<std::size_t>(i)]);
+    for (int i = 1; i <= n; ++i) GiocaColpo(colpi[static_cast<std::size_t>(i)]);
     CalcolaStatistiche(n);
 }
 

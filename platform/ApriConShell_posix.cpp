@@ -22,8 +22,7 @@ void StaccaDalTerminale()
     ::setsid();
     const int nulla = ::open("/dev/null", O_RDWR);
     if (nulla < 0) return;
-    for (const int canale : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        ::dup2(nulla, canale);
+    for (const int canale : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::dup2(nulla, canale);
     if (nulla > STDERR_FILENO) ::close(nulla);
 }
 
@@ -45,8 +44,7 @@ bool ApriConShell(const std::string& percorso, StileFinestra /*stile*/)
 {
     std::array<int, 2> tubo{};
     if (::pipe(tubo.data()) != 0) return false;
-    for (const int capo : tubo)
-        ::fcntl(capo, F_SETFD, FD_CLOEXEC);
+    for (const int capo : tubo) ::fcntl(capo, F_SETFD, FD_CLOEXEC);
 
     const pid_t figlio = ::fork();
     if (figlio == 0) {

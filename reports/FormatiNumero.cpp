@@ -92,10 +92,8 @@ Quoziente Rapporto(std::int64_t dividendo, double divisore, std::int64_t volte)
     }
     const Intero uno = 1;
     Quoziente quoziente{dividendo, static_cast<Intero>(binario.mantissa) * volte};
-    if (binario.esponente < 0)
-        quoziente.Numeratore *= uno << -binario.esponente;
-    else
-        quoziente.Divisore *= uno << binario.esponente;
+    if (binario.esponente < 0) quoziente.Numeratore *= uno << -binario.esponente;
+    else quoziente.Divisore *= uno << binario.esponente;
     return quoziente;
 }
 

@@ -46,8 +46,7 @@ void Testa(std::string& testo, FoglioStile foglio)
         Riga(testo, riga);
     }
     AggiungiStile(testo, foglio);
-    for (const auto riga : {"-->", "</style>", "</head>", "<body>"})
-        Riga(testo, riga);
+    for (const auto riga : {"-->", "</style>", "</head>", "<body>"}) Riga(testo, riga);
 }
 
 void Coda(std::string& testo)
@@ -208,10 +207,8 @@ void Terna(std::string& testo, bool prima, std::string_view etichetta, std::stri
 {
     Riga(testo, "      <td width=\"", prima ? PrimaLarga : "17%", "\">", etichetta, "</td>");
     Riga(testo, "      <td width=\"", prima ? PrimaStretta : "9%", "\">", valore, "</td>");
-    if (quota.empty())
-        Riga(testo, "      <td width=\"8%\"></td>");
-    else
-        Riga(testo, "      <td width=\"8%\">(", quota, ")</td>");
+    if (quota.empty()) Riga(testo, "      <td width=\"8%\"></td>");
+    else Riga(testo, "      <td width=\"8%\">(", quota, ")</td>");
 }
 
 void RigaTotali(std::string& testo, double numeroTaglie, const TotaliReport& totali,

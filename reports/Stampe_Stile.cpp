@@ -120,8 +120,7 @@ void AggiungiRegola(std::string& testo, const Regola& regola)
 {
     Riga(testo, regola.Selettore);
     const std::string rientro(static_cast<std::size_t>(regola.Rientro), ' ');
-    for (const auto dichiarazione : regola.Dichiarazioni)
-        Riga(testo, rientro, dichiarazione);
+    for (const auto dichiarazione : regola.Dichiarazioni) Riga(testo, rientro, dichiarazione);
     if (!regola.Dichiarazioni.empty()) Riga(testo, "}");
     if (regola.VuotaDopo) Riga(testo);
 }

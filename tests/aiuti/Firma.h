@@ -19,8 +19,7 @@ class Impronta
 public:
     void Aggiungi(std::string_view testo)
     {
-        for (const char c : testo)
-            AggiungiByte(static_cast<unsigned char>(c));
+        for (const char c : testo) AggiungiByte(static_cast<unsigned char>(c));
         AggiungiByte(0);
     }
 
@@ -41,14 +40,12 @@ inline std::uint64_t FirmaMotore(std::uint64_t seme = 2026, std::uint64_t taglie
     for (std::uint64_t taglia = 1; taglia <= taglie; ++taglia) {
         modCarte::AvviaSeme(seme, taglia);
         modCarte::SimulaTaglia();
-        for (const auto& record : modCarte::Colpi)
-            impronta.Aggiungi(record);
+        for (const auto& record : modCarte::Colpi) impronta.Aggiungi(record);
         const auto& s = modCarte::Statistiche;
         const std::array<double, 10> conti = {
             s.VinceNero,     s.VinceRosso, s.Colore,      s.Inverso,     s.Pari,
             s.TrentunoApres, s.NeroColore, s.NeroInverso, s.RossoColore, s.RossoInverso};
-        for (const double conto : conti)
-            impronta.Aggiungi(conto);
+        for (const double conto : conti) impronta.Aggiungi(conto);
     }
     return impronta.Valore();
 }

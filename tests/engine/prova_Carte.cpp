@@ -35,11 +35,9 @@ TEST(Carte, LaDonnaDiQuadriSiScriveQQ)
 TEST(Carte, OgniTestoCompareSeiVolte)
 {
     std::map<std::string, int> volte;
-    for (std::int16_t codice = 1; codice <= CarteTaglia; ++codice)
-        ++volte[TestoCarta(codice)];
+    for (std::int16_t codice = 1; codice <= CarteTaglia; ++codice) ++volte[TestoCarta(codice)];
     EXPECT_EQ(volte.size(), 52U);
-    for (const auto& [testo, quante] : volte)
-        EXPECT_EQ(quante, 6) << testo;
+    for (const auto& [testo, quante] : volte) EXPECT_EQ(quante, 6) << testo;
 }
 
 TEST(Carte, NomiDeiValoriInOrdine)

@@ -63,8 +63,7 @@ TEST(SimulaTaglia, RigiocareLaStessaTagliaRidaGliStessiRecord)
     Posizione = 5;
     NumeroColpo = 1;
     FineTaglia = Falso;
-    for (std::size_t i = 1; i < colpi.size(); ++i)
-        EXPECT_EQ(GiocaColpo(), colpi[i]);
+    for (std::size_t i = 1; i < colpi.size(); ++i) EXPECT_EQ(GiocaColpo(), colpi[i]);
     EXPECT_EQ(FineTaglia, Vero);
 }
 
@@ -104,8 +103,7 @@ TEST(SimulaTaglia, RecordUgualiAiRecordDorati)
         for (const auto& mazzo : aiuti::MazziDorati(std::string(nome) + ".mazzi")) {
             ImpostaMazzo(mazzo);
             GiocaTaglia();
-            for (const auto& colpo : Colpi)
-                record.append(colpo).append("\n");
+            for (const auto& colpo : Colpi) record.append(colpo).append("\n");
         }
         EXPECT_EQ(record, aiuti::Dorato(std::string(nome) + ".colpi")) << nome;
     }

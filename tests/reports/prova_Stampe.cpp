@@ -71,8 +71,7 @@ std::string Html(const char* mazzi)
 std::size_t Conta(const std::string& testo, const std::string& pezzo)
 {
     std::size_t volte = 0;
-    for (auto p = testo.find(pezzo); p != std::string::npos; p = testo.find(pezzo, p + 1))
-        ++volte;
+    for (auto p = testo.find(pezzo); p != std::string::npos; p = testo.find(pezzo, p + 1)) ++volte;
     return volte;
 }
 
