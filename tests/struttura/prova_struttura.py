@@ -1,0 +1,105 @@
+"""The house plan, checked: who includes whom, who asks the system, who may know Qt."""
+
+import os
+import pathlib
+import re
+import subprocess
+import unittest
+
+RADICE = pathlib.Path(os.environ["RADICE"])
+
+# Folders that a folder may include, besides itself.
+PUO_INCLUDERE = {
+    "base": set(),
+    "platform": {"base"},
+    "engine": {"platform", "base"},
+    "pdf": {"platform", "base"},
+    "reports": {"engine", "pdf", "platform", "base"},
+    "cli": {"reports", "engine", "pdf", "platform", "base"},
+    "ui": {"reports", "engine", "pdf", "platform", "base"},
+}
+RIGHE_MASSIME = 500
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
+
+
+def sorgenti(*cartelle):
+    for cartella in cartelle:
+        for percorso in sorted((RADICE / cartella).rglob("*")):
+            if percorso.suffix in {".h", ".cpp"}:
+                yield cartella, percorso
+
+
+def inclusioni(percorso):
+    return INCLUDE.findall(percorso.read_text(encoding="utf-8"))
+
+
+class Struttura(unittest.TestCase):
+    def setUp(self):
+        self.prodotto = list(sorgenti(*PUO_INCLUDERE))
+        self.assertGreater(len(self.prodotto), 30)
+
+    def test_una_cartella_include_solo_quelle_sopra(self):
+        casa = {}
+        for cartella, percorso in self.prodotto:
+            if percorso.suffix == ".h":
+                self.assertNotIn(percorso.name, casa, "two headers of one name")
+                casa[percorso.name] = cartella
+        frecce = 0
+        for cartella, percorso in self.prodotto:
+            for segno, nome in inclusioni(percorso):
+                if segno == "<" and nome not in casa:
+                    continue
+                self.assertIn(nome, casa, f"{percorso}: {nome}")
+                frecce += 1
+                if casa[nome] != cartella:
+                    self.assertIn(casa[nome], PUO_INCLUDERE[cartella], f"{percorso}: {nome}")
+        self.assertGreater(frecce, 60)
+
+    def test_nessuna_inclusione_sale_con_due_punti(self):
+        tutto = self.prodotto + list(sorgenti("tests", "bench", "fuzz"))
+        for _, percorso in tutto:
+            for _, nome in inclusioni(percorso):
+                self.assertNotIn("..", nome, percorso)
+
+    def test_solo_platform_distingue_i_sistemi(self):
+        for cartella, percorso in self.prodotto:
+            if cartella == "platform":
+                continue
+            testo = percorso.read_text(encoding="utf-8")
+            self.assertNotRegex(testo, r"_WIN32|__linux__|__APPLE__", percorso)
+            for segno, nome in inclusioni(percorso):
+                proibito = nome in {"windows.h", "unistd.h", "fcntl.h", "csignal", "signal.h"}
+                self.assertFalse(proibito or nome.startswith("sys/"), f"{percorso}: {nome}")
+
+    def test_le_librerie_altrui_stanno_al_loro_posto(self):
+        for cartella, percorso in self.prodotto:
+            for _, nome in inclusioni(percorso):
+                if nome.startswith(("CLI/", "nlohmann/")):
+                    self.assertEqual(cartella, "cli", percorso)
+                if re.match(r"Q[A-Z]|Qt", nome):
+                    self.assertEqual(cartella, "ui", percorso)
+
+    def test_taglie_non_collega_qt(self):
+        legami = subprocess.run(
+            ["ldd", os.environ["TAGLIE"]], capture_output=True, text=True, check=True
+        ).stdout
+        self.assertIn("libc", legami)
+        self.assertNotIn("Qt", legami)
+
+    def test_il_motore_non_tocca_le_localizzazioni(self):
+        vietati = r"setlocale|std::locale|strtod|stod\b|stoi\b|atof|printf|ostringstream|istringstream"
+        for cartella, percorso in self.prodotto:
+            if cartella in {"base", "engine", "reports"}:
+                testo = percorso.read_text(encoding="utf-8")
+                self.assertNotRegex(testo, vietati, percorso)
+
+    def test_i_file_restano_piccoli(self):
+        esenti = {"clsPDFCreator.h", "FontWidths.cpp"}
+        for _, percorso in self.prodotto:
+            righe = len(percorso.read_text(encoding="utf-8").splitlines())
+            if percorso.name not in esenti:
+                self.assertLessEqual(righe, RIGHE_MASSIME, percorso)
+
+
+if __name__ == "__main__":
+    unittest.main()
