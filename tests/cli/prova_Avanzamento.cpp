@@ -1,0 +1,27 @@
+// The progress line's text.
+
+#include "Avanzamento.h"
+
+#include <gtest/gtest.h>
+
+using cli::TestoAvanzamento;
+
+TEST(TestoAvanzamento, FatteRitmoETempo)
+{
+    EXPECT_EQ(TestoAvanzamento(50, 200, 10), "50 taglie su 200 (25%), 5 al secondo, mancano 0:30");
+    EXPECT_EQ(TestoAvanzamento(200, 200, 10),
+              "200 taglie su 200 (100%), 20 al secondo, mancano 0:00");
+}
+
+TEST(TestoAvanzamento, OreEMinuti)
+{
+    EXPECT_EQ(TestoAvanzamento(1, 3662, 1), "1 taglie su 3662 (0%), 1 al secondo, mancano 1:01:01");
+    EXPECT_EQ(TestoAvanzamento(1, 601, 1), "1 taglie su 601 (0%), 1 al secondo, mancano 10:00");
+}
+
+TEST(TestoAvanzamento, SenzaTempoOSenzaFineNonLoDice)
+{
+    EXPECT_EQ(TestoAvanzamento(1, 2, 0), "1 taglie su 2 (50%)");
+    EXPECT_EQ(TestoAvanzamento(1, std::int64_t{1} << 53, 1),
+              "1 taglie su 9007199254740992 (0%), 1 al secondo");
+}

@@ -1,0 +1,149 @@
+// The arguments of the command: what each means and what is refused.
+
+#include "Opzioni.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+using namespace cli;
+
+namespace {
+
+// Exit code and message of refused arguments.
+std::pair<int, std::string> Rifiuto(const std::vector<std::string>& argomenti)
+{
+    try {
+        LeggiOpzioni(argomenti);
+    } catch (const ErroreComando& errore) {
+        return {errore.CodiceUscita(), errore.what()};
+    }
+    return {0, "accettato"};
+}
+
+} // namespace
+
+TEST(Opzioni, SenzaArgomentiUnReportDiTestoDiUnaTaglia)
+{
+    const Opzioni opzioni = LeggiOpzioni({});
+    EXPECT_EQ(opzioni.Taglie, std::nullopt);
+    EXPECT_EQ(opzioni.FormaReport, Forma::Txt);
+    EXPECT_TRUE(opzioni.Piena());
+    EXPECT_EQ(opzioni.Cartella, ".");
+    EXPECT_EQ(opzioni.Lavori, 1);
+    EXPECT_EQ(opzioni.Avanzamento, Avviso::Auto);
+    EXPECT_FALSE(opzioni.Apri || opzioni.Quieto || opzioni.Seme);
+}
+
+TEST(Opzioni, FormeBreviELunghe)
+{
+    const Opzioni brevi =
+        LeggiOpzioni({"12", "-f", "html", "-s", "-c", "/tmp", "-a", "-j", "3", "-q"});
+    const Opzioni lunghe = LeggiOpzioni({"--forma=html", "--statistiche", "--cartella=/tmp",
+                                         "--apri", "--lavori=3", "--quieto", "12"});
+    for (const auto& opzioni : {brevi, lunghe}) {
+        EXPECT_EQ(opzioni.Taglie, 12U);
+        EXPECT_EQ(opzioni.FormaReport, Forma::Html);
+        EXPECT_TRUE(opzioni.Statistiche);
+        EXPECT_FALSE(opzioni.Piena());
+        EXPECT_EQ(opzioni.Cartella, "/tmp");
+        EXPECT_TRUE(opzioni.Apri);
+        EXPECT_EQ(opzioni.Lavori, 3);
+        EXPECT_TRUE(opzioni.Quieto);
+    }
+}
+
+TEST(Opzioni, DatiSenzaFormaNonVoglionoReport)
+{
+    EXPECT_EQ(LeggiOpzioni({"--dati", "json"}).FormaReport, Forma::Nessuna);
+    EXPECT_EQ(LeggiOpzioni({"--dati", "csv", "-f", "txt"}).FormaReport, Forma::Txt);
+    EXPECT_EQ(LeggiOpzioni({"-f", "html", "--dati", "csv"}).Dati, FormaDati::Csv);
+}
+
+TEST(Opzioni, SeparatoriScelti)
+{
+    EXPECT_EQ(LeggiOpzioni({"--numeri", "it"}).Numeri, (Separatori{",", "."}));
+    EXPECT_EQ(LeggiOpzioni({"--numeri", "c"}).Numeri, (Separatori{".", ""}));
+    EXPECT_EQ(LeggiOpzioni({"--numeri", "sistema"}).Numeri, SeparatoriUtente());
+    EXPECT_EQ(LeggiOpzioni({}).Numeri, SeparatoriUtente());
+}
+
+TEST(Opzioni, SemeDiSessantaquattroBit)
+{
+    EXPECT_EQ(LeggiOpzioni({"--seme", "0"}).Seme, 0U);
+    EXPECT_EQ(LeggiOpzioni({"--seme", "18446744073709551615"}).Seme, ~std::uint64_t{0});
+    for (const auto* seme : {"18446744073709551616", "-1", "+1", "1e3", "0x10", "7 ", ""}) {
+        EXPECT_EQ(Rifiuto({"--seme", seme}).first, 2) << seme;
+    }
+}
+
+TEST(Opzioni, NumeroDiTaglie)
+{
+    EXPECT_EQ(LeggiOpzioni({"9007199254740992"}).Taglie, std::uint64_t{1} << 53);
+    EXPECT_EQ(LeggiOpzioni({"007"}).Taglie, 7U);
+    for (const auto* numero : {"-1", "1e3", "1.5", "1,5", "+1", " 1", "uno", "0x5"}) {
+        const auto [codice, testo] = Rifiuto({numero});
+        EXPECT_EQ(codice, 2) << numero;
+        EXPECT_EQ(testo,
+                  std::string("numero di taglie: \"") + numero + "\" non è un numero intero");
+    }
+    EXPECT_EQ(Rifiuto({"0"}), std::pair(2, std::string("numero di taglie: deve essere almeno 1")));
+    EXPECT_EQ(Rifiuto({"00"}).first, 2);
+    EXPECT_EQ(Rifiuto({"9007199254740993"}).first, 3);
+    EXPECT_EQ(Rifiuto({"18446744073709551616"}).first, 3);
+    EXPECT_EQ(Rifiuto({"99999999999999999999999"}).first, 3);
+}
+
+TEST(Opzioni, ArgomentiSconosciutiODiTroppo)
+{
+    EXPECT_EQ(Rifiuto({"--boh"}), std::pair(2, std::string("--boh: opzione sconosciuta")));
+    EXPECT_EQ(Rifiuto({"-x"}), std::pair(2, std::string("-x: opzione sconosciuta")));
+    EXPECT_EQ(Rifiuto({"3", "4"}), std::pair(2, std::string("4: argomento di troppo")));
+    EXPECT_EQ(Rifiuto({"--seme"}), std::pair(2, std::string("--seme: manca il valore")));
+    EXPECT_EQ(Rifiuto({"-f", "doc"}).second,
+              "--forma: \"doc\" non è tra html, nessuna, pdf, txt, video");
+    EXPECT_EQ(Rifiuto({"--dati", "xml"}).second, "--dati: \"xml\" non è tra csv, json");
+    EXPECT_EQ(Rifiuto({"--numeri", "fr"}).second, "--numeri: \"fr\" non è tra c, it, sistema");
+    EXPECT_EQ(Rifiuto({"--avanzamento", "x"}).second,
+              "--avanzamento: \"x\" non è tra auto, mai, sempre");
+}
+
+TEST(Opzioni, Lavori)
+{
+    EXPECT_GE(LeggiOpzioni({"-s", "-j", "0"}).Lavori, 1);
+    EXPECT_EQ(LeggiOpzioni({"-s", "-j", "256"}).Lavori, 256);
+    EXPECT_EQ(LeggiOpzioni({"-j", "1"}).Lavori, 1); // one job suits a full report, too
+    for (const auto* lavori : {"257", "-1", "x", "1e1"}) {
+        EXPECT_EQ(Rifiuto({"-s", "-j", lavori}).first, 2) << lavori;
+    }
+    EXPECT_EQ(Rifiuto({"-j", "2"}).first, 2);
+    EXPECT_EQ(Rifiuto({"-j", "2", "-f", "html"}).first, 2);
+    EXPECT_EQ(Rifiuto({"-j", "2", "-f", "nessuna"}).first, 0);
+    EXPECT_EQ(Rifiuto({"-s", "-j", "2", "--colpi", "c"}).first, 2);
+    EXPECT_EQ(Rifiuto({"-s", "-j", "2", "--salva-mazzi", "m"}).first, 2);
+}
+
+TEST(Opzioni, Contraddizioni)
+{
+    EXPECT_EQ(Rifiuto({"--mazzi", "m", "--seme", "1"}).first, 2);
+    EXPECT_EQ(Rifiuto({"-a", "-f", "nessuna"}).first, 2);
+    EXPECT_EQ(Rifiuto({"-a", "--dati", "json"}).first, 2);
+    EXPECT_EQ(Rifiuto({"--mazzi", ""}).first, 2);
+    EXPECT_EQ(Rifiuto({"-c", ""}).first, 2);
+}
+
+TEST(Opzioni, AiutoEVersionePrimaDiOgniControllo)
+{
+    EXPECT_TRUE(LeggiOpzioni({"--help", "-f", "doc"}).Aiuto);
+    EXPECT_TRUE(LeggiOpzioni({"-V"}).Versione);
+    EXPECT_EQ(TestoVersione(), "taglie 1.0.0\n");
+}
+
+TEST(Opzioni, LeFormeCheMancanoSonoRifiutateChiaramente)
+{
+    EXPECT_EQ(Rifiuto({"-f", "pdf"}),
+              std::pair(3, std::string("forma pdf: non è ancora disponibile in questa versione")));
+    EXPECT_EQ(Rifiuto({"-f", "video"}).first, 3);
+}
