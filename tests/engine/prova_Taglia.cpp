@@ -119,6 +119,20 @@ TEST(GiocaTaglia, LaPassataDiConteggioPartePosizioneMaIlRecordDaCinque)
     EXPECT_EQ(Colpi[1], "1,N,C,32,33,KP#9C#5F#8Q,10F#QC#7P#6Q");
 }
 
+TEST(GiocaTaglia, UnNumeroDiColpoOltreSediciBitEOverflow)
+{
+    AvviaSeme(1, 1);
+    MescolaMazzo();
+    NumeroColpo = 32760;
+    try {
+        GiocaTaglia();
+        FAIL() << "no error";
+    } catch (const ErroreRuntime& errore) {
+        EXPECT_EQ(static_cast<int>(errore.Numero()), 6);
+        EXPECT_EQ(errore.Testo(), "Overflow");
+    }
+}
+
 TEST(CarteAnnullate, ZeroELePrimeCinque)
 {
     PreparaMazzo({"6C", "10Q", "5C", "9C", "5F"}, 0);
