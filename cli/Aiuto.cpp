@@ -26,7 +26,7 @@ Report:
       --numeri COME        separatori dei numeri: sistema (normale), it o c
 
 Taglie:
-      --seme S             mescolate ripetibili; S va da 0 a 18446744073709551615
+      --seme S             mescolate ripetibili; S da 0 a 18446744073709551615
       --mazzi FILE         gioca le taglie di FILE, una per riga, invece di
                            mescolare; "-" è lo standard input
       --salva-mazzi FILE   scrive ogni taglia, nella forma che --mazzi legge

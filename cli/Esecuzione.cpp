@@ -15,6 +15,7 @@
 #include "Stampe.h"
 #include "modCarte.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -32,8 +33,13 @@ void ScriviUscita(const std::string& testo)
     ScriviSuDescrittore(UscitaStandard, testo, "uscita standard");
 }
 
-void ScriviErrore(const std::string& testo) noexcept
+// One line whatever bytes an argument or a file name holds, and no commands for the terminal.
+void ScriviErrore(std::string testo) noexcept
 {
+    constexpr char cancella = 0x7f;
+    std::replace_if(
+        testo.begin(), testo.end(), [](char c) { return (c >= 0 && c < ' ') || c == cancella; },
+        '?');
     std::fputs(("taglie: " + testo + "\n").c_str(), stderr);
 }
 
@@ -78,7 +84,8 @@ bool StessoNome(const std::string& uno, const std::string& altro)
     if (StessoFile(uno, altro)) return true;
     std::error_code errore;
     const auto completo = [&errore](const std::string& nome) {
-        return std::filesystem::weakly_canonical(nome, errore);
+        // Absolute first: of a name that does not exist the rest is taken as it stands.
+        return std::filesystem::weakly_canonical(std::filesystem::absolute(nome, errore), errore);
     };
     return completo(uno) == completo(altro) && !errore;
 }

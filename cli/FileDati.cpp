@@ -2,10 +2,29 @@
 
 #include "ErroreRuntime.h"
 
+#include <filesystem>
+#include <system_error>
+
 namespace cli {
 
+namespace {
+
+// A name that the user gave may well be a link on purpose (a device's name is one): replacing it
+// would take away something that is in use elsewhere.
+const std::string& SenzaCollegamento(const std::string& percorso)
+{
+    std::error_code errore;
+    if (std::filesystem::is_symlink(percorso, errore)) {
+        throw ErroreRuntime(NumeroErrore::AccessoAlFile,
+                            "è un collegamento, serve il nome di un file ordinario", percorso);
+    }
+    return percorso;
+}
+
+} // namespace
+
 FileDati::FileDati(const std::string& percorso)
-    : m_file(percorso)
+    : m_file(SenzaCollegamento(percorso))
 {
     m_file.Conserva();
 }

@@ -8,7 +8,8 @@
 namespace cli {
 
 // A text file that grows by whole shoes. A failed or stopped run leaves the whole shoes written so
-// far. It is created as safely as a report: an old one of this user is replaced.
+// far. It is created as safely as a report: an old one of this user is replaced, but a link is an
+// error.
 class FileDati
 {
 public:

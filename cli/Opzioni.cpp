@@ -36,9 +36,13 @@ struct Grezze
         Rifiuta(primo, opzione ? "opzione sconosciuta" : "argomento di troppo");
     }
     const std::string testo = errore.what();
-    const auto nome = testo.substr(0, testo.find(':'));
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&errore) != nullptr) {
-        Rifiuta(nome, "manca il valore");
+        const auto fine = testo.find(':');
+        // A value given to a switch is told by the switch's bare name, without a colon.
+        if (fine == std::string::npos) {
+            Rifiuta("--" + testo.substr(0, testo.find(' ')), "non vuole un valore");
+        }
+        Rifiuta(testo.substr(0, fine), "manca il valore");
     }
     Rifiuta("argomenti", testo);
 }
@@ -128,6 +132,7 @@ void Dichiara(CLI::App& lettore, Grezze& grezze, Opzioni& opzioni)
 {
     lettore.set_help_flag("");
     lettore.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    lettore.option_defaults()->disable_flag_override();
     lettore.add_option("N", grezze.Taglie)->multi_option_policy(CLI::MultiOptionPolicy::Throw);
     lettore.add_option("-f,--forma", grezze.Forma);
     lettore.add_flag("-s,--statistiche", opzioni.Statistiche);

@@ -148,7 +148,7 @@ bool LeggiRighe(const std::string& percorso, std::size_t massimo,
     std::vector<char> blocco(64 * 1024);
     for (;;) {
         const auto letti = Leggi(ingresso.Descrittore(), blocco.data(), blocco.size());
-        if (letti == 0) return righe.Finisci();
+        if (letti == 0) return !fermare() && righe.Finisci();
         if (letti < 0) {
             if (errno != EINTR) throw ErroreSistema(errno, percorso);
             if (fermare()) return false;

@@ -2,6 +2,7 @@
 
 #include "ErroreRuntime.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -18,9 +19,11 @@ namespace {
 void PretendiCartella(const std::string& cartella)
 {
     std::error_code errore;
-    if (!std::filesystem::is_directory(cartella, errore)) {
-        throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella non esiste", cartella);
-    }
+    const auto voce = std::filesystem::status(cartella, errore);
+    if (std::filesystem::is_directory(voce)) return;
+    throw ErroreRuntime(
+        NumeroErrore::PercorsoNonTrovato,
+        std::filesystem::exists(voce) ? "non è una cartella" : "la cartella non esiste", cartella);
 }
 
 } // namespace
@@ -37,7 +40,11 @@ std::string CartellaCompleta(const std::string& cartella)
 {
     PretendiCartella(cartella);
     std::error_code errore;
-    const auto assoluta = std::filesystem::absolute(cartella, errore).lexically_normal();
+    const std::filesystem::path data(cartella);
+    // ".." after a link leads to the parent of the link's target, which only the system knows.
+    const bool risale = std::find(data.begin(), data.end(), "..") != data.end();
+    const auto assoluta = risale ? std::filesystem::canonical(data, errore)
+                                 : std::filesystem::absolute(data, errore).lexically_normal();
     if (errore) {
         throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella corrente non esiste",
                             cartella);

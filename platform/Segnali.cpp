@@ -6,6 +6,7 @@
 #ifdef _WIN32
 #include <io.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -13,6 +14,19 @@ namespace {
 
 constinit std::atomic<bool> chiesta = false;
 static_assert(std::atomic<bool>::is_always_lock_free);
+
+#ifndef _WIN32
+// A file of ours must not take the number of a channel that the caller has closed: messages would
+// end up in it. What stands in can be neither read nor written, so that using it stays an error.
+void OccupaCanaliChiusi()
+{
+    for (const int canale : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(canale, F_GETFD) >= 0) continue;
+        [[maybe_unused]] const int preso =
+            ::open("/dev/null", canale == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
+#endif
 
 extern "C" void Segna(int /*segnale*/)
 {
@@ -27,6 +41,7 @@ void AscoltaInterruzioni()
     std::signal(SIGINT, Segna);
     std::signal(SIGTERM, Segna);
 #else
+    OccupaCanaliChiusi();
     struct sigaction azione = {};
     azione.sa_handler = Segna;
     // No SA_RESTART: a read that waits must come back and ask.

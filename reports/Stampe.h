@@ -6,6 +6,7 @@
 
 #include "GiroTaglie.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>

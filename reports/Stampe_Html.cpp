@@ -61,7 +61,8 @@ void Scarica(FileNuovo& file, std::string& testo)
     testo.clear();
 }
 
-void CimaPagina(FileNuovo& file, std::string& testo, double numeroTaglie, std::int64_t taglie)
+// False when asked to stop: the links of very many shoes take a while.
+bool CimaPagina(FileNuovo& file, std::string& testo, double numeroTaglie, std::int64_t taglie)
 {
     constexpr std::size_t pieno = 64 * 1024; // any number of links takes no more memory than this
     Riga(testo,
@@ -74,11 +75,15 @@ void CimaPagina(FileNuovo& file, std::string& testo, double numeroTaglie, std::i
         for (std::int64_t i = 2; i <= taglie; ++i) {
             const std::string numero = TestoNumero(i);
             Riga(testo, "<a href=\"#", numero, "\">", numero, "</a>");
-            if (testo.size() > pieno) Scarica(file, testo);
+            if (testo.size() > pieno) {
+                Scarica(file, testo);
+                if (AmbienteInUso.Fermare()) return false;
+            }
         }
     }
     Riga(testo, "</div>");
     Riga(testo, "<br>");
+    return true;
 }
 
 // ---- A shoe ----------------------------------------------------------------------------------
@@ -279,7 +284,7 @@ std::optional<TotaliReport> StampaHtml(double numeroTaglie)
     FileNuovo file(PercorsoReport(NomeHtml));
     std::string testo;
     Testa(testo, FoglioStile::Completo);
-    CimaPagina(file, testo, numeroTaglie, taglie);
+    if (!CimaPagina(file, testo, numeroTaglie, taglie)) return std::nullopt;
     Scarica(file, testo);
 
     const auto totali = EseguiPiene(taglie, [&](std::int64_t taglia, const CifreTaglia& cifre) {

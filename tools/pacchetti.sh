@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Installs Debian packages that are missing. Sourced by the scripts that need some.
 #
 # installa_pacchetti NAME...: prints what it does on standard error; asks for no password where
@@ -13,13 +14,13 @@ installa_pacchetti() {
         return 0
     fi
     echo "Pacchetti: installo ${mancanti[*]}" >&2
-    local radice=()
+    local come_root=()
     if [ "$(id -u)" -ne 0 ]; then
         command -v sudo >/dev/null ||
             { echo "Servono i diritti di root (o sudo) per installare: ${mancanti[*]}" >&2; return 1; }
-        radice=(sudo)
+        come_root=(sudo)
     fi
-    "${radice[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -q update >&2 &&
-        "${radice[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C \
+    "${come_root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -q update >&2 &&
+        "${come_root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C \
             apt-get -q install -y --no-install-recommends "${mancanti[@]}" >&2
 }

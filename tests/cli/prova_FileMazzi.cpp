@@ -138,6 +138,8 @@ TEST(LeggiMazzi, IPrimiNeNonDiPiu)
     EXPECT_EQ(LeggiMazzi(nome, 2, mai)->size(), 2U);
     EXPECT_EQ(LeggiMazzi(nome, 5, mai)->size(), 3U);
     EXPECT_EQ(LeggiMazzi(nome, 5, [] { return true; }), std::nullopt);
+    std::ofstream(nome).flush(); // empty: even at the end of the file the request to stop counts
+    EXPECT_EQ(LeggiMazzi(nome, 5, [] { return true; }), std::nullopt);
     std::ofstream(nome) << "# niente\n";
     EXPECT_THROW(LeggiMazzi(nome, std::nullopt, mai), ErroreRuntime);
 }

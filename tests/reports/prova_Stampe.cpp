@@ -324,12 +324,25 @@ TEST(StampaHtml, MoltissimiLinkNonStannoTuttiInMemoria)
     // Stopped after the first shoe: the links of the page's top are written already.
     AmbienteDiProva prova;
     std::uintmax_t scritti = 0;
-    AmbienteInUso.Fermare = [&] {
+    bool ferma = false;
+    AmbienteInUso.TagliaFatta = [&](std::int64_t) {
         scritti = std::filesystem::file_size(prova.Cartella.File("taglie.htm"));
-        return true;
+        ferma = true;
     };
+    AmbienteInUso.Fermare = [&] { return ferma; };
     EXPECT_EQ(StampaHtml(40000), std::nullopt);
     EXPECT_GT(scritti, 39999U * 20);
+}
+
+TEST(StampaHtml, SiFermaAncheFraILink)
+{
+    AmbienteDiProva prova;
+    int fatte = 0;
+    AmbienteInUso.TagliaFatta = [&](std::int64_t) { ++fatte; };
+    AmbienteInUso.Fermare = [] { return true; };
+    EXPECT_EQ(StampaHtml(9007199254740992.0), std::nullopt);
+    EXPECT_EQ(fatte, 0);
+    EXPECT_TRUE(prova.Cartella.Contenuto().empty());
 }
 
 TEST(StampaTxt, NumeroConDecimaliRestaDoveSiStampaESiDivide)
