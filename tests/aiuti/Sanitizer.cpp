@@ -5,5 +5,5 @@ extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions()
 {
     // newlocale(3) of the C library forgets its copy of LOCPATH on one of its ways out.
-    return "leak:__argz_add_sep\n";
+    return "leak:argz_add_sep\n";
 }

@@ -26,9 +26,6 @@ ATTESA = 120
 
 MASSIMO = 2**53
 
-# Heeded by a program with sanitizers only.
-PERDITE = f"suppressions={Path(__file__).resolve().parent}/perdite_altrui.supp:print_suppressions=0"
-
 
 class Esito(NamedTuple):
     codice: int
@@ -40,7 +37,7 @@ def ambiente(locale="C", **altre):
     """The environment with one locale for everything and further variables."""
     base = {k: v for k, v in os.environ.items()
             if not k.startswith("LC_") and k not in ("LANG", "LANGUAGE")}
-    return {**base, "LC_ALL": locale, "LSAN_OPTIONS": PERDITE, **altre}
+    return {**base, "LC_ALL": locale, **altre}
 
 
 def aspetta(condizione, cosa, secondi=ATTESA):
