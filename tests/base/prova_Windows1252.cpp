@@ -1,0 +1,220 @@
+// The code page of the files, by hand and against a foreign converter.
+
+#include "Windows1252.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+#include <optional>
+#include <set>
+#include <string>
+
+#include <iconv.h>
+
+namespace {
+
+std::string Utf8(char32_t carattere)
+{
+    std::string testo;
+    AggiungiUtf8(testo, carattere);
+    return testo;
+}
+
+std::string UnByte(unsigned codice)
+{
+    return {static_cast<char>(static_cast<unsigned char>(codice))};
+}
+
+// The system's converter.
+class Convertitore
+{
+public:
+    Convertitore(const char* in, const char* da)
+        : m_canale(::iconv_open(in, da))
+    {
+    }
+    ~Convertitore()
+    {
+        if (Pronto()) ::iconv_close(m_canale);
+    }
+    Convertitore(const Convertitore&) = delete;
+    Convertitore& operator=(const Convertitore&) = delete;
+
+    // iconv_open returns the pointer form of -1 on failure.
+    bool Pronto() const { return reinterpret_cast<std::intptr_t>(m_canale) != -1; }
+
+    // Nothing when the text has no form on the other side.
+    std::optional<std::string> Converti(std::string testo)
+    {
+        std::array<char, 16> uscita{};
+        char* da = testo.data();
+        char* a = uscita.data();
+        std::size_t restano = testo.size();
+        std::size_t posto = uscita.size();
+        ::iconv(m_canale, nullptr, nullptr, nullptr, nullptr);
+        if (::iconv(m_canale, &da, &restano, &a, &posto) != 0) return std::nullopt;
+        return std::string(uscita.data(), uscita.size() - posto);
+    }
+
+private:
+    iconv_t m_canale;
+};
+
+const std::set<unsigned> Indefiniti = {0x81, 0x8D, 0x8F, 0x90, 0x9D};
+
+} // namespace
+
+TEST(InWindows1252, IVentisetteCaratteriDaOttantaANovantanove)
+{
+    EXPECT_EQ(InWindows1252("€‚ƒ„…†‡"), "\x80\x82\x83\x84\x85\x86\x87");
+    EXPECT_EQ(InWindows1252("ˆ‰Š‹ŒŽ"), "\x88\x89\x8A\x8B\x8C\x8E");
+    EXPECT_EQ(InWindows1252("‘’“”•–—"), "\x91\x92\x93\x94\x95\x96\x97");
+    EXPECT_EQ(InWindows1252("˜™š›œžŸ"), "\x98\x99\x9A\x9B\x9C\x9E\x9F");
+}
+
+TEST(InWindows1252, ICinqueCodiciIndefinitiRestanoSeStessi)
+{
+    EXPECT_EQ(InWindows1252("\u0081\u008D\u008F\u0090\u009D"), "\x81\x8D\x8F\x90\x9D");
+    EXPECT_TRUE(EntraInWindows1252("\u0081\u008D\u008F\u0090\u009D"));
+}
+
+TEST(InWindows1252, AsciiEDaA0InPoiIlCodiceStesso)
+{
+    EXPECT_EQ(InWindows1252("Carte: 10\r\n\t~\x7F"), "Carte: 10\r\n\t~\x7F");
+    EXPECT_EQ(InWindows1252(std::string("a\0b", 3)), std::string("a\0b", 3));
+    EXPECT_EQ(InWindows1252("31 après"), "31 apr\xE8s");
+    EXPECT_EQ(InWindows1252("\u00A0ÀÿÈ"), "\xA0\xC0\xFF\xC8");
+    EXPECT_EQ(InWindows1252(""), "");
+}
+
+TEST(InWindows1252, UnCarattereEstraneoEUnPuntoInterrogativo)
+{
+    EXPECT_EQ(InWindows1252("\u202F"), "?");
+    EXPECT_EQ(InWindows1252("aЖb♥c"), "a?b?c");
+    EXPECT_EQ(InWindows1252("\U0001F0A1"), "?");
+    EXPECT_EQ(InWindows1252("\u0080\u0085\u009F"), "???"); // these codes hold other characters
+    EXPECT_EQ(InWindows1252("\U0010FFFF"), "?");
+}
+
+TEST(InWindows1252, OgniByteCheNonEUtf8EUnPuntoInterrogativo)
+{
+    EXPECT_EQ(InWindows1252("\xE8"), "?");
+    EXPECT_EQ(InWindows1252("a\xE8z"), "a?z");
+    EXPECT_EQ(InWindows1252("\x80\xBF"), "??"); // continuations of nothing
+    EXPECT_EQ(InWindows1252("\xC3("), "?(");
+    EXPECT_EQ(InWindows1252("\xE2\x82z"), "??z");
+    EXPECT_EQ(InWindows1252("\xFE\xFF"), "??");
+    EXPECT_EQ(InWindows1252("\xF8\x88\x80\x80\x80"), "?????");
+}
+
+TEST(InWindows1252, LeFormeTroppoLungheNonValgono)
+{
+    EXPECT_EQ(InWindows1252("\xC0\x80"), "??");
+    EXPECT_EQ(InWindows1252("\xC0\xAF"), "??");
+    EXPECT_EQ(InWindows1252("\xC1\xBF"), "??");
+    EXPECT_EQ(InWindows1252("\xE0\x80\xAF"), "???");
+    EXPECT_EQ(InWindows1252("\xE0\x9F\xBF"), "???");
+    EXPECT_EQ(InWindows1252("\xE0\x83\xA8"), "???"); // would be "è"
+    EXPECT_EQ(InWindows1252("\xF0\x82\x82\xAC"), "????");
+}
+
+TEST(InWindows1252, SurrogatiEOltreLUltimoCarattereNonValgono)
+{
+    EXPECT_EQ(InWindows1252("\xED\xA0\x80"), "???");
+    EXPECT_EQ(InWindows1252("\xED\xBF\xBF"), "???");
+    EXPECT_EQ(InWindows1252("\xED\x9F\xBF"), "?"); // the last before them is a character
+    EXPECT_EQ(InWindows1252("\xF4\x90\x80\x80"), "????");
+    EXPECT_EQ(InWindows1252("\xF5\x80\x80\x80"), "????");
+}
+
+TEST(InWindows1252, UnaSequenzaTroncataNonLeggeOltre)
+{
+    EXPECT_EQ(InWindows1252("abc\xC3"), "abc?");
+    EXPECT_EQ(InWindows1252("abc\xE2\x82"), "abc??");
+    EXPECT_EQ(InWindows1252("abc\xF0\x9F\x82"), "abc???");
+    const std::string_view testo = "è€";
+    EXPECT_EQ(InWindows1252(testo.substr(0, 1)), "?");
+    EXPECT_EQ(InWindows1252(testo.substr(0, 4)), "\xE8??");
+}
+
+TEST(InWindows1252, DopoUnErroreIlRestoSiLegge)
+{
+    EXPECT_EQ(InWindows1252("\xE2\xC3\xA8"), "?\xE8");
+    EXPECT_EQ(InWindows1252("\xF0\x9F€"), "??\x80");
+}
+
+TEST(EntraInWindows1252, SoloSeTuttoHaUnPosto)
+{
+    EXPECT_TRUE(EntraInWindows1252(""));
+    EXPECT_TRUE(EntraInWindows1252("1.234,5 € è\u00A0"));
+    EXPECT_FALSE(EntraInWindows1252("è\u202F"));
+    EXPECT_FALSE(EntraInWindows1252("\u202Fè"));
+    EXPECT_FALSE(EntraInWindows1252("a\xE8"));
+    EXPECT_FALSE(EntraInWindows1252("\u0080"));
+    EXPECT_TRUE(EntraInWindows1252("?")); // a question mark of its own is no failure
+}
+
+TEST(Windows1252, TuttiI256CodiciComePerUnAltroDecodificatore)
+{
+    Convertitore decodificatore("UTF-8", "CP1252");
+    if (!decodificatore.Pronto()) GTEST_SKIP() << "no CP1252 among the system's converters";
+    for (unsigned codice = 0; codice < 256; ++codice) {
+        const auto utf8 = decodificatore.Converti(UnByte(codice));
+        EXPECT_EQ(utf8.has_value(), Indefiniti.count(codice) == 0) << codice;
+        const std::string testo = utf8.value_or(Utf8(codice));
+        EXPECT_EQ(InWindows1252(testo), UnByte(codice)) << codice;
+        EXPECT_TRUE(EntraInWindows1252(testo)) << codice;
+    }
+}
+
+TEST(Windows1252, TuttiICaratteriComePerUnAltroCodificatore)
+{
+    Convertitore codificatore("CP1252", "UTF-8");
+    if (!codificatore.Pronto()) GTEST_SKIP() << "no CP1252 among the system's converters";
+    int diversi = 0;
+    int dentro = 0;
+    for (char32_t carattere = 0; carattere <= 0x10FFFF; ++carattere) {
+        const bool surrogato = carattere >= 0xD800 && carattere <= 0xDFFF;
+        const bool etichetta = carattere >= 0xE0000 && carattere <= 0xE007F; // that one drops them
+        if (surrogato || etichetta || Indefiniti.count(carattere) != 0) continue;
+        const std::string utf8 = Utf8(carattere);
+        const auto atteso = codificatore.Converti(utf8);
+        if (atteso) ++dentro;
+        if (InWindows1252(utf8) != atteso.value_or("?")) ++diversi;
+        if (EntraInWindows1252(utf8) != atteso.has_value()) ++diversi;
+    }
+    EXPECT_EQ(diversi, 0);
+    EXPECT_EQ(dentro, 251);
+}
+
+TEST(AggiungiUtf8, LunghezzeDaUnoAQuattro)
+{
+    EXPECT_EQ(Utf8(0), std::string(1, '\0'));
+    EXPECT_EQ(Utf8(0x7F), "\x7F");
+    EXPECT_EQ(Utf8(0x80), "\xC2\x80");
+    EXPECT_EQ(Utf8(0x7FF), "\xDF\xBF");
+    EXPECT_EQ(Utf8(0x800), "\xE0\xA0\x80");
+    EXPECT_EQ(Utf8(0x202F), "\xE2\x80\xAF");
+    EXPECT_EQ(Utf8(0xFFFF), "\xEF\xBF\xBF");
+    EXPECT_EQ(Utf8(0x10000), "\xF0\x90\x80\x80");
+    EXPECT_EQ(Utf8(0x10FFFF), "\xF4\x8F\xBF\xBF");
+}
+
+TEST(AggiungiUtf8, SurrogatiEOltreSonoUnPuntoInterrogativo)
+{
+    EXPECT_EQ(Utf8(0xD7FF), "\xED\x9F\xBF");
+    EXPECT_EQ(Utf8(0xD800), "?");
+    EXPECT_EQ(Utf8(0xDFFF), "?");
+    EXPECT_EQ(Utf8(0xE000), "\xEE\x80\x80");
+    EXPECT_EQ(Utf8(0x110000), "?");
+    EXPECT_EQ(Utf8(0xFFFFFFFF), "?");
+}
+
+TEST(AggiungiUtf8, SiAggiungeInFondo)
+{
+    std::string testo = "a";
+    AggiungiUtf8(testo, 0x20AC);
+    AggiungiUtf8(testo, 'b');
+    EXPECT_EQ(testo, "a€b");
+}

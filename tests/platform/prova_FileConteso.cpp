@@ -1,0 +1,243 @@
+// Is there an entry of this name, and does somebody hold the file?
+
+#include "FileConteso.h"
+
+#include "Aiuti.h"
+#include "Utente.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using aiuti::CartellaDiProva;
+using aiuti::Riuscito;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A file of our own in a folder of its own.
+class FileDiProva
+{
+public:
+    FileDiProva() { std::ofstream(m_cartella.File("f")) << "testo"; }
+    std::string Nome() const { return m_cartella.Nome() + "f"; }
+
+    // Whether this file system can tell at all who has a file open.
+    bool SiPuoSapere() const
+    {
+        const int descrittore = ::open(Nome().c_str(), O_RDONLY | O_CLOEXEC);
+        const bool preso = ::fcntl(descrittore, F_SETLEASE, F_WRLCK) == 0;
+        ::close(descrittore);
+        return preso;
+    }
+
+private:
+    CartellaDiProva m_cartella;
+};
+
+// Another process that has done something to a file and now waits, holding it, for its end.
+class Altro
+{
+public:
+    explicit Altro(const std::function<void()>& prende)
+        : m_processo([this, &prende] {
+            prende();
+            EXPECT_EQ(::write(m_tubo[1], testing::Test::HasFailure() ? "n" : "s", 1), 1);
+            for (;;) ::pause();
+        })
+    {
+        char pronto = 'n';
+        EXPECT_EQ(::read(m_tubo[0], &pronto, 1), 1);
+        EXPECT_EQ(pronto, 's');
+    }
+    ~Altro()
+    {
+        for (const int capo : m_tubo) ::close(capo);
+    }
+    Altro(const Altro&) = delete;
+    Altro& operator=(const Altro&) = delete;
+
+private:
+    std::array<int, 2> m_tubo = NuovoTubo();
+    aiuti::Figlio m_processo;
+
+    static std::array<int, 2> NuovoTubo()
+    {
+        std::array<int, 2> tubo{};
+        EXPECT_EQ(::pipe2(tubo.data(), O_CLOEXEC), 0);
+        return tubo;
+    }
+};
+
+std::function<void()> Apre(const std::string& percorso, int modo)
+{
+    return [percorso, modo] { EXPECT_GE(::open(percorso.c_str(), modo), 0); };
+}
+
+#define SALTA_SE_NON_SI_PUO_SAPERE(file)                                                           \
+    if (!(file).SiPuoSapere()) GTEST_SKIP() << "no leases on this file system"
+
+} // namespace
+
+TEST(VoceTrovata, QualunqueVoceDellaCartella)
+{
+    const CartellaDiProva cartella;
+    std::ofstream(cartella.File("file")) << "x";
+    fs::create_directory(cartella.File("cartella"));
+    fs::create_symlink("file", cartella.File("collegamento"));
+    fs::create_symlink("nulla", cartella.File("penzolante"));
+    fs::create_symlink("anello", cartella.File("anello"));
+    ASSERT_EQ(::mkfifo(cartella.File("fifo").c_str(), 0600), 0);
+    for (const char* nome :
+         {"file", "cartella", "collegamento", "penzolante", "anello", "fifo", ""}) {
+        EXPECT_TRUE(VoceTrovata(cartella.Nome() + nome)) << nome;
+    }
+}
+
+TEST(VoceTrovata, CioCheMancaNo)
+{
+    const CartellaDiProva cartella;
+    std::ofstream(cartella.File("file")) << "x";
+    for (const char* nome : {"nulla", "File", "nulla/file", "file/x"}) {
+        EXPECT_FALSE(VoceTrovata(cartella.Nome() + nome)) << nome;
+    }
+    EXPECT_FALSE(VoceTrovata(""));
+    EXPECT_FALSE(VoceTrovata(cartella.Nome() + std::string(300, 'x')));
+}
+
+TEST(FileOccupato, UnFileLiberoNo)
+{
+    const FileDiProva file;
+    EXPECT_FALSE(FileOccupato(file.Nome()));
+    EXPECT_FALSE(FileOccupato(file.Nome())); // and asking does not hold it
+}
+
+TEST(FileOccupato, ApertoDaUnAltroProcessoSi)
+{
+    const FileDiProva file;
+    SALTA_SE_NON_SI_PUO_SAPERE(file);
+    for (const int modo : {O_RDONLY, O_WRONLY, O_RDWR, O_WRONLY | O_APPEND}) {
+        {
+            const Altro altro(Apre(file.Nome(), modo));
+            EXPECT_TRUE(FileOccupato(file.Nome())) << modo;
+        }
+        EXPECT_FALSE(FileOccupato(file.Nome())) << modo;
+    }
+}
+
+TEST(FileOccupato, ApertoDaQuestoProcessoSi)
+{
+    const FileDiProva file;
+    SALTA_SE_NON_SI_PUO_SAPERE(file);
+    for (const int modo : {O_RDONLY, O_WRONLY, O_RDWR}) {
+        const int descrittore = ::open(file.Nome().c_str(), modo | O_CLOEXEC);
+        ASSERT_GE(descrittore, 0);
+        EXPECT_TRUE(FileOccupato(file.Nome())) << modo;
+        ::close(descrittore);
+        EXPECT_FALSE(FileOccupato(file.Nome())) << modo;
+    }
+}
+
+TEST(FileOccupato, ApertoConUnAltroNomeSi)
+{
+    const FileDiProva file;
+    SALTA_SE_NON_SI_PUO_SAPERE(file);
+    fs::create_hard_link(file.Nome(), file.Nome() + "2");
+    fs::create_symlink(file.Nome(), file.Nome() + "3");
+    const Altro altro(Apre(file.Nome() + "2", O_RDONLY));
+    EXPECT_TRUE(FileOccupato(file.Nome()));
+    EXPECT_TRUE(FileOccupato(file.Nome() + "3")); // the file behind a link counts
+}
+
+TEST(FileOccupato, DopoLaDomandaGliAltriNonAspettano)
+{
+    const FileDiProva file;
+    EXPECT_FALSE(FileOccupato(file.Nome()));
+    // With O_NONBLOCK a lease that is still there would be EWOULDBLOCK instead of a wait.
+    EXPECT_EQ(aiuti::InUnFiglio([&] {
+                  const int descrittore = ::open(file.Nome().c_str(), O_WRONLY | O_NONBLOCK);
+                  EXPECT_GE(descrittore, 0);
+                  EXPECT_EQ(::write(descrittore, "x", 1), 1);
+              }),
+              Riuscito);
+}
+
+TEST(FileOccupato, NonAspettaChiHaUnaPrelazione)
+{
+    const FileDiProva file;
+    SALTA_SE_NON_SI_PUO_SAPERE(file);
+    const Altro altro([&] {
+        std::signal(SIGIO, SIG_IGN);
+        const int descrittore = ::open(file.Nome().c_str(), O_RDWR);
+        EXPECT_EQ(::fcntl(descrittore, F_SETLEASE, F_WRLCK), 0);
+    });
+    EXPECT_TRUE(FileOccupato(file.Nome())); // an ordinary opening would wait for 45 seconds
+}
+
+TEST(FileOccupato, NonLasciaTracce)
+{
+    const FileDiProva file;
+    struct stat prima = {};
+    ASSERT_EQ(::stat(file.Nome().c_str(), &prima), 0);
+    struct sigaction sigioPrima = {};
+    ASSERT_EQ(::sigaction(SIGIO, nullptr, &sigioPrima), 0);
+    EXPECT_FALSE(FileOccupato(file.Nome()));
+    struct stat dopo = {};
+    ASSERT_EQ(::stat(file.Nome().c_str(), &dopo), 0);
+    struct sigaction sigioDopo = {};
+    ASSERT_EQ(::sigaction(SIGIO, nullptr, &sigioDopo), 0);
+    EXPECT_EQ(dopo.st_size, prima.st_size);
+    EXPECT_EQ(dopo.st_mtim.tv_sec, prima.st_mtim.tv_sec);
+    EXPECT_EQ(dopo.st_mtim.tv_nsec, prima.st_mtim.tv_nsec);
+    EXPECT_EQ(dopo.st_ctim.tv_nsec, prima.st_ctim.tv_nsec);
+    EXPECT_EQ(sigioDopo.sa_handler, sigioPrima.sa_handler);
+}
+
+TEST(FileOccupato, IlFileDiUnAltroUtenteELibero)
+{
+    // Only the owner may ask for a lease: here the answer cannot be had.
+    EXPECT_EQ(aiuti::ComeNessuno([] {
+                  const std::string estraneo = "/etc/passwd";
+                  ASSERT_NE(aiuti::Padrone(estraneo), ::geteuid());
+                  const int descrittore = ::open(estraneo.c_str(), O_RDONLY | O_CLOEXEC);
+                  ASSERT_GE(descrittore, 0);
+                  ASSERT_EQ(::fcntl(descrittore, F_SETLEASE, F_RDLCK), -1);
+                  ASSERT_EQ(errno, EACCES);
+                  EXPECT_FALSE(FileOccupato(estraneo)); // held by ourselves all the while
+              }),
+              Riuscito);
+}
+
+TEST(FileOccupato, CioCheNonSiPuoLeggereSi)
+{
+    const FileDiProva file;
+    if (aiuti::SonoRadice()) aiuti::Affida(file.Nome(), aiuti::Nessuno);
+    fs::permissions(file.Nome(), fs::perms::owner_write);
+    EXPECT_EQ(aiuti::ComeNessuno([&] {
+                  ASSERT_EQ(aiuti::Padrone(file.Nome()), ::geteuid());
+                  ASSERT_EQ(::open(file.Nome().c_str(), O_RDONLY), -1);
+                  ASSERT_EQ(errno, EACCES);
+                  EXPECT_TRUE(FileOccupato(file.Nome()));
+              }),
+              Riuscito);
+    EXPECT_TRUE(FileOccupato(file.Nome() + "assente"));
+}
+
+TEST(FileOccupato, UnaFifoNonFermaNessuno)
+{
+    const CartellaDiProva cartella;
+    const std::string fifo = cartella.Nome() + "fifo";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    EXPECT_FALSE(FileOccupato(fifo)); // the answer at all is the fact: nobody writes to it
+}

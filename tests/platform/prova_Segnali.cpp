@@ -1,0 +1,179 @@
+// Requests to stop. Each test runs in a child, since signals change a process for good.
+
+#include "Segnali.h"
+
+#include "Utente.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using aiuti::DaSegnale;
+using aiuti::InUnFiglio;
+using aiuti::Riuscito;
+
+namespace {
+
+// The first request sets the flag; what a second one does ends the child or not.
+int DueVolte(int segnale)
+{
+    return InUnFiglio([segnale] {
+        AscoltaInterruzioni();
+        EXPECT_FALSE(InterruzioneChiesta());
+        std::raise(segnale);
+        EXPECT_TRUE(InterruzioneChiesta());
+        if (!testing::Test::HasFailure()) std::raise(segnale);
+    });
+}
+
+} // namespace
+
+TEST(Segnali, IlPrimoMetteLaRichiestaIlSecondoTermina)
+{
+    EXPECT_EQ(DueVolte(SIGINT), DaSegnale + SIGINT);
+    EXPECT_EQ(DueVolte(SIGTERM), DaSegnale + SIGTERM);
+}
+
+TEST(Segnali, LaRichiestaResta)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  AscoltaInterruzioni();
+                  std::raise(SIGINT);
+                  EXPECT_TRUE(InterruzioneChiesta());
+                  EXPECT_TRUE(InterruzioneChiesta());
+              }),
+              Riuscito);
+}
+
+TEST(Segnali, UnaLetturaInAttesaTornaIndietro)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  AscoltaInterruzioni();
+                  struct sigaction azione = {};
+                  ASSERT_EQ(::sigaction(SIGINT, nullptr, &azione), 0);
+                  EXPECT_EQ(azione.sa_flags & SA_RESTART, 0);
+                  ASSERT_EQ(::sigaction(SIGTERM, nullptr, &azione), 0);
+                  EXPECT_EQ(azione.sa_flags & SA_RESTART, 0);
+              }),
+              Riuscito);
+}
+
+TEST(Segnali, IlTuboChiusoEUnErroreDellaScrittura)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  AscoltaInterruzioni();
+                  std::array<int, 2> tubo{};
+                  ASSERT_EQ(::pipe(tubo.data()), 0);
+                  ::close(tubo[0]);
+                  EXPECT_EQ(::write(tubo[1], "x", 1), -1);
+                  EXPECT_EQ(errno, EPIPE);
+                  EXPECT_FALSE(InterruzioneChiesta());
+              }),
+              Riuscito);
+}
+
+TEST(Segnali, OltreIlLimiteDeiFileEUnErroreDellaScrittura)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  AscoltaInterruzioni();
+                  std::array<char, 20> nome{"/tmp/prova-XXXXXX"};
+                  const int descrittore = ::mkstemp(nome.data());
+                  ASSERT_GE(descrittore, 0);
+                  ::unlink(nome.data());
+                  rlimit prima = {};
+                  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &prima), 0);
+                  const rlimit quattro = {4, prima.rlim_max};
+                  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &quattro), 0);
+                  const auto dentro = ::write(descrittore, "123456", 6);
+                  const auto fuori = ::write(descrittore, "56", 2);
+                  const int codice = errno;
+                  // Back before anything is said: standard output may be a file, too.
+                  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &prima), 0);
+                  EXPECT_EQ(dentro, 4);
+                  EXPECT_EQ(fuori, -1);
+                  EXPECT_EQ(codice, EFBIG);
+              }),
+              Riuscito);
+}
+
+TEST(Segnali, IlPostoDiUnCanaleChiusoNonVaAUnFile)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  const int uscita = ::dup(STDOUT_FILENO);
+                  for (const int canale : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+                      ::close(canale);
+                  }
+                  AscoltaInterruzioni();
+                  const int nuovo = ::open("/dev/null", O_RDWR);
+                  char byte = 0;
+                  const auto letti = ::read(STDIN_FILENO, &byte, 1);
+                  const auto scritti = ::write(STDOUT_FILENO, "x", 1);
+                  const auto detti = ::write(STDERR_FILENO, "x", 1);
+                  ASSERT_EQ(::dup2(uscita, STDOUT_FILENO), STDOUT_FILENO);
+                  EXPECT_GT(nuovo, STDERR_FILENO);
+                  EXPECT_EQ(letti, -1); // using a closed channel stays an error
+                  EXPECT_EQ(scritti, -1);
+                  EXPECT_EQ(detti, -1);
+              }),
+              Riuscito);
+}
+
+TEST(Segnali, UnCanaleApertoRestaComeE)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  std::array<int, 2> tubo{};
+                  ASSERT_EQ(::pipe(tubo.data()), 0);
+                  ASSERT_EQ(::dup2(tubo[0], STDIN_FILENO), STDIN_FILENO);
+                  AscoltaInterruzioni();
+                  ASSERT_EQ(::write(tubo[1], "x", 1), 1);
+                  char byte = 0;
+                  EXPECT_EQ(::read(STDIN_FILENO, &byte, 1), 1);
+              }),
+              Riuscito);
+}
+
+TEST(Segnali, LaRichiestaSiImpostaAncheAMano)
+{
+    EXPECT_FALSE(InterruzioneChiesta());
+    ImpostaInterruzione(true);
+    EXPECT_TRUE(InterruzioneChiesta());
+    ImpostaInterruzione(false);
+    EXPECT_FALSE(InterruzioneChiesta());
+}
+
+TEST(ErroriSuTerminale, UnTuboEUnFileNonSonoUnTerminale)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  std::array<int, 2> tubo{};
+                  ASSERT_EQ(::pipe(tubo.data()), 0);
+                  ASSERT_EQ(::dup2(tubo[1], STDERR_FILENO), STDERR_FILENO);
+                  EXPECT_FALSE(ErroriSuTerminale());
+                  const int nulla = ::open("/dev/null", O_WRONLY);
+                  ASSERT_EQ(::dup2(nulla, STDERR_FILENO), STDERR_FILENO);
+                  EXPECT_FALSE(ErroriSuTerminale());
+                  ::close(STDERR_FILENO);
+                  EXPECT_FALSE(ErroriSuTerminale());
+              }),
+              Riuscito);
+}
+
+TEST(ErroriSuTerminale, UnTerminaleSi)
+{
+    const int esito = InUnFiglio([] {
+        const int capo = ::posix_openpt(O_RDWR | O_NOCTTY);
+        if (capo < 0 || ::grantpt(capo) != 0 || ::unlockpt(capo) != 0) aiuti::EsciImpossibile();
+        const int terminale = ::open(::ptsname(capo), O_RDWR | O_NOCTTY);
+        if (terminale < 0) aiuti::EsciImpossibile();
+        ASSERT_EQ(::dup2(terminale, STDERR_FILENO), STDERR_FILENO);
+        EXPECT_TRUE(ErroriSuTerminale());
+    });
+    if (esito == aiuti::Impossibile) GTEST_SKIP() << "no pseudo-terminals here";
+    EXPECT_EQ(esito, Riuscito);
+}
