@@ -51,6 +51,16 @@ TEST(SeparatoriUtente, NelLocaleCPuntoENessunGruppo)
               Riuscito);
 }
 
+TEST(SeparatoriUtente, UnSegnoDelleMigliaiaSenzaGruppiNonSiUsa)
+{
+    // The Greek settings name a mark but say that digits are not grouped.
+    EXPECT_EQ(InUnFiglio([] {
+                  PretendiLocale("el_GR.UTF-8");
+                  EXPECT_EQ(Con("el_GR.UTF-8"), (Separatori{",", ""}));
+              }),
+              Riuscito);
+}
+
 TEST(SeparatoriUtente, InItalianoVirgolaEPunto)
 {
     EXPECT_EQ(InUnFiglio([] {

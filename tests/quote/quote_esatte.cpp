@@ -24,10 +24,8 @@
 // Every term is positive, so no cancellation occurs and relative errors stay near the rounding
 // unit; carrying long double leaves the final doubles correct nearly to the last bit.
 
-namespace quote
-{
-namespace
-{
+namespace quote {
+namespace {
 
 using Reale = long double;
 using Indice = std::size_t;
@@ -61,15 +59,12 @@ Passo CostruisciPasso(const std::vector<Aperta>& partenze, Indice valore)
     std::vector<Indice> numero(kLatoTabella * kLatoTabella, kAssente);
     Passo passo;
     passo.valore = valore;
-    for (const Aperta& da : partenze)
-    {
+    for (const Aperta& da : partenze) {
         passo.inizio.push_back(passo.arrivo.size());
-        for (Indice m = 0; da.somma + m * valore <= kMassimoAperta; ++m)
-        {
+        for (Indice m = 0; da.somma + m * valore <= kMassimoAperta; ++m) {
             const Aperta a = {da.somma + m * valore, da.carte + m};
             Indice& n = numero[a.somma * kLatoTabella + a.carte];
-            if (n == kAssente)
-            {
+            if (n == kAssente) {
                 n = passo.righe.size();
                 passo.righe.push_back(a);
             }
@@ -86,8 +81,7 @@ std::vector<Passo> CostruisciPassi()
 {
     std::vector<Passo> passi;
     std::vector<Aperta> partenze = {{0, 0}};
-    for (Indice valore = kValori; valore >= 2; --valore)
-    {
+    for (Indice valore = kValori; valore >= 2; --valore) {
         passi.push_back(CostruisciPasso(partenze, valore));
         partenze = passi.back().righe;
     }
@@ -102,19 +96,15 @@ void CalcolaCoefficienti(int n, Indice valore, Coefficienti& coefficienti)
     std::array<Reale, kLatoTabella> fattoriale{};
     discendente[0] = 1;
     fattoriale[0] = 1;
-    for (Indice k = 0; k < 2 * massimo; ++k)
-    {
+    for (Indice k = 0; k < 2 * massimo; ++k) {
         const int rimaste = std::max(n - static_cast<int>(k), 0);
         discendente[k + 1] = discendente[k] * static_cast<Reale>(rimaste);
     }
-    for (Indice k = 1; k <= massimo; ++k)
-    {
+    for (Indice k = 1; k <= massimo; ++k) {
         fattoriale[k] = fattoriale[k - 1] * static_cast<Reale>(k);
     }
-    for (Indice p = 0; p <= massimo; ++p)
-    {
-        for (Indice q = 0; q <= massimo; ++q)
-        {
+    for (Indice p = 0; p <= massimo; ++p) {
+        for (Indice q = 0; q <= massimo; ++q) {
             coefficienti[p * kLatoTabella + q] =
                 discendente[p + q] / (fattoriale[p] * fattoriale[q]);
         }
@@ -126,19 +116,15 @@ void Avanza(const Passo& passo, const Coefficienti& coefficienti, const Tabella&
     const Indice latoDa = passo.inizio.size() - 1;
     const Indice latoA = passo.righe.size();
     a.assign(latoA * latoA, 0);
-    for (Indice nero = 0; nero < latoDa; ++nero)
-    {
-        for (Indice p = passo.inizio[nero]; p < passo.inizio[nero + 1]; ++p)
-        {
+    for (Indice nero = 0; nero < latoDa; ++nero) {
+        for (Indice p = passo.inizio[nero]; p < passo.inizio[nero + 1]; ++p) {
             const Reale* coefficiente = &coefficienti[(p - passo.inizio[nero]) * kLatoTabella];
             Reale* destinazione = &a[passo.arrivo[p] * latoA];
-            for (Indice rosso = 0; rosso < latoDa; ++rosso)
-            {
+            for (Indice rosso = 0; rosso < latoDa; ++rosso) {
                 const Reale peso = da[nero * latoDa + rosso];
                 const Indice primo = passo.inizio[rosso];
                 const Indice ultimo = passo.inizio[rosso + 1];
-                for (Indice q = primo; q < ultimo; ++q)
-                {
+                for (Indice q = primo; q < ultimo; ++q) {
                     destinazione[passo.arrivo[q]] += peso * coefficiente[q - primo];
                 }
             }
@@ -177,22 +163,20 @@ private:
     Somme somme_;
 };
 
-Calcolo::Calcolo(const Composizione& composizione) : composizione_(composizione)
+Calcolo::Calcolo(const Composizione& composizione)
+    : composizione_(composizione)
 {
     fattoriale_[0] = 1;
-    for (Indice k = 1; k < fattoriale_.size(); ++k)
-    {
+    for (Indice k = 1; k < fattoriale_.size(); ++k) {
         fattoriale_[k] = fattoriale_[k - 1] * static_cast<Reale>(k);
     }
     Reale rimaste = 0;
-    for (const int n : composizione_)
-    {
+    for (const int n : composizione_) {
         rimaste += static_cast<Reale>(n);
     }
     // Left at zero past the end of the shoe, where the numerators are zero too.
     Reale discendente = 1;
-    for (Indice k = 0; k < inversoDiscendente_.size() && rimaste >= 0; ++k)
-    {
+    for (Indice k = 0; k < inversoDiscendente_.size() && rimaste >= 0; ++k) {
         inversoDiscendente_[k] = 1 / discendente;
         discendente *= rimaste;
         rimaste -= 1;
@@ -203,10 +187,8 @@ Calcolo::Calcolo(const Composizione& composizione) : composizione_(composizione)
 // the unordered pairs are worked out.
 Somme Calcolo::Esegui()
 {
-    for (Indice x = 1; x <= kValori; ++x)
-    {
-        for (Indice y = x; y <= kValori; ++y)
-        {
+    for (Indice x = 1; x <= kValori; ++x) {
+        for (Indice y = x; y <= kValori; ++y) {
             SommaChiusure(x, y);
         }
     }
@@ -218,11 +200,9 @@ void Calcolo::SommaChiusure(Indice x, Indice y)
     const Composizione intera = composizione_;
     const Reale scelteX = static_cast<Reale>(composizione_[x - 1]--);
     const Reale scelteY = static_cast<Reale>(composizione_[y - 1]--);
-    if (scelteX > 0 && scelteY > 0)
-    {
+    if (scelteX > 0 && scelteY > 0) {
         tabella_.assign(1, 1);
-        for (const Passo& passo : passi_)
-        {
+        for (const Passo& passo : passi_) {
             CalcolaCoefficienti(composizione_[passo.valore - 1], passo.valore, coefficienti_);
             Avanza(passo, coefficienti_, tabella_, prossima_);
             tabella_.swap(prossima_);
@@ -241,14 +221,11 @@ void Calcolo::SommaChiusure(Indice x, Indice y)
 void Calcolo::AggiungiAssi(Indice x, Indice y, Reale scelte)
 {
     const std::vector<Aperta>& righe = passi_.back().righe;
-    for (Indice nero = 0; nero < righe.size(); ++nero)
-    {
+    for (Indice nero = 0; nero < righe.size(); ++nero) {
         Somme parziali;
-        for (Indice rosso = 0; rosso < righe.size(); ++rosso)
-        {
+        for (Indice rosso = 0; rosso < righe.size(); ++rosso) {
             const Reale peso = tabella_[nero * righe.size() + rosso];
-            if (peso > 0)
-            {
+            if (peso > 0) {
                 AggiungiTermini(x, y, righe[nero], righe[rosso], scelte * peso, parziali);
             }
         }
@@ -258,17 +235,14 @@ void Calcolo::AggiungiAssi(Indice x, Indice y, Reale scelte)
 
 void Calcolo::Accumula(const Somme& parziali, bool ancheTrasposte)
 {
-    for (Indice i = 0; i < kTotali; ++i)
-    {
-        for (Indice j = 0; j < kTotali; ++j)
-        {
+    for (Indice i = 0; i < kTotali; ++i) {
+        for (Indice j = 0; j < kTotali; ++j) {
             somme_.totali[i * kTotali + j] +=
                 parziali.totali[i * kTotali + j] +
                 (ancheTrasposte ? parziali.totali[j * kTotali + i] : 0);
         }
     }
-    for (Indice k = 0; k < somme_.carte.size(); ++k)
-    {
+    for (Indice k = 0; k < somme_.carte.size(); ++k) {
         somme_.carte[k] += ancheTrasposte ? 2 * parziali.carte[k] : parziali.carte[k];
     }
 }
@@ -278,13 +252,11 @@ void Calcolo::AggiungiTermini(Indice x, Indice y, Aperta nero, Aperta rosso, Rea
 {
     const Indice primoNero = std::max(nero.somma, kPrimoTotale - x);
     const Indice primoRosso = std::max(rosso.somma, kPrimoTotale - y);
-    for (Indice sommaNero = primoNero; sommaNero <= kMassimoAperta; ++sommaNero)
-    {
+    for (Indice sommaNero = primoNero; sommaNero <= kMassimoAperta; ++sommaNero) {
         const Indice assiNero = sommaNero - nero.somma;
         const Indice carteNero = nero.carte + assiNero;
         const Indice i = sommaNero + x - kPrimoTotale;
-        for (Indice sommaRosso = primoRosso; sommaRosso <= kMassimoAperta; ++sommaRosso)
-        {
+        for (Indice sommaRosso = primoRosso; sommaRosso <= kMassimoAperta; ++sommaRosso) {
             const Indice assiRosso = sommaRosso - rosso.somma;
             const Indice carteRosso = rosso.carte + assiRosso;
             const Indice j = sommaRosso + y - kPrimoTotale;
@@ -300,10 +272,8 @@ void Calcolo::AggiungiTermini(Indice x, Indice y, Aperta nero, Aperta rosso, Rea
 
 void VerificaComposizione(const Composizione& composizione)
 {
-    for (const int n : composizione)
-    {
-        if (n < 0 || n % 2 != 0)
-        {
+    for (const int n : composizione) {
+        if (n < 0 || n % 2 != 0) {
             throw std::invalid_argument("card counts must be even and not negative");
         }
     }
@@ -322,7 +292,7 @@ void RipartisciColore(Reale vinceNero, Reale vinceRosso, QuotePrimoColpo& quote)
     quote.inverso = quote.colore;
 }
 
-}  // namespace
+} // namespace
 
 QuotePrimoColpo CalcolaQuotePrimoColpo(const Composizione& composizione)
 {
@@ -334,10 +304,8 @@ QuotePrimoColpo CalcolaQuotePrimoColpo(const Composizione& composizione)
     Reale pari = 0;
     std::array<Reale, kTotali> totaleNero{};
     std::array<Reale, kTotali> totaleRosso{};
-    for (Indice i = 0; i < kTotali; ++i)
-    {
-        for (Indice j = 0; j < kTotali; ++j)
-        {
+    for (Indice i = 0; i < kTotali; ++i) {
+        for (Indice j = 0; j < kTotali; ++j) {
             const Reale p = somme.totali[i * kTotali + j];
             (i < j ? vinceNero : i > j ? vinceRosso : pari) += p;
             totaleNero[i] += p;
@@ -359,4 +327,4 @@ QuotePrimoColpo CalcolaQuotePrimoColpo(const Composizione& composizione)
     return quote;
 }
 
-}  // namespace quote
+} // namespace quote

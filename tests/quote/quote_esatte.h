@@ -4,8 +4,7 @@
 #include <array>
 #include <cstddef>
 
-namespace quote
-{
+namespace quote {
 
 // Points run from 1 to 10; totals of a completed row run from 31 to 40.
 inline constexpr std::size_t kValori = 10;
@@ -27,7 +26,7 @@ struct QuotePrimoColpo
 {
     double vinceNero = 0.0;
     double vinceRosso = 0.0;
-    double pari = 0.0;           // includes trentunoApres
+    double pari = 0.0; // includes trentunoApres
     double trentunoApres = 0.0;
     double colore = 0.0;
     double inverso = 0.0;
@@ -55,6 +54,6 @@ struct QuotePrimoColpo
 // every value are taken to be black and half red, and the colour results rest on that.
 QuotePrimoColpo CalcolaQuotePrimoColpo(const Composizione& composizione = kSeiMazzi);
 
-}  // namespace quote
+} // namespace quote
 
 #endif
