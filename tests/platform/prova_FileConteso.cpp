@@ -85,7 +85,7 @@ std::function<void()> Apre(const std::string& percorso, int modo)
     return [percorso, modo] { EXPECT_GE(::open(percorso.c_str(), modo), 0); };
 }
 
-extern "C" void NonFareNulla(int /*segnale*/) {}
+void NonFareNulla(int /*segnale*/) {}
 
 #define SALTA_SE_NON_SI_PUO_SAPERE(file)                                                           \
     if (!(file).SiPuoSapere()) GTEST_SKIP() << "no leases on this file system"

@@ -64,7 +64,7 @@ std::optional<ErroreRuntime> ErroreLeggendo(const std::string& percorso)
     });
 }
 
-extern "C" void NonFareNulla(int /*segnale*/) {}
+void NonFareNulla(int /*segnale*/) {}
 
 } // namespace
 
