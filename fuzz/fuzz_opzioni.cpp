@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     std::vector<std::string> argomenti(1);
     for (std::size_t i = 0; i < quanti; ++i) {
         if (byte[i] == '\n') argomenti.emplace_back();
-        else argomenti.back().push_back(static_cast<char>(byte[i]));
+        else if (byte[i] != 0) argomenti.back().push_back(static_cast<char>(byte[i])); // as in argv
     }
     try {
         const cli::Opzioni opzioni = cli::LeggiOpzioni(argomenti);
