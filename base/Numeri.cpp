@@ -16,6 +16,24 @@ bool Cifra(char c)
     return c >= '0' && c <= '9';
 }
 
+// The power of ten of the first digit that is not 0; which way a number is out of range.
+std::int64_t OrdineDiGrandezza(std::string_view numero)
+{
+    const auto e = std::min(numero.find_first_of("eE"), numero.size());
+    const auto mantissa = numero.substr(0, e);
+    const auto punto = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto prima = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+    const std::int64_t ordine = prima < punto ? punto - prima - 1 : punto - prima;
+
+    auto esponente = numero.substr(std::min(e + 1, numero.size()));
+    if (!esponente.empty() && esponente.front() == '+') esponente.remove_prefix(1);
+    std::int64_t valore = 0;
+    const auto esito =
+        std::from_chars(esponente.data(), esponente.data() + esponente.size(), valore);
+    if (esito.ec == std::errc::result_out_of_range) return esponente.front() == '-' ? -1 : 1;
+    return ordine + valore;
+}
+
 } // namespace
 
 std::int16_t Intero16(double valore)
@@ -51,9 +69,7 @@ double NumeroIniziale(std::string_view testo)
     if (esito.ec == std::errc::result_out_of_range) {
         const std::string_view letto(testo.data(),
                                      static_cast<std::size_t>(esito.ptr - testo.data()));
-        const bool piccolo = letto.find("e-") != std::string_view::npos ||
-                             letto.find("E-") != std::string_view::npos;
-        valore = piccolo ? 0 : std::numeric_limits<double>::infinity();
+        valore = OrdineDiGrandezza(letto) < 0 ? 0 : std::numeric_limits<double>::infinity();
     }
     return negativo ? -valore : valore;
 }

@@ -138,6 +138,15 @@ TEST(NumeroIniziale, TroppoGrandeEInfinitoTroppoPiccoloEZero)
     EXPECT_EQ(NumeroIniziale("1.7976931348623157e308"), std::numeric_limits<double>::max());
 }
 
+TEST(NumeroIniziale, LaGrandezzaNonDipendeDalSoloEsponente)
+{
+    EXPECT_EQ(NumeroIniziale("0." + std::string(400, '0') + "1"), 0);
+    EXPECT_EQ(NumeroIniziale("0." + std::string(400, '0') + "1e+5"), 0);
+    EXPECT_EQ(NumeroIniziale("1" + std::string(1400, '0') + "e-999"), Infinito);
+    EXPECT_EQ(NumeroIniziale("0.001e999"), Infinito);
+    EXPECT_EQ(NumeroIniziale("1e-99999999999999999999"), 0);
+}
+
 TEST(NumeroIniziale, NonGuardaOltreLaFineDelTesto)
 {
     const std::string_view testo = "1234";
