@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -29,6 +30,8 @@ void StaccaDalTerminale()
 [[noreturn]] void EseguiNelNipote(const char* percorso, int esito)
 {
     StaccaDalTerminale();
+    // What this program ignores, a handler would ignore too, and every program it starts.
+    for (const int segnale : {SIGPIPE, SIGXFSZ}) ::signal(segnale, SIG_DFL);
     const std::array<const char*, 3> argomenti = {Programma, percorso, nullptr};
     ::execvp(Programma, const_cast<char* const*>(argomenti.data()));
     const int codice = errno;

@@ -107,17 +107,22 @@ public:
 private:
     void Accoda(std::string_view byte)
     {
-        if (m_testo.size() + byte.size() > m_massimo) {
-            throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                                "riga " + Numero(m_numero + 1) + ": troppo lunga", m_percorso);
-        }
+        // One more than allowed: it may be the CR of the line end.
+        if (m_testo.size() + byte.size() > m_massimo + 1) TroppoLunga();
         m_testo.append(byte);
+    }
+
+    [[noreturn]] void TroppoLunga() const
+    {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                            "riga " + Numero(m_numero + 1) + ": troppo lunga", m_percorso);
     }
 
     bool Consegna()
     {
         if (m_fermare()) return false;
         if (!m_testo.empty() && m_testo.back() == '\r') m_testo.pop_back();
+        if (m_testo.size() > m_massimo) TroppoLunga();
         m_riga(++m_numero, m_testo);
         m_testo.clear();
         return true;

@@ -31,6 +31,8 @@ void OccupaCanaliChiusi()
 extern "C" void Segna(int /*segnale*/)
 {
     chiesta.store(true, std::memory_order_relaxed);
+    // Whichever comes next is the second one.
+    for (const int segnale : {SIGINT, SIGTERM}) std::signal(segnale, SIG_DFL);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <climits>
 #include <clocale>
+#include <cstdlib>
 #include <cwchar>
 
 #include <locale.h>
@@ -32,12 +33,24 @@ bool Raggruppa(const char* gruppi)
     return gruppi != nullptr && *gruppi > 0 && *gruppi != CHAR_MAX;
 }
 
+// The settings for numbers. Their marks are in their own character set, whatever LC_CTYPE says
+// (or fails to say: a name that this system does not have would spoil the numbers, too).
+const char* ImpostazioneNumeri()
+{
+    for (const char* nome : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
+        const char* valore = std::getenv(nome);
+        if (valore != nullptr && *valore != '\0') return valore;
+    }
+    return "C";
+}
+
 } // namespace
 
 Separatori SeparatoriUtente()
 {
     Separatori separatori;
-    const locale_t utente = ::newlocale(LC_NUMERIC_MASK | LC_CTYPE_MASK, "", nullptr);
+    const locale_t utente =
+        ::newlocale(LC_NUMERIC_MASK | LC_CTYPE_MASK, ImpostazioneNumeri(), nullptr);
     if (utente == nullptr) return separatori;
 
     const locale_t prima = ::uselocale(utente);

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -199,6 +200,25 @@ TEST(ApriConShell, ICanaliSonoNulliELaSessioneNuova)
                   ASSERT_EQ(::dup2(uscita, STDOUT_FILENO), STDOUT_FILENO);
                   EXPECT_TRUE(avviato);
                   EXPECT_EQ(gestore.Risposta(), "/dev/null\n/dev/null\n/dev/null\nsua\n");
+              }),
+              Riuscito);
+}
+
+TEST(ApriConShell, ISegnaliIgnoratiDaNoiNonLoSonoDalGestore)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  std::signal(SIGPIPE, SIG_IGN);
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  const Gestore gestore("PATH=/usr/bin:/bin\n"
+                                        "ignorati=$(grep SigIgn /proc/$$/status)\n"
+                                        "printf '%s' \"$ignorati\" > risposta");
+                  EXPECT_TRUE(ApriConShell("/a", Modo));
+                  const std::string ignorati = gestore.Risposta();
+                  const auto inizio = ignorati.find('\t');
+                  ASSERT_NE(inizio, std::string::npos) << ignorati;
+                  const auto bit = std::stoull(ignorati.substr(inizio + 1), nullptr, 16);
+                  EXPECT_EQ(bit >> (SIGPIPE - 1) & 1U, 0U);
+                  EXPECT_EQ(bit >> (SIGXFSZ - 1) & 1U, 0U);
               }),
               Riuscito);
 }

@@ -121,6 +121,7 @@ TEST(LeggiRighe, UnFilePiuGrandeDellaMemoriaDiLettura)
 TEST(LeggiRighe, UnaRigaTroppoLungaERifiutataConIlSuoNumero)
 {
     EXPECT_EQ(RigheDi("12345\n12345", 5), (Testi{"12345", "12345"}));
+    EXPECT_EQ(RigheDi("12345\r\n12345\r\n", 5), (Testi{"12345", "12345"})); // the end is no text
     for (const char* byte : {"1\n12\n123456\n1", "1\n12\n123456", "1\r\n12\r\n123456789\r\n"}) {
         const CartellaDiProva cartella;
         std::ofstream(cartella.File("f"), std::ios::binary) << byte;

@@ -41,6 +41,20 @@ TEST(Segnali, IlPrimoMetteLaRichiestaIlSecondoTermina)
     EXPECT_EQ(DueVolte(SIGTERM), DaSegnale + SIGTERM);
 }
 
+TEST(Segnali, IlSecondoPuoEssereLAltro)
+{
+    for (const int primo : {SIGINT, SIGTERM}) {
+        const int secondo = primo == SIGINT ? SIGTERM : SIGINT;
+        EXPECT_EQ(InUnFiglio([&] {
+                      AscoltaInterruzioni();
+                      std::raise(primo);
+                      EXPECT_TRUE(InterruzioneChiesta());
+                      std::raise(secondo);
+                  }),
+                  DaSegnale + secondo);
+    }
+}
+
 TEST(Segnali, LaRichiestaResta)
 {
     EXPECT_EQ(InUnFiglio([] {

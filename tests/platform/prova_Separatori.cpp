@@ -122,6 +122,19 @@ TEST(SeparatoriUtente, INumeriHannoUnImpostazionePropria)
               Riuscito);
 }
 
+TEST(SeparatoriUtente, ISegniHannoIlLoroInsiemeDiCaratteri)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  PretendiLocale("fr_FR.UTF-8");
+                  SenzaImpostazioni();
+                  ::setenv("LC_NUMERIC", "fr_FR.UTF-8", 1);
+                  EXPECT_EQ(SeparatoriUtente(), (Separatori{",", "\u202F"}));
+                  ::setenv("LC_CTYPE", "UTF-8", 1); // as some terminals send it; no locale here
+                  EXPECT_EQ(SeparatoriUtente(), (Separatori{",", "\u202F"}));
+              }),
+              Riuscito);
+}
+
 TEST(SeparatoriUtente, IlLocaleDelProcessoNonCambia)
 {
     EXPECT_EQ(InUnFiglio([] {
