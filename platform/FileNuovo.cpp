@@ -23,6 +23,7 @@ FileNuovo::~FileNuovo()
     // Nobody can be told here: who wants to know whether the file is whole calls Chiudi().
     if (m_descrittore >= 0) ChiamateInUso.Chiudi(m_descrittore);
     if (!m_conserva) RimuoviSeNostro();
+    Salpa();
 }
 
 void FileNuovo::ScriviTutto(std::string_view byte)
@@ -51,4 +52,11 @@ void FileNuovo::Chiudi()
     if (ChiamateInUso.Chiudi(descrittore) != 0 && errno != EINTR) {
         throw ErroreSistema(errno, m_percorso);
     }
+}
+
+void FileNuovo::PretendiNostro() const
+{
+    if (AncoraNostro()) return;
+    throw ErroreRuntime(NumeroErrore::AccessoAlFile, "un altro programma lo ha sostituito",
+                        m_percorso);
 }

@@ -49,6 +49,9 @@ public:
     // file that this object created.
     void Riapri();
 
+    // An error when the entry is no longer the very file that this object created.
+    void PretendiNostro() const;
+
     // From now on the file stays when this object is destroyed.
     void Conserva() noexcept { m_conserva = true; }
 
@@ -57,9 +60,12 @@ private:
     void Accorcia(std::uint64_t lunghezza) noexcept;
     bool AncoraNostro() const noexcept;
     void RimuoviSeNostro() noexcept;
+    void Ancora() noexcept;
+    void Salpa() noexcept;
 
     std::string m_percorso;
     int m_descrittore = -1;
+    int m_ancora = -1;             // keeps the number of the file from being given to another one
     std::uint64_t m_lunghezza = 0; // bytes that are in the file for certain
     std::uint64_t m_dispositivo = 0;
     std::uint64_t m_indice = 0;

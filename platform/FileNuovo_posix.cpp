@@ -22,6 +22,12 @@ int ChiudiVero(int descrittore)
     return ::close(descrittore);
 }
 
+bool StessaVoce(const struct stat& voce, std::uint64_t dispositivo, std::uint64_t indice)
+{
+    return static_cast<std::uint64_t>(voce.st_dev) == dispositivo &&
+           static_cast<std::uint64_t>(voce.st_ino) == indice;
+}
+
 } // namespace
 
 constinit ChiamateFile ChiamateInUso = {ScriviVero, ChiudiVero};
@@ -68,8 +74,10 @@ FileNuovo::FileNuovo(std::string percorso)
 {
     TogliFile(m_percorso);
     constexpr mode_t permessi = 0666; // less the user's umask
+    // Appending: after a block that was cut back the next one starts where the file now ends.
     m_descrittore =
-        ::open(m_percorso.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, permessi);
+        ::open(m_percorso.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+               permessi);
     if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
 
     struct stat voce = {};
@@ -80,6 +88,21 @@ FileNuovo::FileNuovo(std::string percorso)
     }
     m_dispositivo = static_cast<std::uint64_t>(voce.st_dev);
     m_indice = static_cast<std::uint64_t>(voce.st_ino);
+    Ancora();
+}
+
+// A file system may give the number of a removed file to the next one at once: while the file is
+// closed, only a reference of ours makes the number mean this file. It counts as no opening.
+void FileNuovo::Ancora() noexcept
+{
+#ifdef O_PATH
+    m_ancora = ::open(m_percorso.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC);
+#endif
+}
+
+void FileNuovo::Salpa() noexcept
+{
+    if (m_ancora >= 0) ::close(m_ancora);
 }
 
 void FileNuovo::Riapri()
@@ -89,9 +112,8 @@ void FileNuovo::Riapri()
         ::open(m_percorso.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (descrittore < 0) throw ErroreSistema(errno, m_percorso);
     struct stat voce = {};
-    const bool nostro = ::fstat(descrittore, &voce) == 0 &&
-                        static_cast<std::uint64_t>(voce.st_dev) == m_dispositivo &&
-                        static_cast<std::uint64_t>(voce.st_ino) == m_indice;
+    const bool nostro =
+        ::fstat(descrittore, &voce) == 0 && StessaVoce(voce, m_dispositivo, m_indice);
     if (!nostro) {
         ::close(descrittore);
         throw ErroreRuntime(NumeroErrore::AccessoAlFile, "un altro programma lo ha sostituito",
@@ -111,8 +133,7 @@ bool FileNuovo::AncoraNostro() const noexcept
 {
     struct stat voce = {};
     return ::lstat(m_percorso.c_str(), &voce) == 0 && S_ISREG(voce.st_mode) &&
-           static_cast<std::uint64_t>(voce.st_dev) == m_dispositivo &&
-           static_cast<std::uint64_t>(voce.st_ino) == m_indice;
+           StessaVoce(voce, m_dispositivo, m_indice);
 }
 
 void FileNuovo::RimuoviSeNostro() noexcept

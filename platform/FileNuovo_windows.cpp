@@ -64,9 +64,9 @@ FileNuovo::FileNuovo(std::string percorso)
     : m_percorso(std::move(percorso))
 {
     TogliFile(m_percorso);
-    m_descrittore =
-        ::_sopen(m_percorso.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
-                 _SH_DENYWR, _S_IREAD | _S_IWRITE);
+    m_descrittore = ::_sopen(m_percorso.c_str(),
+                             _O_WRONLY | _O_APPEND | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
+                             _SH_DENYWR, _S_IREAD | _S_IWRITE);
     if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
 }
 
@@ -84,6 +84,10 @@ void FileNuovo::Accorcia(std::uint64_t lunghezza) noexcept
     [[maybe_unused]] const int esito =
         ::_chsize_s(m_descrittore, static_cast<long long>(lunghezza));
 }
+
+void FileNuovo::Ancora() noexcept {}
+
+void FileNuovo::Salpa() noexcept {}
 
 bool FileNuovo::AncoraNostro() const noexcept
 {

@@ -271,6 +271,7 @@ void Finisci(FileNuovo& file, std::string& testo)
 {
     Scarica(file, testo);
     file.Chiudi();
+    file.PretendiNostro(); // nobody else's file is opened as the report
     file.Conserva();
     AmbienteInUso.Apri(file.Percorso(), StileFinestra::MassimizzataConFuoco);
 }

@@ -167,6 +167,7 @@ std::optional<TotaliReport> StampaTxt(double numeroTaglie)
     Riga(testo);
     Generali(testo, numeroTaglie, *totali, separatori);
     Accoda(file, testo);
+    file.PretendiNostro(); // nobody else's file is opened as the report
     AmbienteInUso.Apri(file.Percorso(), StileFinestra::NormaleConFuoco);
     return totali;
 }
@@ -192,6 +193,7 @@ std::optional<TotaliReport> StatisticheTxt(double numeroTaglie,
     FileNuovo file(PercorsoReport(NomeTxt));
     file.Scrivi(InWindows1252(testo));
     file.Chiudi();
+    file.PretendiNostro();
     file.Conserva();
     AmbienteInUso.Apri(file.Percorso(), StileFinestra::NormaleConFuoco);
     return totali;

@@ -87,6 +87,19 @@ TEST(FileNuovo, UnBloccoETuttoONiente)
     }
 }
 
+TEST(FileNuovo, DopoUnBloccoFallitoIlSuccessivoSegueSubito)
+{
+    const CartellaDiProva cartella;
+    aiuti::ScrittureGuaste scritture;
+    FileNuovo file(cartella.Nome() + "f");
+    file.Scrivi("intero");
+    scritture.Spezza(3);
+    scritture.Guasta(3, ENOSPC);
+    EXPECT_TRUE(ErroreDi([&] { file.Scrivi("0123456789"); }));
+    file.Scrivi(" poi");
+    EXPECT_EQ(Byte(cartella.File("f")), "intero poi");
+}
+
 TEST(FileNuovo, AncheDopoUnaRiaperturaUnBloccoETuttoONiente)
 {
     const CartellaDiProva cartella;
@@ -235,6 +248,22 @@ TEST(FileNuovo, RiaprireRifiutaCioCheNonEPiuIlSuoFile)
     EXPECT_EQ(motivo(), "");
     file.Scrivi(" due");
     EXPECT_EQ(Byte(f), "uno due");
+}
+
+TEST(FileNuovo, RiaprireRifiutaAncheUnFileNatoAlPostoDelSuo)
+{
+    // The system may well give it the number that the removed one had.
+    const CartellaDiProva cartella;
+    {
+        FileNuovo file(cartella.Nome() + "f");
+        file.Chiudi();
+        fs::remove(cartella.File("f"));
+        Scrivi(cartella.File("f"), "altrui");
+        const auto errore = ErroreDi([&] { file.Riapri(); });
+        ASSERT_TRUE(errore);
+        EXPECT_EQ(errore->Motivo(), "un altro programma lo ha sostituito");
+    }
+    EXPECT_EQ(Byte(cartella.File("f")), "altrui"); // and it is not removed at the end
 }
 
 TEST(FileNuovo, UnaRiaperturaFallitaNonLasciaNullaDiAperto)

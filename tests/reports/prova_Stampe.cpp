@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 
 using namespace Stampe;
 using aiuti::AmbienteDiProva;
@@ -340,9 +341,41 @@ TEST(StampaHtml, SiFermaAncheFraILink)
     int fatte = 0;
     AmbienteInUso.TagliaFatta = [&](std::int64_t) { ++fatte; };
     AmbienteInUso.Fermare = [] { return true; };
-    EXPECT_EQ(StampaHtml(9007199254740992.0), std::nullopt);
+    EXPECT_EQ(StampaHtml(2000000), std::nullopt);
     EXPECT_EQ(fatte, 0);
     EXPECT_TRUE(prova.Cartella.Contenuto().empty());
+}
+
+TEST(StampaHtml, UnFileMessoAlSuoPostoNonSiApreNeSiTocca)
+{
+    for (const bool statistiche : {false, true}) {
+        AmbienteDiProva prova;
+        const double taglie = Prepara(prova, Casi[2]);
+        const auto percorso = prova.Cartella.File("taglie.htm");
+        AmbienteInUso.TagliaFatta = [&](std::int64_t fatte) {
+            if (fatte != 2) return;
+            std::filesystem::remove(percorso);
+            std::ofstream(percorso) << "altrui";
+        };
+        EXPECT_THROW(statistiche ? StatisticheHtml(taglie, {}) : StampaHtml(taglie), ErroreRuntime);
+        EXPECT_EQ(Byte(percorso), "altrui");
+        EXPECT_TRUE(prova.Aperti.empty());
+    }
+}
+
+TEST(StampaTxt, UnFileMessoAlSuoPostoNonSiTocca)
+{
+    AmbienteDiProva prova;
+    const double taglie = Prepara(prova, Casi[2]);
+    const auto percorso = prova.Cartella.File("taglie.txt");
+    AmbienteInUso.TagliaFatta = [&](std::int64_t fatte) {
+        if (fatte != 2) return;
+        std::filesystem::remove(percorso);
+        std::ofstream(percorso) << "altrui";
+    };
+    EXPECT_THROW(StampaTxt(taglie), ErroreRuntime);
+    EXPECT_EQ(Byte(percorso), "altrui");
+    EXPECT_TRUE(prova.Aperti.empty());
 }
 
 TEST(StampaTxt, NumeroConDecimaliRestaDoveSiStampaESiDivide)
