@@ -81,6 +81,7 @@ Valore Scegli(const std::string& opzione, const std::string& testo,
     Rifiuta(opzione, "\"" + testo + "\" non è tra " + elenco);
 }
 
+// 0 stays 0: what it stands for depends on the machine, what is refused must not.
 int LeggiLavori(const std::string& testo)
 {
     constexpr std::uint64_t massimo = 256;
@@ -88,9 +89,13 @@ int LeggiLavori(const std::string& testo)
     if (!LeggiInteroSenzaSegno(testo, lavori) || lavori > massimo) {
         Rifiuta("--lavori", "\"" + testo + "\" non è un numero intero da 0 a 256");
     }
-    if (lavori == 0)
-        lavori = std::clamp<std::uint64_t>(std::thread::hardware_concurrency(), 1, massimo);
     return static_cast<int>(lavori);
+}
+
+int TuttiIProcessori()
+{
+    constexpr unsigned massimo = 256;
+    return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, massimo));
 }
 
 std::string LeggiNome(const std::string& opzione, const std::string& testo)
@@ -99,7 +104,7 @@ std::string LeggiNome(const std::string& opzione, const std::string& testo)
     return testo;
 }
 
-void RifiutaContraddizioni(const Opzioni& opzioni, bool lavoriDati)
+void RifiutaContraddizioni(const Opzioni& opzioni)
 {
     const bool inFile =
         opzioni.FormaReport != Forma::Nessuna && opzioni.FormaReport != Forma::Video;
@@ -108,7 +113,7 @@ void RifiutaContraddizioni(const Opzioni& opzioni, bool lavoriDati)
     if (!opzioni.Mazzi.empty() && opzioni.Seme) {
         Rifiuta("--seme", "con --mazzi le carte non si mescolano");
     }
-    const bool piuLavori = lavoriDati && opzioni.Lavori != 1;
+    const bool piuLavori = opzioni.Lavori != 1;
     if (piuLavori && opzioni.Piena()) {
         Rifiuta("--lavori", "un report con tutti i colpi vuole un solo lavoro (oppure -s)");
     }
@@ -216,7 +221,8 @@ Opzioni LeggiOpzioni(std::vector<std::string> argomenti)
     LeggiValori(opzioni, grezze, lettore);
     LeggiScelte(opzioni, grezze, lettore);
     RifiutaFormeAssenti(opzioni.FormaReport);
-    RifiutaContraddizioni(opzioni, Data(lettore, "--lavori"));
+    RifiutaContraddizioni(opzioni);
+    if (opzioni.Lavori == 0) opzioni.Lavori = TuttiIProcessori();
     return opzioni;
 }
 

@@ -111,8 +111,6 @@ class ValoriDelleOpzioni(Prova):
                           ["-j", "2"], ["-j", "0"], ["-f", "html", "-j", "2"],
                           ["-s", "-j", "2", "--colpi", "x"],
                           ["-s", "-j", "2", "--salva-mazzi", "x"]]:
-            if argomenti == ["-j", "0"] and os.cpu_count() == 1:
-                continue
             with self.subTest(argomenti=argomenti):
                 self.errore(self.taglie(*argomenti), USO)
         self.assertEqual(self.contenuto(), ["mazzi"])
