@@ -152,11 +152,12 @@ bool LeggiRighe(const std::string& percorso, std::size_t massimo,
     Righe righe(percorso, massimo, riga, fermare);
     std::vector<char> blocco(64 * 1024);
     for (;;) {
+        // Also before a read that may wait for ever.
+        if (fermare()) return false;
         const auto letti = Leggi(ingresso.Descrittore(), blocco.data(), blocco.size());
         if (letti == 0) return !fermare() && righe.Finisci();
         if (letti < 0) {
             if (errno != EINTR) throw ErroreSistema(errno, percorso);
-            if (fermare()) return false;
         } else if (!righe.Aggiungi({blocco.data(), static_cast<std::size_t>(letti)})) {
             return false;
         }

@@ -169,6 +169,14 @@ public:
         }
     }
 
+    // Ends the run with this failure unless there is one already.
+    void Fallisci(const std::exception_ptr& errore)
+    {
+        const std::lock_guard guardia(m_chiave);
+        if (!m_errore) m_errore = errore;
+        m_finito = true;
+    }
+
     // Rethrows the first failure; false when the run was stopped.
     bool Compiuta() const
     {
@@ -180,13 +188,6 @@ private:
     void Ferma()
     {
         m_fermata = true;
-        m_finito = true;
-    }
-
-    void Fallisci(const std::exception_ptr& errore)
-    {
-        const std::lock_guard guardia(m_chiave);
-        if (!m_errore) m_errore = errore;
         m_finito = true;
     }
 
@@ -219,6 +220,9 @@ std::optional<TotaliReport> InParallelo(std::int64_t taglie, int lavori,
             }
         } catch (const std::system_error&) {
             // The system gives no more threads: those there are do all the work.
+        } catch (...) {
+            // The threads there are must not play on before this error can surface.
+            spartizione.Fallisci(std::current_exception());
         }
         spartizione.Lavora(conti[0], [&perTaglia](std::int64_t fatte) {
             perTaglia(fatte);
