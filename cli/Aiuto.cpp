@@ -16,10 +16,12 @@ std::string TestoAiuto()
 {
     return R"(Uso: taglie [OPZIONE]... [N]
 Simula N taglie intere di Scalvino (312 carte l'una) e ne scrive il report.
-N è un numero intero da 1 in su; se manca vale 1.
+N è un numero intero da 1 in su; se manca vale 1, con --mazzi tutte quelle del
+FILE.
 
 Report:
-  -f, --forma FORMA        txt (normale), html, pdf, video o nessuna
+  -f, --forma FORMA        txt (normale), html o nessuna; pdf e video
+                           non ci sono ancora
   -s, --statistiche        solo le statistiche generali, senza i singoli colpi
   -c, --cartella DIR       cartella del report (normale: quella corrente)
   -a, --apri               apre il report finito
@@ -36,13 +38,15 @@ Risultati:
       --dati FORMA         i totali sullo standard output: json o csv; da sola
                            vale anche -f nessuna
   -j, --lavori J           lavori in parallelo, da 0 a 256 (normale: 1; 0: tutti
-                           i processori); solo per le statistiche
+                           i processori); solo per le statistiche, e
+                           senza --salva-mazzi né --colpi
       --avanzamento QUANDO auto (normale), sempre o mai, sullo standard error
   -q, --quieto             non scrive né avanzamento né percorso del report
   -h, --help               mostra questo aiuto
   -V, --version            mostra la versione
 
-L'ultima riga dello standard output è il percorso del report.
+L'ultima riga dello standard output è il percorso del report, se ce n'è uno e
+senza --dati né -q.
 
 Codici di uscita: 0 fatto, 2 uso sbagliato, 3 richiesta rifiutata, 4 uscita non
 scrivibile, 5 guasto interno, 130 interrotto.

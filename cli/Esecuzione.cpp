@@ -113,6 +113,14 @@ void RifiutaFileDoppi(const Opzioni& opzioni, const std::string& percorsoReport)
     }
 }
 
+// Before the first of these files is replaced: one that cannot be must not cost the others.
+void PretendiScrivibili(const Opzioni& opzioni, const std::string& percorsoReport)
+{
+    for (const auto* file : {&percorsoReport, &opzioni.SalvaMazzi, &opzioni.Colpi}) {
+        if (!file->empty()) PretendiSostituibile(*file);
+    }
+}
+
 std::vector<Taglia> MazziDaFile(const Opzioni& opzioni)
 {
     try {
@@ -151,6 +159,8 @@ struct Lavoro
     std::unique_ptr<FileDati> fileColpi;
     std::unique_ptr<Avanzamento> avanzamento;
     Stampe::Studio studio;
+    std::string daAprire; // the finished report, when it is to be opened
+    StileFinestra stile = StileFinestra::NormaleConFuoco;
 };
 
 void ImpostaTaglie(Lavoro& lavoro)
@@ -208,7 +218,13 @@ void ImpostaAmbiente(Lavoro& lavoro, const std::string& cartella)
     ambiente.PreparaTaglia = Sorgente(lavoro);
     ambiente.Fermare = InterruzioneChiesta;
     ambiente.TagliaFatta = [&lavoro](std::int64_t fatte) { DopoTaglia(lavoro, fatte); };
-    if (opzioni.Apri) ambiente.Apri = ApriReport;
+    if (opzioni.Apri) {
+        // Opened only when all the rest is written, too.
+        ambiente.Apri = [&lavoro](const std::string& percorso, StileFinestra stile) {
+            lavoro.daAprire = percorso;
+            lavoro.stile = stile;
+        };
+    }
     ambiente.Lavori = opzioni.Lavori;
     if (opzioni.Dati != FormaDati::Nessuna) ambiente.Raccolta = &lavoro.studio;
     Stampe::AmbienteInUso = std::move(ambiente);
@@ -269,12 +285,14 @@ void Esegui(const Opzioni& opzioni)
         conReport ? cartella + std::string(NomeReport(opzioni.FormaReport)) : std::string();
     RifiutaFileDoppi(opzioni, percorso);
     ImpostaTaglie(lavoro);
+    PretendiScrivibili(opzioni, percorso);
     ApriFile(lavoro);
     ImpostaAmbiente(lavoro, cartella);
 
     const auto totali = FaiReport(opzioni, static_cast<double>(lavoro.taglie));
     ChiudiFile(lavoro);
     if (!totali) Interrompi(DescriviInterruzione(lavoro));
+    if (!lavoro.daAprire.empty()) ApriReport(lavoro.daAprire, lavoro.stile);
 
     if (opzioni.Dati != FormaDati::Nessuna) {
         const Corsa corsa{opzioni.Seme, SecondiTrascorsi() - inizio};

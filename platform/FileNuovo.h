@@ -12,6 +12,9 @@
 // removed; a folder, a FIFO, a device or anything of another user is an error and stays.
 void TogliFile(const std::string& percorso);
 
+// The error that TogliFile would raise about percorso, without touching anything.
+void PretendiSostituibile(const std::string& percorso);
+
 // True when percorso names an ordinary file: no folder, device, hidden or system entry. A link
 // counts as what it leads to. False on any error.
 bool FileOrdinario(const std::string& percorso);

@@ -37,11 +37,14 @@ ChiamateFile ChiamateDelSistema()
     return {ScriviVero, ChiudiVero};
 }
 
-void TogliFile(const std::string& percorso)
+namespace {
+
+// False when there is nothing; an error when what is there must stay.
+bool DaTogliere(const std::string& percorso)
 {
     struct stat voce = {};
     if (::lstat(percorso.c_str(), &voce) != 0) {
-        if (errno == ENOENT) return;
+        if (errno == ENOENT) return false;
         throw ErroreSistema(errno, percorso);
     }
     if (S_ISDIR(voce.st_mode)) throw ErroreSistema(EISDIR, percorso);
@@ -50,6 +53,19 @@ void TogliFile(const std::string& percorso)
     if (voce.st_uid != ::geteuid()) {
         throw ErroreRuntime(NumeroErrore::PermessoNegato, "appartiene a un altro utente", percorso);
     }
+    return true;
+}
+
+} // namespace
+
+void PretendiSostituibile(const std::string& percorso)
+{
+    DaTogliere(percorso);
+}
+
+void TogliFile(const std::string& percorso)
+{
+    if (!DaTogliere(percorso)) return;
     if (::unlink(percorso.c_str()) != 0 && errno != ENOENT) throw ErroreSistema(errno, percorso);
 }
 
@@ -92,7 +108,8 @@ FileNuovo::FileNuovo(std::string percorso)
 }
 
 // A file system may give the number of a removed file to the next one at once: while the file is
-// closed, only a reference of ours makes the number mean this file. It counts as no opening.
+// closed, only a reference of ours makes the number mean this file. It counts as no opening. Where
+// it cannot be had (no O_PATH, no descriptor left), the number alone must do.
 void FileNuovo::Ancora() noexcept
 {
 #ifdef O_PATH

@@ -37,12 +37,17 @@ ChiamateFile ChiamateDelSistema()
 
 // Folders of other users are closed to this one here by the system's own rights, so that the
 // owner need not be asked for.
-void TogliFile(const std::string& percorso)
+void PretendiSostituibile(const std::string& percorso)
 {
     const DWORD attributi = GetFileAttributesA(percorso.c_str());
     if (attributi == INVALID_FILE_ATTRIBUTES) return;
     if ((attributi & FILE_ATTRIBUTE_DIRECTORY) != 0) throw ErroreSistema(EISDIR, percorso);
     if ((attributi & FILE_ATTRIBUTE_DEVICE) != 0) throw ErroreSistema(ENXIO, percorso);
+}
+
+void TogliFile(const std::string& percorso)
+{
+    PretendiSostituibile(percorso);
     if (::_unlink(percorso.c_str()) != 0 && errno != ENOENT) throw ErroreSistema(errno, percorso);
 }
 

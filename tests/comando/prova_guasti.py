@@ -253,6 +253,18 @@ class SpazioFinito(Prova):
         env = ambiente(PATH=f"{programma.parent}:/usr/bin:/bin")
         self.errore(self.taglie("60", "-a", env=env, preexec_fn=limita_i_file(5_000)), SCRITTURA)
         self.assertFalse(nota.exists())
+        # Whole itself, but the records beside it are not.
+        self.errore(self.taglie("20", "-s", "-a", "--colpi", "c", env=env,
+                                preexec_fn=limita_i_file(5_000)), SCRITTURA, "c")
+        self.assertFalse(nota.exists())
+
+    def test_un_report_impossibile_non_costa_i_dati_di_prima(self):
+        (self.nuova("d") / "taglie.txt").mkdir()
+        for ruolo in ["--salva-mazzi", "--colpi"]:
+            with self.subTest(ruolo=ruolo):
+                (self.cartella / "s").write_bytes(b"di prima\n")
+                self.errore(self.taglie("1", "-c", "d", ruolo, "s"), SCRITTURA)
+                self.assertEqual((self.cartella / "s").read_bytes(), b"di prima\n")
 
     def test_record_e_taglie_restano_interi(self):
         limite = 100_000

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -90,6 +91,17 @@ mode_t Permessi(const fs::path& percorso)
 } // namespace
 
 // ---- What may be replaced --------------------------------------------------------------------
+
+TEST(PretendiSostituibile, NonToccaNulla)
+{
+    const CartellaDiProva cartella;
+    std::ofstream(cartella.File("file")) << "x";
+    fs::create_directory(cartella.File("cartella"));
+    EXPECT_NO_THROW(PretendiSostituibile(cartella.File("file").string()));
+    EXPECT_NO_THROW(PretendiSostituibile(cartella.File("assente").string()));
+    EXPECT_THROW(PretendiSostituibile(cartella.File("cartella").string()), ErroreRuntime);
+    EXPECT_EQ(cartella.Contenuto(), (std::vector<std::string>{"cartella", "file"}));
+}
 
 TEST(TogliFile, NullaDaTogliereNonEUnErrore)
 {
