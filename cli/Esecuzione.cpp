@@ -116,8 +116,9 @@ void RifiutaFileDoppi(const Opzioni& opzioni, const std::string& percorsoReport)
 // Before the first of these files is replaced: one that cannot be must not cost the others.
 void PretendiScrivibili(const Opzioni& opzioni, const std::string& percorsoReport)
 {
-    for (const auto* file : {&percorsoReport, &opzioni.SalvaMazzi, &opzioni.Colpi}) {
-        if (!file->empty()) PretendiSostituibile(*file);
+    if (!percorsoReport.empty()) PretendiSostituibile(percorsoReport);
+    for (const auto* file : {&opzioni.SalvaMazzi, &opzioni.Colpi}) {
+        if (!file->empty()) PretendiFileDati(*file);
     }
 }
 

@@ -7,24 +7,20 @@
 
 namespace cli {
 
-namespace {
-
-// A name that the user gave may well be a link on purpose (a device's name is one): replacing it
-// would take away something that is in use elsewhere.
-const std::string& SenzaCollegamento(const std::string& percorso)
+void PretendiFileDati(const std::string& percorso)
 {
+    // A name that the user gave may well be a link on purpose (a device's name is one): replacing
+    // it would take away something that is in use elsewhere.
     std::error_code errore;
     if (std::filesystem::is_symlink(percorso, errore)) {
         throw ErroreRuntime(NumeroErrore::AccessoAlFile,
                             "è un collegamento, serve il nome di un file ordinario", percorso);
     }
-    return percorso;
+    PretendiSostituibile(percorso);
 }
 
-} // namespace
-
 FileDati::FileDati(const std::string& percorso)
-    : m_file(SenzaCollegamento(percorso))
+    : m_file((PretendiFileDati(percorso), percorso))
 {
     m_file.Conserva();
 }

@@ -7,6 +7,10 @@
 
 namespace cli {
 
+// The error that creating a data file of this name would raise about what stands there already,
+// without touching anything.
+void PretendiFileDati(const std::string& percorso);
+
 // A text file that grows by whole shoes. A failed or stopped run leaves the whole shoes written so
 // far. It is created as safely as a report: an old one of this user is replaced, but a link is an
 // error.

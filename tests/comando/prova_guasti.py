@@ -258,6 +258,16 @@ class SpazioFinito(Prova):
                                 preexec_fn=limita_i_file(5_000)), SCRITTURA, "c")
         self.assertFalse(nota.exists())
 
+    def test_un_collegamento_fra_i_dati_non_costa_gli_altri(self):
+        (self.cartella / "s").write_bytes(b"di prima\n")
+        (self.cartella / "altro").write_bytes(b"altrui\n")
+        (self.cartella / "freccia").symlink_to("altro")
+        self.errore(self.taglie("1", "--salva-mazzi", "s", "--colpi", "freccia"), SCRITTURA,
+                    "freccia", "collegamento")
+        self.assertEqual((self.cartella / "s").read_bytes(), b"di prima\n")
+        self.assertEqual((self.cartella / "altro").read_bytes(), b"altrui\n")
+        self.assertFalse((self.cartella / "taglie.txt").exists())
+
     def test_un_report_impossibile_non_costa_i_dati_di_prima(self):
         (self.nuova("d") / "taglie.txt").mkdir()
         for ruolo in ["--salva-mazzi", "--colpi"]:
