@@ -16,7 +16,9 @@ import subprocess
 import sys
 import tempfile
 import xml.etree.ElementTree
+from fractions import Fraction
 
+import numeri
 from scrittore import Scrittore
 from suona import Leggi, QUI, Suona
 
@@ -111,6 +113,32 @@ def Lettori(percorso):
     Pretendi(codice == 0 and "error:" not in detto, "mutool: " + detto)
 
 
+class Sensore:
+    """Counts the numbers that another order of the same operations could
+    round the other way: within a billionth of a half, yet no exact half."""
+
+    def __init__(self):
+        self.vecchio, self.fragili = round, []
+
+    def __call__(self, valore, *resto):
+        distanza = abs(abs(valore) % 1 - 0.5)
+        if not resto and distanza < 1e-9 * max(1.0, abs(valore)):
+            esatto = Fraction(valore) / 1000
+            if esatto.denominator > 2 ** 20:
+                self.fragili.append(valore / 1000)
+        return self.vecchio(valore, *resto)
+
+
+def NumeriFragili(azione):
+    """What azione() rounds on the edge."""
+    numeri.round = Sensore()
+    try:
+        azione()
+        return numeri.round.fragili
+    finally:
+        del numeri.round
+
+
 def Confronta(copione):
     """The golden comes out again; returns the readings that change it."""
     chiamate = Leggi(copione)
@@ -124,6 +152,8 @@ def Confronta(copione):
         if Suona(chiamate, classe) != atteso:
             diverse.append("+".join(sorted(insieme)))
     Pretendi(not diverse, "depends on the readings " + ", ".join(diverse))
+    fragili = NumeriFragili(lambda: Suona(chiamate))
+    Pretendi(not fragili, f"rounded on the edge: {fragili}")
 
 
 def Main(argv):
