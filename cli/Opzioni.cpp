@@ -110,6 +110,9 @@ void RifiutaContraddizioni(const Opzioni& opzioni)
         opzioni.FormaReport != Forma::Nessuna && opzioni.FormaReport != Forma::Video;
     if (opzioni.Apri && !inFile)
         Rifiuta("--apri", "senza un report in un file non c'è nulla da aprire");
+    if (opzioni.CaratteriUnici && opzioni.FormaReport != Forma::Pdf) {
+        Rifiuta("--caratteri-unici", "vale solo con -f pdf");
+    }
     if (!opzioni.Mazzi.empty() && opzioni.Seme) {
         Rifiuta("--seme", "con --mazzi le carte non si mescolano");
     }
@@ -125,10 +128,8 @@ void RifiutaContraddizioni(const Opzioni& opzioni)
 
 void RifiutaFormeAssenti(Forma forma)
 {
-    const bool assente = forma == Forma::Pdf || forma == Forma::Video;
-    if (!assente) return;
-    throw ErroreComando(UscitaRifiuto,
-                        std::string("forma ") + (forma == Forma::Pdf ? "pdf" : "video"),
+    if (forma != Forma::Video) return;
+    throw ErroreComando(UscitaRifiuto, "forma video",
                         "non è ancora disponibile in questa versione");
 }
 
@@ -143,6 +144,7 @@ void Dichiara(CLI::App& lettore, Grezze& grezze, Opzioni& opzioni)
     lettore.add_flag("-s,--statistiche", opzioni.Statistiche);
     lettore.add_option("-c,--cartella", grezze.Cartella);
     lettore.add_flag("-a,--apri", opzioni.Apri);
+    lettore.add_flag("--caratteri-unici", opzioni.CaratteriUnici);
     lettore.add_option("--seme", grezze.Seme);
     lettore.add_option("--mazzi", grezze.Mazzi);
     lettore.add_option("--salva-mazzi", grezze.SalvaMazzi);

@@ -41,6 +41,7 @@ struct Opzioni
     bool Statistiche = false;
     std::string Cartella = ".";
     bool Apri = false;
+    bool CaratteriUnici = false;
     std::optional<std::uint64_t> Seme;
     std::string Mazzi;      // empty: shuffled shoes
     std::string SalvaMazzi; // empty: not wanted; likewise below
