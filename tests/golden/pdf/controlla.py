@@ -70,8 +70,9 @@ def Bilancio(flusso):
         Pretendi(livello == 0, f"{apre.decode()} left open")
 
 
-def Struttura(dati):
-    corpi = Oggetti(dati)
+def Struttura(percorso):
+    with open(percorso, "rb") as archivio:
+        corpi = Oggetti(archivio.read())
     for numero, corpo in corpi.items():
         taglio = re.search(rb"/Length (\d+) 0 R >>\r\nstream\r\n", corpo)
         if not taglio:
@@ -87,6 +88,18 @@ def Struttura(dati):
                                              .rsplit("<?xpacket", 1)[0])
         else:
             Bilancio(flusso)
+
+
+def AMano(percorso):
+    """The document written by hand, every line at its offset."""
+    dati = bytearray()
+    with open(percorso, encoding="ascii", newline="\n") as archivio:
+        for riga in archivio:
+            posto, testo = int(riga[:4]), riga[5:].rstrip("\n")
+            Pretendi(posto == len(dati), f"{posto} should be {len(dati)}")
+            dati += testo.encode("ascii").decode("unicode_escape").encode("latin-1")
+    with open(os.path.join(QUI, "una_pagina.pdf"), "rb") as archivio:
+        Pretendi(archivio.read() == bytes(dati), "not what una_pagina.pdf holds")
 
 
 def Comando(*parole):
@@ -164,16 +177,15 @@ def Main(argv):
     copioni = [] if argomenti.file else sorted(glob.glob(os.path.join(QUI, "copioni", "*.json")))
     pdf = argomenti.file or sorted(glob.glob(os.path.join(QUI, "*.pdf")))
     difetti = 0
-    for azione, percorsi in ((Confronta, copioni), (None, pdf)):
+    azioni = [(Confronta, copioni), (Struttura, pdf)]
+    if not argomenti.file:
+        azioni.append((AMano, [os.path.join(QUI, "a_mano.txt")]))
+    if argomenti.lettori:
+        azioni.append((Lettori, pdf))
+    for azione, percorsi in azioni:
         for percorso in percorsi:
             try:
-                if azione:
-                    azione(percorso)
-                    continue
-                with open(percorso, "rb") as archivio:
-                    Struttura(archivio.read())
-                if argomenti.lettori:
-                    Lettori(percorso)
+                azione(percorso)
             except (Difetto, OSError, xml.etree.ElementTree.ParseError) as errore:
                 difetti += 1
                 print(f"{os.path.basename(percorso)}: {errore}", file=sys.stderr)
