@@ -143,7 +143,14 @@ TEST(Opzioni, AiutoEVersionePrimaDiOgniControllo)
 
 TEST(Opzioni, LeFormeCheMancanoSonoRifiutateChiaramente)
 {
-    EXPECT_EQ(Rifiuto({"-f", "pdf"}),
-              std::pair(3, std::string("forma pdf: non è ancora disponibile in questa versione")));
-    EXPECT_EQ(Rifiuto({"-f", "video"}).first, 3);
+    EXPECT_EQ(Rifiuto({"-f", "video"}),
+              std::pair(3, std::string("forma video: non è ancora disponibile in questa versione")));
+}
+
+TEST(Opzioni, ICaratteriUniciSonoDelSoloPdf)
+{
+    EXPECT_FALSE(LeggiOpzioni({"-f", "pdf"}).CaratteriUnici);
+    EXPECT_TRUE(LeggiOpzioni({"-f", "pdf", "--caratteri-unici"}).CaratteriUnici);
+    EXPECT_EQ(Rifiuto({"--caratteri-unici"}),
+              std::pair(2, std::string("--caratteri-unici: vale solo con -f pdf")));
 }
