@@ -1,5 +1,6 @@
 #include "ColorText.h"
 
+#include "Number.h"
 #include "Numeri.h"
 
 #include <algorithm>
@@ -89,6 +90,16 @@ std::array<int, 3> ColorComponents(std::string_view color)
         return place < color.size() ? PairValue(color.substr(place, 2)) : 0;
     };
     return {pair(1), pair(3), pair(5)};
+}
+
+std::string ColorNumbers(std::string_view digits)
+{
+    std::string text;
+    for (const int component : ColorComponents(digits)) {
+        if (!text.empty()) text.push_back(' ');
+        prAppendNumber(text, static_cast<double>(component) / LargestComponent);
+    }
+    return text;
 }
 
 std::string ColorDigits(const std::array<int, 3>& components)

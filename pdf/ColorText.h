@@ -22,6 +22,9 @@ inline bool IsDigits(std::string_view color)
 // Red, green and blue, 0 to 255, of a colour in digits. Missing digits count as 0.
 std::array<int, 3> ColorComponents(std::string_view color);
 
+// The components as PDF writes them, from 0 to 1 with blanks between.
+std::string ColorNumbers(std::string_view digits);
+
 // "#" and the three components as two upper-case hexadecimal digits each.
 std::string ColorDigits(const std::array<int, 3>& components);
 

@@ -1,10 +1,14 @@
 // A picture as the readers hand it to the writer, ready for an image object.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 namespace pdf {
+
+// The largest file that is read whole: no picture or font of a document comes near it.
+inline constexpr std::size_t LargestInput = std::size_t{1} << 30;
 
 enum class ColorSpace : std::uint8_t
 {

@@ -41,6 +41,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class clsPDFCreator
 {
@@ -213,6 +214,9 @@ public:
     float TextLength(std::string_view Text) const;
     float TextHeight() const;
 
+    // Bytes as ASCII base-85 (ISO 32000-1, 7.4.3), with "~>" at the end.
+    static std::string prToASCII85(std::string_view Bytes);
+
     // Lays Text out in a box, wrapping at blanks; returns the number of lines. Draws no frame and
     // clips nothing: Height only serves the vertical alignment.
     //
@@ -223,6 +227,48 @@ public:
     std::int16_t DrawParagraph(float X, float Y, float Width, float Height, std::string_view Text,
                                float LineSpacing = 1, float Indent = 0, std::int32_t Options = 1,
                                float Angle = 0);
+
+    // ---- Bookmarks, notes and links ------------------------------------------------------------
+
+    // Adds a bookmark that leads to the page begun last. Level 1 stands under the document's title,
+    // which is the first bookmark; 0 and less count as 1, more than one deeper than the bookmark
+    // before as one deeper. FitMode, what the reader shows: 0 the page's drawing, 1 from Left on in
+    // full height, 2 from Top on in full width, 3 the rectangle, 4 from the corner (Left, Top) on
+    // at the factor Zoom (0 as it is); anything else leads nowhere.
+    void AddBookmark(std::string_view Title, std::int32_t Level = 1, std::int32_t FitMode = 0,
+                     float Left = 0, float Top = 0, float Right = 0, float Bottom = 0,
+                     float Zoom = 0);
+
+    // Annotations of the open page (ISO 32000-1, 12.5). Flags: as there, 4 lets them be printed. An
+    // empty Color or Title is left out.
+
+    // A note behind an icon of 20 points, its corner at (X, Y): 0 note, 1 comment, 2 key, 3 help,
+    // 4 paragraph, 5 new paragraph, 6 insertion. Open shows the text at once.
+    void AddNoteIcon(std::string_view Text, std::int32_t Icon, float X, float Y, bool Open = false,
+                     std::string_view Color = {}, std::string_view Title = {},
+                     std::int32_t Flags = 4);
+
+    // A note written on the page. FontSize in points; Align 0 left, 1 centre, 2 right; BorderWidth
+    // in points; BorderStyle 0 solid, 1 dashed, 2 beveled, 3 inset, 4 underline; Color of the
+    // background. Without a Title it has the writer's own. Uses plain Arial, added to the document
+    // where it is missing; the present font stays.
+    void AddNoteBox(std::string_view Text, float X, float Y, float Width, float Height,
+                    float FontSize = 12, std::string_view TextColor = "Black",
+                    std::int32_t Align = 0, float BorderWidth = 1, std::int32_t BorderStyle = 0,
+                    std::string_view Color = {}, std::string_view Title = {},
+                    std::int32_t Flags = 4);
+
+    // A rubber stamp: 0 approved, 1 as is, 2 confidential, 3 departmental, 4 draft, 5
+    // experimental, 6 expired, 7 final, 8 for comment, 9 for public release, 10 not approved, 11
+    // not for public release, 12 sold, 13 top secret.
+    void AddNoteStamp(std::string_view Text, float X, float Y, float Width, float Height,
+                      std::int32_t Stamp = 0, std::string_view Title = {},
+                      std::string_view Color = {}, std::int32_t Flags = 4);
+
+    // A link to an address. Highlight while it is pressed: 0 none, 1 inverted, 2 outlined, 3
+    // pushed. Border: width in points, 0 none.
+    void AddWebLink(std::string_view URL, float X, float Y, float Width, float Height,
+                    std::int32_t Highlight = 1, float Border = 0);
 
     // ---- Axes ----------------------------------------------------------------------------------
     //
@@ -267,6 +313,25 @@ public:
     void EndColumn();
     void EndTable();
 
+    // ---- Patterns ------------------------------------------------------------------------------
+
+    // Begins a tile, drawn like a page with its own corner as the origin, that fills areas as the
+    // colour of that name. Between pages only. The cell reaches from (X1, Y1) to (X2, Y2) and is
+    // repeated every XStep and YStep. PaintKind: 1 coloured by the drawing itself, 2 by the
+    // PatternColor it is chosen with.
+    void BeginTiling(std::string_view Name, float X1, float Y1, float X2, float Y2, float XStep,
+                     float YStep, std::int32_t PaintKind = 1);
+    void EndTiling();
+
+    // Fills what follows with a blend of the first and the last of Colors: between two circles
+    // (centres and radii), or along the line between two points. Extend goes on with the end's
+    // colour beyond it. Error 5 without colours.
+    void SetRadialFill(const std::vector<std::string>& Colors, float X0, float Y0, float R0,
+                       float X1, float Y1, float R1, bool ExtendStart = true,
+                       bool ExtendEnd = true);
+    void SetLinearFill(const std::vector<std::string>& Colors, float X0, float Y0, float X1,
+                       float Y1, bool ExtendStart = true, bool ExtendEnd = true);
+
     // ---- Version, boxes, opening ---------------------------------------------------------------
 
     // The version of this writer, "1.9.1".
@@ -281,6 +346,26 @@ public:
     // Error 5 before the first BeginDoc, error 53 where nothing can open files.
     void OpenDoc();
 
+    // ---- Barcodes ------------------------------------------------------------------------------
+    //
+    // In the present fill colour, from the top left corner of the first bar on; what scanners want
+    // free on both sides is the caller's: 11 modules left and 7 right of an EAN-13, 10 on either
+    // side of a Code 39. ModuleWidth, of the narrowest bar, in points: 0.8 when not positive, at
+    // most 2. ShowText writes the text under the bars and adds a font to the document; the present
+    // one stays.
+
+    // Code: 12 digits; a 13th is ignored, the check digit is always the right one. BarHeight in
+    // user units, 69 modules when not positive; the guard bars are 5 modules longer. Error 5 for
+    // anything but 12 or 13 digits.
+    void DrawEAN13(std::string_view Code, float X, float Y, bool ShowText = true,
+                   float BarHeight = 0, float ModuleWidth = 0);
+
+    // Code: ASCII; what Code 39 does not have itself takes two of its characters. No check
+    // character is added. Height in user units, 40 modules when not positive. Ratio of wide to
+    // narrow, 2.5 when not positive. Error 5 for characters that are not ASCII.
+    void DrawCODE39(std::string_view Code, float X, float Y, float Height = 0, bool ShowText = true,
+                    float ModuleWidth = 0, float Ratio = 0);
+
     // ---- Fonts ---------------------------------------------------------------------------------
 
     // Chooses the font. FontFamily: Times New Roman, Courier New, Arial (Helvetica), Symbol,
@@ -294,12 +379,26 @@ public:
     // The size alone, in points.
     void SetFontSize(float Size);
 
+    // ---- Images --------------------------------------------------------------------------------
+
+    // Draws a picture over a rectangle: a Windows bitmap (.bmp), the first frame of a GIF (.gif) or
+    // a JPEG (.jpg, .jpeg). It is read once for each file and Key. An error with file and reason,
+    // and nothing drawn, for any other file.
+    void DrawImage(const std::string& FileName, float X, float Y, float Width, float Height,
+                   std::string_view Key = {});
+
     // ---- Colours -------------------------------------------------------------------------------
 
     // The colour of areas and text, and of lines. PatternColor: the colour of an uncoloured
     // pattern. An empty Color changes nothing.
     void SetColorFill(std::string_view Color, std::string_view PatternColor = {});
     void SetColorLine(std::string_view Color, std::string_view PatternColor = {});
+
+    // Adds a TrueType font from its file: SetFont finds it as FontName, blanks and case apart, and
+    // ignores bold and italic for it. Embed puts the file into the document, so that the text looks
+    // the same everywhere. An error with file and reason for a file that is no such font or, with
+    // Embed, forbids it.
+    void AddFont(const std::string& FileName, std::string_view FontName, bool Embed = true);
 
     // The colour text of red, green, blue (0 to 255) or cyan, magenta, yellow, black (percent);
     // "#000000" for any other count of values.
@@ -309,6 +408,13 @@ public:
         const float list[] = {static_cast<float>(values)..., 0};
         return ColorOf(list, sizeof...(values));
     }
+
+    // ---- Image data ----------------------------------------------------------------------------
+
+    // How the data of all images are encoded, added up: 1 run-length, 2 LZW, 4 ASCII base-85, 8
+    // hexadecimal; 0 at first. JPEG data take 4 and 8 only. What stands when EndDoc writes them
+    // counts.
+    void FilterDecode(std::int32_t Filters);
 
 private:
     struct State;

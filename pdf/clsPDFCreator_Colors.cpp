@@ -61,17 +61,12 @@ void clsPDFCreator::State::WriteLineColor(std::string_view resolved, std::string
 const std::string& clsPDFCreator::State::ComponentsOf(std::string_view digits)
 {
     constexpr std::size_t mostKept = 16;
-    constexpr double largest = 255;
     for (const auto& known : ColorTexts) {
         if (known.Digits == digits) return known.Components;
     }
-    std::string components;
-    for (const int component : pdf::ColorComponents(digits)) {
-        if (!components.empty()) components.push_back(' ');
-        pdf::prAppendNumber(components, component / largest);
-    }
     if (ColorTexts.size() == mostKept) ColorTexts.clear();
-    return ColorTexts.emplace_back(ColorText{std::string(digits), components}).Components;
+    return ColorTexts.emplace_back(ColorText{std::string(digits), pdf::ColorNumbers(digits)})
+        .Components;
 }
 
 // The operators of ISO 32000-1, 8.6.8: a colour, or a pattern in the colour space of patterns, or

@@ -174,9 +174,12 @@ void clsPDFCreator::EndDoc()
 {
     auto& out = m->Out;
     out.RequireOpen();
-    if (!m->Fonts.empty()) m->prWriteFonts();
+    const std::int32_t outlines = m->Bookmarks.empty() ? 0 : m->prWriteOutlines();
+    m->prWriteFonts();
+    m->prWriteImages();
     const std::int32_t metadata = m->WriteMetadata();
-    m->WriteCatalog(metadata);
+    m->WriteGradients();
+    m->WriteCatalog(outlines, metadata);
     m->WriteDictionary(EncodingObject, "<< /Type /Encoding /BaseEncoding /WinAnsiEncoding >>");
     m->WriteDictionary(ResourceObject, m->Resources(false));
     m->WriteDictionary(PageResourceObject, m->Resources(true));
@@ -248,10 +251,12 @@ void clsPDFCreator::State::WriteDictionary(std::int32_t number, std::string_view
     Out.prEndObj();
 }
 
-void clsPDFCreator::State::WriteCatalog(std::int32_t metadata)
+void clsPDFCreator::State::WriteCatalog(std::int32_t outlines, std::int32_t metadata)
 {
-    std::string text = "<< /Type /Catalog\r/Pages 4 0 R\r/PageLayout /OneColumn\r"
-                       "/PageMode /UseNone\r/Lang (it) \r";
+    std::string text = "<< /Type /Catalog\r/Pages 4 0 R\r";
+    if (outlines != 0) text.append("/Outlines " + std::to_string(outlines) + " 0 R\r");
+    text.append("/PageLayout /OneColumn\r/PageMode ");
+    text.append(outlines != 0 ? "/UseOutlines" : "/UseNone").append("\r/Lang (it) \r");
     if (!PageLabels.empty())
         text.append("/PageLabels << /Nums [ ").append(PageLabels).append(" ] >>\r");
     text.append("/ViewerPreferences << /HideToolbar false /DisplayDocTitle true "

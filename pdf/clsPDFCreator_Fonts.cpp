@@ -1,8 +1,11 @@
 // Fonts: the table of those that the document uses, and measuring with the present one.
 
+#include "Encoders.h"
+#include "LetturaFile.h"
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -76,6 +79,20 @@ std::string StyleSuffix(bool bold, bool italic)
     return std::string(",") + (bold ? "Bold" : "") + (italic ? "Italic" : "");
 }
 
+// Both have an encoding of their own; with a style in their names they are not known as such, on
+// purpose.
+bool HasOwnEncoding(std::string_view baseFont)
+{
+    const std::string name = Upper(baseFont);
+    return name == "SYMBOL" || name == "ZAPFDINGBATS";
+}
+
+std::uint16_t InWidth(float width)
+{
+    constexpr float widest = 65535;
+    return static_cast<std::uint16_t>(std::clamp(width, 0.F, widest));
+}
+
 } // namespace
 
 void clsPDFCreator::SetFont(std::string_view FontFamily, float Size, std::int32_t Style)
@@ -124,7 +141,7 @@ clsPDFCreator::State::FontRequest& clsPDFCreator::State::RequestOf(std::string_v
     const StandardFont& standard = StandardOf(key);
     if (standard.Key == key) key += StyleSuffix(bold, italic);
     const std::string_view baseFont = standard.BaseFonts[static_cast<std::size_t>(face)];
-    const Font font = {baseFont, pdf::MetricsOf(standard.Family, bold, italic)};
+    const Font font = {baseFont, pdf::MetricsOf(standard.Family, bold, italic), nullptr};
     FontRequests.push_back(
         {std::string(family), face, font, std::move(key), Upper(baseFont), 0, 0, false});
     return FontRequests.back();
@@ -177,24 +194,86 @@ double clsPDFCreator::State::TextWidth(std::string_view text) const
     return CurrentFont == 0 ? 0 : Metrics().WidthOf(text);
 }
 
-// Widths and descriptors are the reader's own: it knows the standard fonts by these names.
+void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontName, bool Embed)
+{
+    pdf::prRequireRoom(static_cast<std::int32_t>(m->Fonts.size()), "caratteri");
+    const std::string bytes = LeggiFile(FileName, pdf::LargestInput);
+    auto font = std::make_unique<State::TrueType>();
+    font->File = pdf::ReadTrueType(bytes, FileName);
+    if (Embed && !font->File.MayEmbed) {
+        throw ErroreRuntime(NumeroErrore::PermessoNegato,
+                            "il carattere non permette di essere incorporato", FileName);
+    }
+    std::transform(font->File.Widths.begin(), font->File.Widths.end(), font->Widths.begin(),
+                   InWidth);
+    if (Embed) {
+        font->Encoded = pdf::prLZWEncode(bytes);
+        font->Length = bytes.size();
+    }
+    const auto descent = static_cast<std::int16_t>(std::clamp(font->File.Descent, -32768.F, 0.F));
+    m->Fonts.push_back({font->File.Name, {&font->Widths, descent}, font.get()});
+    m->TrueTypeFonts.push_back(std::move(font));
+    m->FontKeys.try_emplace(NormalizedFamily(InWindows1252(FontName)), m->Fonts.size());
+}
+
+// Widths and descriptors of the standard fonts are the reader's own: it knows them by these names.
 void clsPDFCreator::State::prWriteFonts()
 {
+    constexpr std::int32_t followers = 4; // descriptor, file and two lengths
     std::int32_t number = 0;
     for (const Font& font : Fonts) {
+        if (font.Embedded != nullptr) pdf::prRequireRoom(Out.Counter() + followers, "oggetti");
         const std::int32_t object = Out.prInitObj(0);
         FontResources.append("/_FNT_");
         pdf::prAppendInteger(FontResources, ++number);
         FontResources.push_back(' ');
         pdf::prAppendInteger(FontResources, object);
         FontResources.append(" 0 R \r");
-        Out.prLine("<< /Type /Font /Subtype /Type1 /Name /_FNT_", number, " /BaseFont /",
-                   font.BaseFont, " /FirstChar 0 /LastChar 255");
-        // Both have an encoding of their own; with a style in their names they are not known as
-        // such, on purpose.
-        const bool ownEncoding = font.BaseFont == "Symbol" || font.BaseFont == "ZapfDingbats";
-        if (!ownEncoding) Out.prWriteRaw("/Encoding 3 0 R");
+        Out.prLine("<< /Type /Font /Subtype /", font.Embedded != nullptr ? "TrueType" : "Type1",
+                   " /Name /_FNT_", number, " /BaseFont /", font.BaseFont,
+                   " /FirstChar 0 /LastChar 255");
+        if (!HasOwnEncoding(font.BaseFont)) Out.prWriteRaw("/Encoding 3 0 R");
+        if (font.Embedded != nullptr) WriteWidths(object, *font.Embedded);
         Out.prWriteRaw(" >>");
+        Out.prEndObj();
+        if (font.Embedded != nullptr) WriteDescriptor(object + 1, *font.Embedded);
+    }
+}
+
+void clsPDFCreator::State::WriteWidths(std::int32_t object, const TrueType& font)
+{
+    constexpr std::size_t widthsInALine = 16;
+    Out.prLine("/FontDescriptor ", object + 1, " 0 R");
+    Out.prWriteRaw("/Widths [");
+    for (std::size_t code = 0; code < font.Widths.size(); ++code) {
+        Out.prPart(static_cast<std::int32_t>(font.Widths[code]), " ");
+        if ((code + 1) % widthsInALine == 0) Out.prLine("");
+    }
+    Out.prWriteRaw("]");
+}
+
+// The descriptor and, where the font is embedded, the file, its length in the document and its
+// length before encoding.
+void clsPDFCreator::State::WriteDescriptor(std::int32_t object, const TrueType& font)
+{
+    Out.prInitObj(object);
+    Out.prLine("<< /Type /FontDescriptor /FontName /", font.File.Name, " ", font.File.Descriptor,
+               " ");
+    if (font.Length == 0) {
+        Out.prWriteRaw(">>");
+        return Out.prEndObj();
+    }
+    Out.prLine("/FontFile2 ", object + 1, " 0 R >>");
+    Out.prEndObj();
+    Out.prInitObj(object + 1);
+    Out.prLine("<< /Filter /LZWDecode /Length ", object + 2, " 0 R /Length1 ", object + 3,
+               " 0 R >>");
+    Out.BeginStream();
+    Out.prPart(font.Encoded, "\r\r\n");
+    Out.EndStream();
+    for (const std::size_t length : {font.Encoded.size(), font.Length}) {
+        Out.prInitObj(0);
+        Out.prWriteRaw(std::to_string(length));
         Out.prEndObj();
     }
 }

@@ -3,11 +3,16 @@
 #pragma once
 
 #include "FontWidths.h"
+#include "Picture.h"
 #include "TextLayout.h"
+#include "TrueTypeFile.h"
 #include "clsPDFCreator.h"
 #include "clsPDFCreator_Objects.h"
 
+#include <array>
 #include <cmath>
+#include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -15,11 +20,57 @@
 
 struct clsPDFCreator::State
 {
+    // A font read from a file.
+    struct TrueType
+    {
+        pdf::TrueTypeFont File;
+        std::array<std::uint16_t, 256> Widths;
+        std::string Encoded;    // the file as it will stand in the document
+        std::size_t Length = 0; // of the file itself; 0: not embedded
+    };
+
     // A font of the document; the standard ones share their static tables.
     struct Font
     {
-        std::string_view BaseFont; // static
+        std::string_view BaseFont; // static, or of the file
         pdf::FaceMetrics Metrics;
+        const TrueType* Embedded; // nullptr for the standard ones
+    };
+
+    // A picture of the document; its content is gone once it is written.
+    struct Image
+    {
+        std::string FileName;
+        std::string Key;
+        pdf::Picture Content;
+    };
+
+    struct Bookmark
+    {
+        std::string Title;
+        std::int32_t Level; // from 1
+        std::string Destination;
+    };
+
+    // A bookmark in the tree; numbers of others count from 0, the document's title.
+    struct OutlineItem
+    {
+        std::string Title;
+        std::string Destination;
+        std::size_t Parent;
+        std::vector<std::size_t> Children;
+    };
+
+    struct BarcodeText
+    {
+        double Middle; // user units
+        std::string Text;
+    };
+
+    struct GradientKind
+    {
+        std::string_view ShadingType;
+        std::string_view Exponent; // and the end of its function
     };
 
     // What a family and style lead to, kept because the same few are asked for again and again.
@@ -83,6 +134,10 @@ struct clsPDFCreator::State
     std::string ImageResources;
     std::string FormResources;
     std::string PatternResources;
+    std::vector<Bookmark> Bookmarks; // without the first one, the document's title
+    std::vector<Image> Images;
+    std::int32_t ImageFilters = 0;
+    std::vector<std::string> Gradients;
 
     // ---- Pages
     std::int16_t PageCount = 0;
@@ -102,6 +157,7 @@ struct clsPDFCreator::State
     std::size_t CurrentFont = 0; // number from 1; 0: none chosen yet
     bool ShareFonts = false;
     std::vector<Font> Fonts;
+    std::vector<std::unique_ptr<TrueType>> TrueTypeFonts;
     std::unordered_map<std::string, std::size_t> FontKeys;       // first font with that key
     std::unordered_map<std::string_view, std::size_t> BaseFonts; // first font of that name
     std::vector<FontRequest> FontRequests;
@@ -151,13 +207,14 @@ struct clsPDFCreator::State
     {
         return Scale == 0 ? 0 : pdf::prFloat(points / static_cast<double>(Scale));
     }
+    double Units(double points) const { return Scale == 0 ? 0 : points / Scale; }
     double InPoints(double units) const { return units * Scale; }
     void SetCurrent(double x, double y) { Current = {pdf::prFloat(x), pdf::prFloat(y)}; }
 
     // ---- _Core, _Metadata
     std::string UnnamedFile() const;
     void WriteInfo();
-    void WriteCatalog(std::int32_t metadata);
+    void WriteCatalog(std::int32_t outlines, std::int32_t metadata);
     std::string Resources(bool withPatterns) const;
     void WritePageTree();
     void WriteDictionary(std::int32_t number, std::string_view text);
@@ -172,17 +229,54 @@ struct clsPDFCreator::State
     void prPlayObject(std::string_view name);
     void prPlayAutoObjects(bool atEnd);
 
+    // ---- _Navigation
+    template <typename... Numbers>
+    void RequireAnnotation(Numbers... numbers) const
+    {
+        Require(numbers...);
+        // Behind the page come its content's length, the array of annotations and they themselves.
+        pdf::prRequireRoom(Out.Counter() + 2 + static_cast<std::int32_t>(Annotations.size()),
+                           "oggetti");
+    }
+    double FromBottom(double y) const; // user units from the top to points from the bottom
+    std::array<double, 4> AnnotationRect(double x, double y, double width, double height) const;
+    std::string Destination(std::int32_t fitMode, double left, double top, double right,
+                            double bottom, double zoom) const;
+    std::vector<OutlineItem> OutlineTree() const;
+    std::int32_t prWriteOutlines();
+    void WriteSiblings(const std::vector<std::size_t>& children, std::size_t item,
+                       std::int32_t firstObject);
+
+    // ---- _Images
+    std::int32_t ImageOf(const std::string& fileName, std::string_view key);
+    void prWriteImages();
+    void WriteImage(std::int32_t number, std::int32_t object, pdf::Picture& picture);
+    void WritePalette(std::string palette);
+
+    // ---- _Patterns
+    void UseGradient(const GradientKind& kind, std::initializer_list<double> coordinates,
+                     const std::vector<std::string>& colors, bool extendStart, bool extendEnd);
+    void WriteGradients();
+
+    // ---- _Barcodes. Lengths in user units
+    void DrawModules(double x, double y, std::string_view modules, double module, double height);
+    void DrawEanText(double x, double y, const std::string& digits, double module);
+    void DrawBarcodeText(const std::vector<BarcodeText>& texts, double y, double size);
+
     // ---- _Fonts
     FontRequest& RequestOf(std::string_view family, std::int32_t style);
     std::size_t FindFont(FontRequest& request) const;
     std::size_t AddStandardFont(FontRequest& request);
     void prWriteFonts();
+    void WriteWidths(std::int32_t object, const TrueType& font);
+    void WriteDescriptor(std::int32_t object, const TrueType& font);
     std::int32_t FontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
     pdf::TextMetrics Metrics() const;
     double TextWidth(std::string_view text) const;
     void RequireFont() const;
 
     // ---- _Text. Texts in Windows-1252
+    void WriteText(double x, double y, std::string_view text, double angle);
     void WriteTextMatrix(double x, double y, double angle);
     void DrawDecorations(double x, double y, std::string_view text, double angle);
     void WriteLine(const pdf::TextLine& line, double width, double indent, std::int32_t alignment);

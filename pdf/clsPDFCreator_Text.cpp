@@ -73,11 +73,7 @@ void clsPDFCreator::DrawText(float X, float Y, std::string_view Text, std::int32
     const double baseline = m->InPoints(Y);
     m->SetCurrent(left, baseline + m->FontSize);
 
-    auto& out = m->Out;
-    const double size = m->FontSize;
-    out.prLine("BT\r\n/_FNT_", m->FontNumber(), " ", size, " Tf ", size, " TL");
-    m->WriteTextMatrix(left, baseline, Angle);
-    out.prLine(" (", pdf::Escaped{text}, ") Tj\r\nET");
+    m->WriteText(left, baseline, text, Angle);
     m->DrawDecorations(left, baseline, text, Angle);
 }
 
@@ -113,6 +109,14 @@ std::int16_t clsPDFCreator::DrawParagraph(float X, float Y, float Width, float H
                                           std::int32_t Options, float Angle)
 {
     return DrawTextBox(X, Y, Width, Height, Text, LineSpacing, Indent, Options, Angle);
+}
+
+void clsPDFCreator::State::WriteText(double x, double y, std::string_view text, double angle)
+{
+    const double size = FontSize;
+    Out.prLine("BT\r\n/_FNT_", FontNumber(), " ", size, " Tf ", size, " TL");
+    WriteTextMatrix(x, y, angle);
+    Out.prLine(" (", pdf::Escaped{text}, ") Tj\r\nET");
 }
 
 // The matrix that puts text at (x, y), without the end of its line. Its last two entries undo the

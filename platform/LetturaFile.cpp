@@ -4,6 +4,7 @@
 #include "Numeri.h"
 
 #include <cerrno>
+#include <memory>
 #include <vector>
 
 #include <fcntl.h>
@@ -21,6 +22,15 @@ int Apri(const char* percorso)
 {
     return ::_open(percorso, _O_RDONLY | _O_BINARY | _O_NOINHERIT);
 }
+int ApriSenzaAttesa(const char* percorso)
+{
+    return Apri(percorso);
+}
+bool Regolare(int descrittore)
+{
+    struct _stat64 voce = {};
+    return ::_fstat64(descrittore, &voce) == 0 && (voce.st_mode & _S_IFREG) != 0;
+}
 std::ptrdiff_t Leggi(int descrittore, char* byte, std::size_t quanti)
 {
     return ::_read(descrittore, byte, static_cast<unsigned>(quanti));
@@ -34,6 +44,15 @@ constexpr int IngressoStandard = 0;
 int Apri(const char* percorso)
 {
     return ::open(percorso, O_RDONLY | O_CLOEXEC);
+}
+int ApriSenzaAttesa(const char* percorso)
+{
+    return ::open(percorso, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+}
+bool Regolare(int descrittore)
+{
+    struct stat voce = {};
+    return ::fstat(descrittore, &voce) == 0 && S_ISREG(voce.st_mode);
 }
 std::ptrdiff_t Leggi(int descrittore, char* byte, std::size_t quanti)
 {
@@ -161,5 +180,28 @@ bool LeggiRighe(const std::string& percorso, std::size_t massimo,
         } else if (!righe.Aggiungi({blocco.data(), static_cast<std::size_t>(letti)})) {
             return false;
         }
+    }
+}
+
+std::string LeggiFile(const std::string& percorso, std::size_t massimo)
+{
+    const int descrittore = ApriSenzaAttesa(percorso.c_str());
+    if (descrittore < 0) throw ErroreSistema(errno, percorso);
+    const std::unique_ptr<const int, void (*)(const int*)> chiusura(
+        &descrittore, [](const int* aperto) { Chiudi(*aperto); });
+    if (!Regolare(descrittore)) {
+        throw ErroreRuntime(NumeroErrore::AccessoAlFile, "non è un file", percorso);
+    }
+    std::string byte;
+    std::vector<char> blocco(64 * 1024);
+    for (;;) {
+        const auto letti = Leggi(descrittore, blocco.data(), blocco.size());
+        if (letti == 0) return byte;
+        if (letti < 0 && errno == EINTR) continue;
+        if (letti < 0) throw ErroreSistema(errno, percorso);
+        if (byte.size() + static_cast<std::size_t>(letti) > massimo) {
+            throw ErroreRuntime(NumeroErrore::Overflow, "è troppo grande", percorso);
+        }
+        byte.append(blocco.data(), static_cast<std::size_t>(letti));
     }
 }

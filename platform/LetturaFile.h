@@ -1,4 +1,4 @@
-// Reading a file of unknown origin line by line.
+// Reading files of unknown origin.
 #pragma once
 
 #include <cstddef>
@@ -14,3 +14,8 @@
 bool LeggiRighe(const std::string& percorso, std::size_t massimo,
                 const std::function<void(std::size_t, std::string_view)>& riga,
                 const std::function<bool()>& fermare);
+
+// The bytes of a whole regular file of at most massimo bytes. Anything else under that name, a
+// larger file and failures to open or read are ErroreRuntime with file and reason; opening never
+// waits.
+std::string LeggiFile(const std::string& percorso, std::size_t massimo);

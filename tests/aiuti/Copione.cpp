@@ -33,6 +33,10 @@ public:
         return Valore(i, altrimenti);
     }
     bool B(std::size_t i, bool altrimenti = false) const { return Valore(i, altrimenti); }
+    std::vector<std::string> Elenco(std::size_t i) const
+    {
+        return Valore(i, std::vector<std::string>());
+    }
     std::string S(std::size_t i, const std::string& altrimenti = {}) const
     {
         return Valore(i, altrimenti);
@@ -191,6 +195,57 @@ void AssiETabelle(Repertorio& r)
     r["EndTable"] = Fa([](auto& pdf, auto&) { pdf.EndTable(); });
 }
 
+void Navigazione(Repertorio& r)
+{
+    r["AddBookmark"] = Fa([](auto& pdf, auto& a) {
+        pdf.AddBookmark(a.S(0), a.I(1, 1), a.I(2), a.F(3), a.F(4), a.F(5), a.F(6), a.F(7));
+    });
+    r["AddNoteIcon"] = Fa([](auto& pdf, auto& a) {
+        pdf.AddNoteIcon(a.S(0), a.I(1), a.F(2), a.F(3), a.B(4), a.S(5), a.S(6), a.I(7, 4));
+    });
+    r["AddNoteBox"] = Fa([](auto& pdf, auto& a) {
+        pdf.AddNoteBox(a.S(0), a.F(1), a.F(2), a.F(3), a.F(4), a.F(5, 12), a.S(6, "Black"), a.I(7),
+                       a.F(8, 1), a.I(9), a.S(10), a.S(11), a.I(12, 4));
+    });
+    r["AddNoteStamp"] = Fa([](auto& pdf, auto& a) {
+        pdf.AddNoteStamp(a.S(0), a.F(1), a.F(2), a.F(3), a.F(4), a.I(5), a.S(6), a.S(7), a.I(8, 4));
+    });
+    r["AddWebLink"] = Fa([](auto& pdf, auto& a) {
+        pdf.AddWebLink(a.S(0), a.F(1), a.F(2), a.F(3), a.F(4), a.I(5, 1), a.F(6));
+    });
+}
+
+// File names are completed with the folder of the golden seeds.
+void FileETrame(Repertorio& r)
+{
+    r["FilterDecode"] = Fa([](auto& pdf, auto& a) { pdf.FilterDecode(a.I(0)); });
+    r["DrawImage"] = Fa([](auto& pdf, auto& a) {
+        pdf.DrawImage(SCALVINO_SEMI "/" + a.S(0), a.F(1), a.F(2), a.F(3), a.F(4), a.S(5));
+    });
+    r["AddFont"] = Fa(
+        [](auto& pdf, auto& a) { pdf.AddFont(SCALVINO_SEMI "/" + a.S(0), a.S(1), a.B(2, true)); });
+    r["prToASCII85"] = [](Scena&, const Argomenti& a) {
+        return json(clsPDFCreator::prToASCII85(a.S(0)));
+    };
+    r["DrawEAN13"] = Fa([](auto& pdf, auto& a) {
+        pdf.DrawEAN13(a.S(0), a.F(1), a.F(2), a.B(3, true), a.F(4), a.F(5));
+    });
+    r["DrawCODE39"] = Fa([](auto& pdf, auto& a) {
+        pdf.DrawCODE39(a.S(0), a.F(1), a.F(2), a.F(3), a.B(4, true), a.F(5), a.F(6));
+    });
+    r["BeginTiling"] = Fa([](auto& pdf, auto& a) {
+        pdf.BeginTiling(a.S(0), a.F(1), a.F(2), a.F(3), a.F(4), a.F(5), a.F(6), a.I(7, 1));
+    });
+    r["EndTiling"] = Fa([](auto& pdf, auto&) { pdf.EndTiling(); });
+    r["SetLinearFill"] = Fa([](auto& pdf, auto& a) {
+        pdf.SetLinearFill(a.Elenco(0), a.F(1), a.F(2), a.F(3), a.F(4), a.B(5, true), a.B(6, true));
+    });
+    r["SetRadialFill"] = Fa([](auto& pdf, auto& a) {
+        pdf.SetRadialFill(a.Elenco(0), a.F(1), a.F(2), a.F(3), a.F(4), a.F(5), a.F(6), a.B(7, true),
+                          a.B(8, true));
+    });
+}
+
 const Repertorio& Operazioni()
 {
     static const Repertorio tutte = [] {
@@ -199,6 +254,8 @@ const Repertorio& Operazioni()
         Testo(r);
         Disegno(r);
         AssiETabelle(r);
+        Navigazione(r);
+        FileETrame(r);
         return r;
     }();
     return tutte;

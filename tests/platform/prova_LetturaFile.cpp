@@ -279,3 +279,29 @@ TEST(LeggiRighe, UnSegnaleFermaLAttesaDiChiApreUnaFifo)
     ::close(scrittore);
     ASSERT_EQ(::sigaction(SIGUSR1, &prima, nullptr), 0);
 }
+
+TEST(LeggiFile, DaTuttiIByte)
+{
+    const aiuti::CartellaDiProva cartella;
+    const std::string byte = std::string("a\0\r\n\xE8", 5) + std::string(200000, 'z');
+    std::ofstream(cartella.File("f"), std::ios::binary) << byte;
+    EXPECT_TRUE(LeggiFile(cartella.Nome() + "f", byte.size()) == byte);
+    std::ofstream(cartella.File("vuoto"));
+    EXPECT_EQ(LeggiFile(cartella.Nome() + "vuoto", 0), "");
+}
+
+TEST(LeggiFile, RifiutaChiNonEUnFileEChiETroppoGrande)
+{
+    const aiuti::CartellaDiProva cartella;
+    std::ofstream(cartella.File("f")) << "abc";
+    ASSERT_EQ(::mkfifo(cartella.File("fifo").c_str(), 0600), 0);
+    const auto numero = [&](const char* nome, std::size_t massimo) {
+        const auto errore = aiuti::ErroreDi([&] { LeggiFile(cartella.Nome() + nome, massimo); });
+        return errore ? static_cast<int>(errore->Numero()) : 0;
+    };
+    EXPECT_EQ(numero("f", 3), 0);
+    EXPECT_EQ(numero("f", 2), static_cast<int>(NumeroErrore::Overflow));
+    EXPECT_EQ(numero("manca", 3), static_cast<int>(NumeroErrore::FileNonTrovato));
+    EXPECT_EQ(numero("fifo", 3), static_cast<int>(NumeroErrore::AccessoAlFile));
+    EXPECT_EQ(numero(".", 3), static_cast<int>(NumeroErrore::AccessoAlFile));
+}

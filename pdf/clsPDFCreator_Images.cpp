@@ -1,0 +1,215 @@
+// Images: pictures read from files, written as image XObjects (ISO 32000-1, 8.9).
+
+#include "BmpFile.h"
+#include "Encoders.h"
+#include "GifFile.h"
+#include "JpegFile.h"
+#include "LetturaFile.h"
+#include "clsPDFCreator_State.h"
+
+namespace {
+
+enum class ImageKind
+{
+    Bmp,
+    Gif,
+    Jpeg,
+    Unknown,
+};
+
+enum : std::int32_t
+{
+    RunLength = 1,
+    LZW = 2,
+    ASCII85 = 4,
+    ASCIIHex = 8,
+};
+
+// By the extension of the file's name, in upper or lower case.
+ImageKind prImageKind(std::string_view fileName)
+{
+    const auto point = fileName.rfind('.');
+    if (point == std::string_view::npos) return ImageKind::Unknown;
+    std::string extension(fileName.substr(point));
+    for (char& c : extension) {
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    }
+    if (extension == ".BMP") return ImageKind::Bmp;
+    if (extension == ".GIF") return ImageKind::Gif;
+    if (extension == ".JPG" || extension == ".JPEG") return ImageKind::Jpeg;
+    return ImageKind::Unknown;
+}
+
+pdf::Picture ReadPicture(const std::string& fileName)
+{
+    const ImageKind kind = prImageKind(fileName);
+    if (kind == ImageKind::Unknown) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                            "non è un'immagine .BMP, .GIF, .JPG o .JPEG", fileName);
+    }
+    std::string bytes = LeggiFile(fileName, pdf::LargestInput);
+    if (kind == ImageKind::Bmp) return pdf::ReadBmp(bytes, fileName);
+    if (kind == ImageKind::Gif) return pdf::ReadGif(bytes, fileName);
+    return pdf::ReadJpeg(std::move(bytes), fileName);
+}
+
+std::string_view SpaceName(pdf::ColorSpace space)
+{
+    switch (space) {
+    case pdf::ColorSpace::Gray:
+        return "DeviceGray";
+    case pdf::ColorSpace::CMYK:
+        return "DeviceCMYK";
+    default:
+        return "DeviceRGB";
+    }
+}
+
+// The data of a stream and the names of what decodes them, the first to be applied in front.
+struct Encoded
+{
+    std::string Bytes;
+    std::string Filters;
+    bool Rows = false;       // letters, written one a line
+    bool EndsInPair = false; // "~>" ends them
+
+    void Apply(bool wanted, std::string (*encoder)(std::string_view), std::string_view name)
+    {
+        if (!wanted) return;
+        Bytes = encoder(Bytes);
+        Filters.insert(0, name);
+    }
+};
+
+Encoded Encode(std::string bytes, std::string_view ownFilter, std::int32_t filters)
+{
+    const auto asked = [filters](std::int32_t bit) { return (filters & bit) != 0; };
+    Encoded encoded{std::move(bytes), std::string(ownFilter)};
+    const bool raw = ownFilter.empty();
+    encoded.Apply(raw && asked(RunLength), pdf::prRunLengthEncode, "/RunLengthDecode ");
+    encoded.Apply(raw && asked(LZW), pdf::prLZWEncode, "/LZWDecode ");
+    encoded.Apply(asked(ASCII85), pdf::prToASCII85, "/ASCII85Decode ");
+    encoded.Apply(asked(ASCIIHex), pdf::prToASCIIHex, "/ASCIIHexDecode ");
+    encoded.Rows = asked(ASCII85) || asked(ASCIIHex);
+    encoded.EndsInPair = asked(ASCII85) && !asked(ASCIIHex);
+    if (!encoded.Filters.empty()) encoded.Filters = "/Filter [\r" + encoded.Filters + "] ";
+    return encoded;
+}
+
+// The letters of encoded data a line each and, on purpose, an empty one after every 80: decoders
+// skip the white space. Only the two letters that end base-85 data stay together, because not
+// every decoder knows them apart.
+std::string InRows(const Encoded& encoded)
+{
+    constexpr std::size_t rowsApart = 80;
+    const std::string_view bytes = encoded.Bytes;
+    std::string rows;
+    rows.reserve(3 * bytes.size() + 3 * (bytes.size() / rowsApart) + 3);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        rows.push_back(bytes[i]);
+        const bool pair = encoded.EndsInPair && i + 2 == bytes.size();
+        if (pair) rows.push_back(bytes[++i]);
+        rows.append("\r\n");
+        const bool full = (i + 1) % rowsApart == 0 || (pair && i % rowsApart == 0);
+        if (full) rows.append("\r\r\n");
+    }
+    return rows;
+}
+
+// What stands between "stream" and "endstream".
+std::string StreamOf(Encoded encoded)
+{
+    if (encoded.Rows) return InRows(encoded);
+    return std::move(encoded.Bytes.append("\r\r\n"));
+}
+
+} // namespace
+
+void clsPDFCreator::FilterDecode(std::int32_t Filters)
+{
+    m->ImageFilters = Filters;
+}
+
+void clsPDFCreator::DrawImage(const std::string& FileName, float X, float Y, float Width,
+                              float Height, std::string_view Key)
+{
+    m->Require(X, Y, Width, Height);
+    const std::int32_t image = m->ImageOf(FileName, Key);
+    // Two spaces: the origin at the rectangle's lower left corner, then the unit square of the
+    // image stretched upward over the rectangle.
+    m->OpenSpace(X, static_cast<double>(Y) + Height);
+    m->OpenSpace(0, 0, m->InPoints(Width), -m->InPoints(Height));
+    m->Out.prLine("/_IMG_", image, " Do");
+    m->Out.prWriteRaw("Q");
+    m->Out.prWriteRaw("Q");
+    m->SetCurrent(m->InPoints(X), m->InPoints(Y));
+}
+
+std::string clsPDFCreator::prToASCII85(std::string_view Bytes)
+{
+    return pdf::prToASCII85(Bytes);
+}
+
+// The number of the picture, read now unless the same file and key were drawn before.
+std::int32_t clsPDFCreator::State::ImageOf(const std::string& fileName, std::string_view key)
+{
+    std::int32_t number = 0;
+    for (const Image& image : Images) {
+        ++number;
+        if (image.FileName == fileName && image.Key == key) return number;
+    }
+    pdf::prRequireRoom(number, "immagini");
+    Images.push_back({fileName, std::string(key), ReadPicture(fileName)});
+    return number + 1;
+}
+
+void clsPDFCreator::State::prWriteImages()
+{
+    constexpr std::int32_t followers = 2; // its length and its palette
+    std::int32_t number = 0;
+    for (Image& image : Images) {
+        pdf::prRequireRoom(Out.Counter() + followers, "oggetti");
+        const std::int32_t object = Out.prInitObj(0);
+        ImageResources.append("/_IMG_" + std::to_string(++number) + " ");
+        ImageResources.append(std::to_string(object) + " 0 R \r");
+        WriteImage(number, object, image.Content);
+        image.Content = {}; // as large as all the rest together, and done with
+    }
+}
+
+void clsPDFCreator::State::WriteImage(std::int32_t number, std::int32_t object,
+                                      pdf::Picture& picture)
+{
+    const bool indexed = picture.Space == pdf::ColorSpace::Indexed;
+    auto encoded =
+        Encode(std::move(picture.Pixels), picture.IsJpeg ? "/DCTDecode " : "", ImageFilters);
+    Out.prLine("<< /Type /XObject /Subtype /Image /Name /_IMG_", number, " /Width ", picture.Width,
+               " /Height ", picture.Height, " ", encoded.Filters);
+    if (indexed) {
+        const auto entries = static_cast<std::int32_t>(picture.Palette.size() / 3);
+        Out.prLine("/BitsPerComponent ", picture.BitsPerPixel, " /ColorSpace [/Indexed /DeviceRGB ",
+                   entries - 1, " ", object + 2, " 0 R] /Length ", object + 1, " 0 R");
+    } else {
+        Out.prLine("/BitsPerComponent 8 /ColorSpace /", SpaceName(picture.Space), " /Length ",
+                   object + 1, " 0 R");
+    }
+    if (picture.InvertedCMYK) Out.prWriteRaw("/Decode [1 0 1 0 1 0 1 0]");
+    Out.prWriteRaw(">>");
+    Out.BeginStream();
+    Out.prPart(StreamOf(std::move(encoded)));
+    Out.EndStream();
+    Out.WriteStreamLength();
+    if (indexed) WritePalette(std::move(picture.Palette));
+}
+
+void clsPDFCreator::State::WritePalette(std::string palette)
+{
+    Out.prInitObj(0);
+    const auto encoded = Encode(std::move(palette), "", ImageFilters);
+    const std::string stream = StreamOf(encoded);
+    Out.prLine("<< ", encoded.Filters, " /Length ", static_cast<std::int32_t>(stream.size()),
+               " >>");
+    Out.BeginStream();
+    Out.prPart(stream);
+    Out.EndStream();
+}

@@ -1,0 +1,286 @@
+// Bookmarks (ISO 32000-1, 12.3.3), annotations and links (12.5): all of them count y upward from
+// the bottom of the page.
+
+#include "ColorText.h"
+#include "Windows1252.h"
+#include "clsPDFCreator_State.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Rectangle = std::array<double, 4>; // left, bottom, right, top
+
+// The name that a choice stands for; none for an unknown one.
+template <std::size_t Count>
+std::string_view Choice(const std::array<std::string_view, Count>& names, std::int32_t choice)
+{
+    return choice >= 0 && static_cast<std::size_t>(choice) < Count
+               ? names[static_cast<std::size_t>(choice)]
+               : std::string_view();
+}
+
+constexpr std::array<std::string_view, 7> NoteIcons = {
+    " /Name /Note",      " /Name /Comment",      " /Name /Key",   " /Name /Help",
+    " /Name /Paragraph", " /Name /NewParagraph", " /Name /Insert"};
+
+constexpr std::array<std::string_view, 14> Stamps = {
+    " /Name /Approved",     " /Name /AsIs",
+    " /Name /Confidential", " /Name /Departmental",
+    " /Name /Draft",        " /Name /Experimental",
+    " /Name /Expired",      " /Name /Final",
+    " /Name /ForComment",   " /Name /ForPublicRelease",
+    " /Name /NotApproved",  " /Name /NotForPublicRelease",
+    " /Name /Sold",         " /Name /TopSecret"};
+
+constexpr std::array<std::string_view, 4> Highlights = {" /H /N", " /H /I", " /H /O", " /H /P"};
+
+constexpr std::array<std::string_view, 5> BorderStyles = {"/S /S", "/S /D /D [ 3 ]", "/S /B",
+                                                          "/S /I", "/S /U"};
+
+// The lines of an annotation, joined by CR.
+class Annotation
+{
+public:
+    explicit Annotation(std::string_view subtype)
+        : m_text("<< /Type /Annot")
+    {
+        Line("/Subtype /" + std::string(subtype));
+    }
+
+    void Line(std::string_view line) { m_text.append("\r").append(line); }
+
+    // A line only for a choice that means something.
+    void Known(std::string_view line)
+    {
+        if (!line.empty()) Line(line);
+    }
+
+    void Rect(const Rectangle& rectangle) { Line("/Rect [" + Joined(rectangle) + "]"); }
+
+    void String(std::string_view key, std::string_view text)
+    {
+        Line("/" + std::string(key) + " (" + pdf::prPDFString(text) + ")");
+    }
+
+    // What every annotation may have. An empty title or colour is left out, and so is a pattern.
+    void Common(std::string_view contents, std::int32_t flags, std::string_view title,
+                std::string_view color)
+    {
+        String("Contents", contents);
+        Line("/F " + std::to_string(flags));
+        if (!title.empty()) String("T", title);
+        const std::string resolved = pdf::prNamedColor(color);
+        if (pdf::IsDigits(resolved)) Line("/C [ " + pdf::ColorNumbers(resolved) + " ]");
+    }
+
+    std::string Finished()
+    {
+        Line(">>");
+        return std::move(m_text);
+    }
+
+private:
+    template <std::size_t Count>
+    static std::string Joined(const std::array<double, Count>& numbers)
+    {
+        std::string text;
+        for (const double number : numbers) {
+            if (!text.empty()) text.push_back(' ');
+            pdf::prAppendNumber(text, number);
+        }
+        return text;
+    }
+
+    std::string m_text;
+};
+
+// The appearance of a note's text: operands before their operators.
+std::string Appearance(std::int32_t font, double size, std::string_view color)
+{
+    std::string text = "/_FNT_" + std::to_string(font) + " ";
+    pdf::prAppendNumber(text, size);
+    return text + " Tf " + pdf::ColorNumbers(color) + " rg";
+}
+
+} // namespace
+
+void clsPDFCreator::AddBookmark(std::string_view Title, std::int32_t Level, std::int32_t FitMode,
+                                float Left, float Top, float Right, float Bottom, float Zoom)
+{
+    State::RequireFinite(Left, Top, Right, Bottom, Zoom);
+    auto& bookmarks = m->Bookmarks;
+    // The first one is the document's title and stands in no list.
+    pdf::prRequireRoom(static_cast<std::int32_t>(bookmarks.size()) + 1, "segnalibri");
+    const std::int32_t deepest = bookmarks.empty() ? 1 : bookmarks.back().Level + 1;
+    bookmarks.push_back({InWindows1252(Title), std::clamp(Level, 1, deepest),
+                         m->Destination(FitMode, Left, Top, Right, Bottom, Zoom)});
+}
+
+void clsPDFCreator::AddNoteIcon(std::string_view Text, std::int32_t Icon, float X, float Y,
+                                bool Open, std::string_view Color, std::string_view Title,
+                                std::int32_t Flags)
+{
+    constexpr double size = 20; // points: how large readers draw such icons
+    m->RequireAnnotation(X, Y);
+    Annotation note("Text");
+    const double left = m->InPoints(X);
+    const double top = m->FromBottom(Y);
+    note.Rect({left, top - size, left + size, top});
+    note.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
+    note.Line((Open ? "/Open true" : "/Open false") + std::string(Choice(NoteIcons, Icon)));
+    m->Annotations.push_back(note.Finished());
+}
+
+void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Width, float Height,
+                               float FontSize, std::string_view TextColor, std::int32_t Align,
+                               float BorderWidth, std::int32_t BorderStyle, std::string_view Color,
+                               std::string_view Title, std::int32_t Flags)
+{
+    m->RequireAnnotation(X, Y, Width, Height, FontSize, BorderWidth);
+    auto& request = m->RequestOf("Arial", 0);
+    const std::size_t found = m->FindFont(request);
+    const auto font = static_cast<std::int32_t>(found != 0 ? found : m->AddStandardFont(request));
+
+    Annotation note("FreeText");
+    note.Rect(m->AnnotationRect(X, Y, Width, Height));
+    note.Common(InWindows1252(Text), Flags,
+                Title.empty() ? std::string(State::DefaultAuthor) : InWindows1252(Title),
+                InWindows1252(Color));
+    note.String("DA", Appearance(font, FontSize, pdf::prNamedColor(InWindows1252(TextColor))));
+    if (Align == 1 || Align == 2) note.Line("/Q " + std::to_string(Align));
+    std::string border = "/BS << /Type /Border /W ";
+    pdf::prAppendNumber(border, BorderWidth);
+    note.Line(border + " " + std::string(Choice(BorderStyles, BorderStyle)) + " >>");
+    m->Annotations.push_back(note.Finished());
+}
+
+void clsPDFCreator::AddNoteStamp(std::string_view Text, float X, float Y, float Width, float Height,
+                                 std::int32_t Stamp, std::string_view Title, std::string_view Color,
+                                 std::int32_t Flags)
+{
+    m->RequireAnnotation(X, Y, Width, Height);
+    Annotation stamp("Stamp");
+    stamp.Rect(m->AnnotationRect(X, Y, Width, Height));
+    stamp.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
+    stamp.Known(Choice(Stamps, Stamp));
+    m->Annotations.push_back(stamp.Finished());
+}
+
+void clsPDFCreator::AddWebLink(std::string_view URL, float X, float Y, float Width, float Height,
+                               std::int32_t Highlight, float Border)
+{
+    constexpr std::int32_t printed = 4;
+    m->RequireAnnotation(X, Y, Width, Height, Border);
+    const std::string address = InWindows1252(URL);
+    Annotation link("Link");
+    link.Rect(m->AnnotationRect(X, Y, Width, Height));
+    link.Common(address, printed, "", "");
+    link.Known(Choice(Highlights, Highlight));
+    std::string border = "/Border [ 0 0 ";
+    pdf::prAppendNumber(border, Border);
+    link.Line(border + "]");
+    link.Line("/A << /S /URI /URI (" + pdf::prPDFString(address) + ") >>");
+    m->Annotations.push_back(link.Finished());
+}
+
+double clsPDFCreator::State::FromBottom(double y) const
+{
+    return PageHeight - InPoints(y);
+}
+
+std::array<double, 4> clsPDFCreator::State::AnnotationRect(double x, double y, double width,
+                                                           double height) const
+{
+    return {InPoints(x), FromBottom(y + height), InPoints(x + width), FromBottom(y)};
+}
+
+// Nothing while there is no page to lead to, or for an unknown mode.
+std::string clsPDFCreator::State::Destination(std::int32_t fitMode, double left, double top,
+                                              double right, double bottom, double zoom) const
+{
+    if (PageObject == 0) return "";
+    std::string text = "[" + std::to_string(PageObject) + " 0 R";
+    const auto append = [&text](std::string_view name, std::initializer_list<double> numbers) {
+        text.append(name);
+        for (const double number : numbers) {
+            text.push_back(' ');
+            pdf::prAppendNumber(text, number);
+        }
+        return text + "]";
+    };
+    const double x = InPoints(left);
+    const double y = FromBottom(top);
+    switch (fitMode) {
+    case 0:
+        return append(" /FitB", {});
+    case 1:
+        return append(" /FitV", {x});
+    case 2:
+        return append(" /FitH", {y});
+    case 3:
+        return append(" /FitR", {x, FromBottom(bottom), InPoints(right), y});
+    case 4:
+        return append(" /XYZ", {x, y, zoom});
+    default:
+        return "";
+    }
+}
+
+// The tree that the levels describe: an entry belongs to the nearest earlier one of a smaller
+// level. Entry 0 is the title, the parent of all.
+std::vector<clsPDFCreator::State::OutlineItem> clsPDFCreator::State::OutlineTree() const
+{
+    std::vector<OutlineItem> items = {{DocProperties.Title, "", 0, {}}};
+    std::vector<std::size_t> open = {0}; // the last entry of each level
+    for (const Bookmark& bookmark : Bookmarks) {
+        open.resize(static_cast<std::size_t>(bookmark.Level));
+        items[open.back()].Children.push_back(items.size());
+        items.push_back({bookmark.Title, bookmark.Destination, open.back(), {}});
+        open.push_back(items.size() - 1);
+    }
+    return items;
+}
+
+// Returns the number of the outline's root object.
+std::int32_t clsPDFCreator::State::prWriteOutlines()
+{
+    const auto items = OutlineTree();
+    pdf::prRequireRoom(Out.Counter() + static_cast<std::int32_t>(items.size()), "oggetti");
+    const std::int32_t root = Out.prInitObj(0);
+    const auto object = [root](std::size_t item) {
+        return root + 1 + static_cast<std::int32_t>(item);
+    };
+    Out.prLine("<< /Count 1 /First ", object(0), " 0 R /Last ", object(0), " 0 R >>");
+    Out.prEndObj();
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const OutlineItem& item = items[i];
+        Out.prInitObj(object(i));
+        Out.prLine("<< /Title (", pdf::Escaped{item.Title}, ")");
+        Out.prLine("/Parent ", i == 0 ? root : object(item.Parent), " 0 R");
+        if (!item.Children.empty()) {
+            Out.prLine("/First ", object(item.Children.front()), " 0 R");
+            Out.prLine("/Last ", object(item.Children.back()), " 0 R");
+        }
+        if (i != 0) WriteSiblings(items[item.Parent].Children, i, root + 1);
+        // The title stands open and shows its children, which stand closed.
+        if (i == 0) Out.prLine("/Count ", static_cast<std::int32_t>(item.Children.size()));
+        if (!item.Destination.empty()) Out.prLine("/Dest ", item.Destination);
+        Out.prWriteRaw(">>");
+        Out.prEndObj();
+    }
+    return root;
+}
+
+void clsPDFCreator::State::WriteSiblings(const std::vector<std::size_t>& children, std::size_t item,
+                                         std::int32_t firstObject)
+{
+    const auto place = std::lower_bound(children.begin(), children.end(), item);
+    const auto object = [firstObject](std::size_t other) {
+        return firstObject + static_cast<std::int32_t>(other);
+    };
+    if (place != children.begin()) Out.prLine("/Prev ", object(*std::prev(place)), " 0 R");
+    const auto next = std::next(place);
+    if (next != children.end()) Out.prLine("/Next ", object(*next), " 0 R");
+}
