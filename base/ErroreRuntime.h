@@ -6,6 +6,15 @@
 #include <string>
 #include <string_view>
 
+// What a shared library of this project shows to programs outside, and what it does not.
+#ifdef __ELF__
+#define SCALVINO_PUBBLICO [[gnu::visibility("default")]]
+#define SCALVINO_INTERNO [[gnu::visibility("hidden")]]
+#else
+#define SCALVINO_PUBBLICO
+#define SCALVINO_INTERNO
+#endif
+
 // The error numbers in use. The value is what the user is shown beside the Italian text.
 enum class NumeroErrore : int
 {
@@ -24,11 +33,11 @@ enum class NumeroErrore : int
 };
 
 // The Italian text of an error number, UTF-8, without a final full stop.
-std::string_view TestoErrore(NumeroErrore numero);
+SCALVINO_PUBBLICO std::string_view TestoErrore(NumeroErrore numero);
 
 // An error with its number, the file or thing it concerns (may be empty) and the reason (may be
 // empty). Texts are UTF-8, except that a file name keeps the platform's own bytes.
-class ErroreRuntime : public std::exception
+class SCALVINO_PUBBLICO ErroreRuntime : public std::exception
 {
 public:
     explicit ErroreRuntime(NumeroErrore numero, std::string motivo = {}, std::string file = {});

@@ -11,11 +11,13 @@ endif()
 
 # Hardening of what is shipped; a debug build keeps the library's own checks instead.
 target_compile_options(scalvino_opzioni INTERFACE
-    $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;-fPIE>)
+    $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>
+    $<$<AND:$<CONFIG:Release>,$<NOT:$<BOOL:$<TARGET_PROPERTY:POSITION_INDEPENDENT_CODE>>>>:-fPIE>)
 target_compile_definitions(scalvino_opzioni INTERFACE _GLIBCXX_ASSERTIONS)
 if(NOT WIN32)
     target_link_options(scalvino_opzioni INTERFACE
-        $<$<CONFIG:Release>:-pie;-Wl,-z,relro,-z,now,-z,noexecstack>)
+        $<$<AND:$<CONFIG:Release>,$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>>:-pie>
+        $<$<CONFIG:Release>:-Wl,-z,relro,-z,now,-z,noexecstack>)
 endif()
 
 if(SCALVINO_SANITIZE)
@@ -30,9 +32,17 @@ endif()
 
 # A library of one folder: it exports that folder and nothing else, so that an include names
 # a file of a folder further up in the house plan or does not compile.
+#
+# CONDIVISIBILE: its objects may stand in a shared library, which shows only what says so.
 function(scalvino_libreria nome)
-    cmake_parse_arguments(ARG "" "" "SORGENTI;USA" ${ARGN})
+    cmake_parse_arguments(ARG "CONDIVISIBILE" "" "SORGENTI;USA" ${ARGN})
     add_library(${nome} STATIC ${ARG_SORGENTI})
+    if(ARG_CONDIVISIBILE)
+        set_target_properties(${nome} PROPERTIES
+            POSITION_INDEPENDENT_CODE ON
+            CXX_VISIBILITY_PRESET hidden
+            VISIBILITY_INLINES_HIDDEN ON)
+    endif()
     target_include_directories(${nome} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${nome} PUBLIC ${ARG_USA} PRIVATE scalvino_opzioni)
 endfunction()

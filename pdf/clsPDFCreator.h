@@ -43,7 +43,7 @@
 #include <string_view>
 #include <vector>
 
-class clsPDFCreator
+class SCALVINO_PUBBLICO clsPDFCreator
 {
 public:
     // A moment as it is written into the document.
@@ -417,7 +417,7 @@ public:
     void FilterDecode(std::int32_t Filters);
 
 private:
-    struct State;
+    struct SCALVINO_INTERNO State;
 
     static std::string ColorOf(const float* values, std::size_t count);
 

@@ -1,0 +1,96 @@
+"""The PDF writer installed as a library: a project outside finds, links and uses it."""
+
+import os
+import shlex
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+COSTRUITA = Path(os.environ["COSTRUITA"])
+CMAKE = os.environ["CMAKE"]
+QUI = Path(__file__).parent
+
+ALBERO = """include/clsPDFCreator/ErroreRuntime.h
+include/clsPDFCreator/clsPDFCreator.h
+lib/cmake/clsPDFCreator/clsPDFCreatorConfig.cmake
+lib/cmake/clsPDFCreator/clsPDFCreatorConfigVersion.cmake
+lib/cmake/clsPDFCreator/clsPDFCreatorTargets-release.cmake
+lib/cmake/clsPDFCreator/clsPDFCreatorTargets.cmake
+lib/libclsPDFCreator.a
+lib/libclsPDFCreator.so
+lib/libclsPDFCreator.so.1
+lib/libclsPDFCreator.so.1.9.1
+lib/pkgconfig/clsPDFCreator.pc""".splitlines()
+
+
+def fai(*comando, **altro):
+    fatto = subprocess.run([str(c) for c in comando], capture_output=True, text=True, timeout=300,
+                           check=False, **altro)
+    if fatto.returncode != 0:
+        raise AssertionError(f"{comando}: {fatto.stdout}{fatto.stderr}")
+    return fatto.stdout
+
+
+class Libreria(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.cartella = Path(tempfile.mkdtemp(prefix="installata "))
+        prima = cls.cartella / "prima"
+        fai(CMAKE, "--install", COSTRUITA, "--prefix", prima, "--component", "libreria")
+        # Moved: nothing may depend on where it was installed.
+        cls.installata = cls.cartella / "spostata altrove"
+        prima.rename(cls.installata)
+
+    @classmethod
+    def tearDownClass(cls):
+        shutil.rmtree(cls.cartella)
+
+    def saluta(self, programma, ambiente=None):
+        pdf = self.cartella / "saluto.pdf"
+        pdf.unlink(missing_ok=True)
+        fai(programma, pdf, env=ambiente)
+        self.assertIn("Buongiorno", fai("pdftotext", pdf, "-"))
+        manca = subprocess.run([str(programma), "/non/esiste/x.pdf"], capture_output=True,
+                               text=True, env=ambiente, check=False)
+        # The error crosses the library's edge as its own type.
+        self.assertEqual(manca.returncode, 2)
+        self.assertTrue(manca.stderr.startswith("/non/esiste/x.pdf: "), manca.stderr)
+
+    def test_l_albero_installato_e_quello_atteso(self):
+        trovati = sorted(str(f.relative_to(self.installata)) for f in self.installata.rglob("*")
+                         if not f.is_dir())
+        self.assertEqual(trovati, ALBERO)
+
+    def test_un_progetto_fuori_la_trova_con_find_package(self):
+        costruito = self.cartella / "fuori"
+        fai(CMAKE, "-S", QUI / "progetto", "-B", costruito,
+            f"-DCMAKE_PREFIX_PATH={self.installata}")
+        fai(CMAKE, "--build", costruito)
+        for modo in ["shared", "static"]:
+            with self.subTest(modo=modo):
+                self.saluta(costruito / f"saluto_{modo}")
+
+    def test_un_compilatore_solo_la_trova_con_pkg_config(self):
+        ambiente = {**os.environ, "PKG_CONFIG_PATH": str(self.installata / "lib/pkgconfig")}
+        programma = self.cartella / "saluto"
+        self.assertEqual(fai("pkg-config", "--modversion", "clsPDFCreator", env=ambiente), "1.9.1\n")
+        opzioni = fai("pkg-config", "--cflags", "--libs", "clsPDFCreator", env=ambiente)
+        fai("g++", "-std=c++20", QUI / "progetto/saluto.cpp", "-o", programma,
+            *shlex.split(opzioni), env=ambiente)
+        self.saluta(programma, {**os.environ, "LD_LIBRARY_PATH": str(self.installata / "lib")})
+
+    def test_la_libreria_condivisa_mostra_solo_il_suo(self):
+        nomi = fai("nm", "-DC", "--defined-only", self.installata / "lib/libclsPDFCreator.so")
+        estranei = [riga for riga in nomi.splitlines()
+                    if riga.split(" ", 2)[1] == "T" and
+                    not any(parte in riga for parte in
+                            ["clsPDFCreator::", "ErroreRuntime", "TestoErrore", " std::"])]
+        self.assertEqual(estranei, [])
+        self.assertNotIn("clsPDFCreator::State", nomi)
+        self.assertIn("clsPDFCreator::DrawText", nomi)
+
+
+if __name__ == "__main__":
+    unittest.main()
