@@ -1,0 +1,121 @@
+// Numbers as the file holds them.
+
+#include "Number.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+using pdf::prFloat;
+using pdf::prNumber;
+
+namespace {
+
+std::string InMillesimi(double valore)
+{
+    std::string testo;
+    pdf::prAppendNumber(testo, valore);
+    return testo;
+}
+
+std::string Intero(std::int64_t valore)
+{
+    std::string testo;
+    pdf::prAppendInteger(testo, valore);
+    return testo;
+}
+
+} // namespace
+
+TEST(PrNumber, TreDecimaliNellaFormaPiuCorta)
+{
+    EXPECT_EQ(prNumber(12.34567, 3), "12.346");
+    EXPECT_EQ(prNumber(12.5, 3), "12.5");
+    EXPECT_EQ(prNumber(100, 3), "100");
+    EXPECT_EQ(prNumber(12, 3), "12");
+    EXPECT_EQ(prNumber(0.5, 3), "0.5");
+    EXPECT_EQ(prNumber(841.89, 3), "841.89");
+    EXPECT_EQ(prNumber(0.001, 3), "0.001");
+    EXPECT_EQ(prNumber(1.01, 3), "1.01");
+    EXPECT_EQ(prNumber(1000.1, 3), "1000.1");
+}
+
+TEST(PrNumber, LeMetaVannoAlMillesimoPari)
+{
+    EXPECT_EQ(prNumber(0.0625, 3), "0.062"); // 62.5
+    EXPECT_EQ(prNumber(0.1875, 3), "0.188"); // 187.5
+    EXPECT_EQ(prNumber(-0.0625, 3), "-0.062");
+    EXPECT_EQ(prNumber(0.0005, 3), "0");
+    EXPECT_EQ(prNumber(0.0015, 3), "0.002");
+    EXPECT_EQ(prNumber(0.0025, 3), "0.002");
+    EXPECT_EQ(prNumber(2.5, 0), "2");
+    EXPECT_EQ(prNumber(3.5, 0), "4");
+}
+
+TEST(PrNumber, MaiZeroNegativo)
+{
+    EXPECT_EQ(prNumber(-0.0004, 3), "0");
+    EXPECT_EQ(prNumber(-0.0, 3), "0");
+    EXPECT_EQ(prNumber(-0.4, 0), "0");
+    EXPECT_EQ(prNumber(-0.0006, 3), "-0.001");
+}
+
+TEST(PrNumber, ArrotondaAncheFinoAllUnita)
+{
+    EXPECT_EQ(prNumber(0.9996, 3), "1");
+    EXPECT_EQ(prNumber(9.9996, 3), "10");
+    EXPECT_EQ(prNumber(-999.9996, 3), "-1000");
+    EXPECT_EQ(prNumber(-999.9994, 3), "-999.999");
+}
+
+TEST(PrNumber, AltriDecimali)
+{
+    EXPECT_EQ(prNumber(1.23456, 5), "1.23456");
+    EXPECT_EQ(prNumber(1.25, 1), "1.2");
+    EXPECT_EQ(prNumber(0.1234567891, 9), "0.123456789");
+    EXPECT_EQ(prNumber(0.1234567891, 12), "0.123456789"); // no more than nine
+    EXPECT_EQ(prNumber(7.6, -1), "8");                    // no fewer than none
+}
+
+TEST(PrNumber, NumeriEnormiSenzaEsponente)
+{
+    EXPECT_EQ(prNumber(1e15, 3), "1000000000000000");
+    EXPECT_EQ(prNumber(9007199254740992, 3), "9007199254740992");
+    EXPECT_EQ(prNumber(-1e22, 3), "-10000000000000000000000");
+    EXPECT_EQ(prNumber(static_cast<double>(std::numeric_limits<float>::max()), 3),
+              "340282346638528859811704183484516925440");
+    EXPECT_EQ(prNumber(std::numeric_limits<double>::max(), 3).size(), 309U);
+    EXPECT_EQ(prNumber(1e-300, 3), "0");
+}
+
+TEST(PrAppendNumber, AggiungeInFondoEDaLoStessoTesto)
+{
+    std::string testo = "x ";
+    pdf::prAppendNumber(testo, 12.5);
+    EXPECT_EQ(testo, "x 12.5");
+    for (const double valore : {0.0, 12.34567, -0.0625, 1e15, -1e22, 99.9999, 0.03125}) {
+        EXPECT_EQ(InMillesimi(valore), prNumber(valore, 3));
+    }
+}
+
+TEST(PrAppendInteger, TuttiGliInteri)
+{
+    EXPECT_EQ(Intero(0), "0");
+    EXPECT_EQ(Intero(7), "7");
+    EXPECT_EQ(Intero(-10), "-10");
+    EXPECT_EQ(Intero(std::numeric_limits<std::int64_t>::max()), "9223372036854775807");
+    EXPECT_EQ(Intero(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
+}
+
+TEST(PrFloat, CioCheNonEntraDiventaIlPiuGrande)
+{
+    constexpr float massimo = std::numeric_limits<float>::max();
+    EXPECT_EQ(prFloat(1e300), massimo);
+    EXPECT_EQ(prFloat(-1e300), -massimo);
+    EXPECT_EQ(prFloat(HUGE_VAL), massimo);
+    EXPECT_EQ(prFloat(12.5), 12.5F);
+    EXPECT_EQ(prFloat(0.1), 0.1F);
+}

@@ -1,0 +1,144 @@
+// Measuring and breaking text, with a font all of whose characters are one unit wide.
+
+#include "TextLayout.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+using pdf::BreakLines;
+using pdf::NormalizeText;
+using pdf::TextLine;
+using pdf::TextMetrics;
+using testing::ElementsAre;
+
+namespace {
+
+constexpr std::array<std::uint16_t, 256> TuttiUguali = [] {
+    std::array<std::uint16_t, 256> tutti = {};
+    tutti.fill(1000);
+    return tutti;
+}();
+
+constexpr TextMetrics Uno = {&TuttiUguali, 1, 0, 0, 100, 1};
+
+// The lines as texts.
+std::vector<std::string> Spezzato(std::string_view testo, double larghezza, double rientro = 0)
+{
+    std::vector<TextLine> righe;
+    BreakLines(testo, larghezza, rientro, Uno, righe);
+    std::vector<std::string> testi;
+    for (const auto& riga : righe) testi.emplace_back(riga.Text);
+    return testi;
+}
+
+std::vector<TextLine> RigheDi(std::string_view testo, double larghezza, double rientro = 0)
+{
+    std::vector<TextLine> righe;
+    BreakLines(testo, larghezza, rientro, Uno, righe);
+    return righe;
+}
+
+} // namespace
+
+TEST(WidthOf, SommaDelleLarghezzePerIlCorpo)
+{
+    EXPECT_DOUBLE_EQ(Uno.WidthOf("abc"), 3);
+    EXPECT_DOUBLE_EQ(Uno.WidthOf(""), 0);
+    const TextMetrics dieci = {&TuttiUguali, 10, 0, 0, 100, 1};
+    EXPECT_DOUBLE_EQ(dieci.WidthOf("abc"), 30);
+}
+
+TEST(WidthOf, SpaziaturaScalaEUnita)
+{
+    // 4 characters, 1 blank: (4 * 10 + 4 * 2 + 1 * 5) * 50 percent / 2
+    const TextMetrics misure = {&TuttiUguali, 10, 2, 5, 50, 2};
+    EXPECT_DOUBLE_EQ(misure.WidthOf("a bc"), 53 * 0.5 / 2);
+}
+
+TEST(WidthOf, OgniByteHaLaSuaLarghezza)
+{
+    std::array<std::uint16_t, 256> larghezze = {};
+    larghezze[0] = 100;
+    larghezze[127] = 200;
+    larghezze[255] = 400;
+    const TextMetrics misure = {&larghezze, 1000, 0, 0, 100, 1};
+    EXPECT_DOUBLE_EQ(misure.WidthOf(std::string_view("\0\x7F\xFF", 3)), 700);
+}
+
+TEST(WidthOf, SenzaUnitaNonCELarghezza)
+{
+    const TextMetrics misure = {&TuttiUguali, 10, 0, 0, 100, 0};
+    EXPECT_EQ(misure.WidthOf("abc"), 0);
+}
+
+TEST(NormalizeText, PiuBianchiSonoUno)
+{
+    EXPECT_EQ(NormalizeText("a  b"), "a b");
+    EXPECT_EQ(NormalizeText("a       b   c d"), "a b c d");
+    EXPECT_EQ(NormalizeText("  a  "), " a ");
+    EXPECT_EQ(NormalizeText(""), "");
+}
+
+TEST(NormalizeText, UnaRigaVuotaRestaConUnBianco)
+{
+    EXPECT_EQ(NormalizeText("a\r\n\r\nb"), "a\r\n \r\nb");
+    EXPECT_EQ(NormalizeText("a\r\n\r\n\r\nb"), "a\r\n \r\n \r\nb");
+    EXPECT_EQ(NormalizeText("\r\n\r\n\r\n\r\n"), "\r\n \r\n \r\n \r\n");
+    EXPECT_EQ(NormalizeText("a\r\nb"), "a\r\nb");
+    EXPECT_EQ(NormalizeText("a\n\nb\r\rc"), "a\n\nb\r\rc"); // no line ends alone
+}
+
+TEST(BreakLines, LeParoleStannoFinCheCEPosto)
+{
+    EXPECT_THAT(Spezzato("aa bb cc dd", 5), ElementsAre("aa bb", "cc dd"));
+    EXPECT_THAT(Spezzato("aa bb cc dd", 4.99), ElementsAre("aa", "bb", "cc", "dd"));
+    EXPECT_THAT(Spezzato("aa bb cc dd", 8), ElementsAre("aa bb cc", "dd"));
+    EXPECT_THAT(Spezzato("aa bb cc dd", 1000), ElementsAre("aa bb cc dd"));
+}
+
+TEST(BreakLines, IlRientroAccorciaLaPrimaRigaDiOgniParagrafo)
+{
+    EXPECT_THAT(Spezzato("aa bb cc\r\ndd ee ff", 5, 1), ElementsAre("aa", "bb cc", "dd", "ee ff"));
+    const auto righe = RigheDi("aa bb cc", 5, 1);
+    EXPECT_EQ(righe[0].Width, 3); // with the indent
+    EXPECT_EQ(righe[1].Width, 5);
+    EXPECT_THAT(Spezzato("aa bb cc", 5, -3), ElementsAre("aa bb cc"));
+}
+
+TEST(BreakLines, UnaParolaTroppoLargaStaSullaRigaCheComincia)
+{
+    EXPECT_THAT(Spezzato("lunghissima bb cc", 5), ElementsAre("lunghissima", "bb cc"));
+    EXPECT_THAT(Spezzato("aa lunghissima bb", 5), ElementsAre("aa", "lunghissima", "bb"));
+    EXPECT_THAT(Spezzato("a b", 0), ElementsAre("a", "b"));
+    EXPECT_THAT(Spezzato("a b", -10), ElementsAre("a", "b"));
+}
+
+TEST(BreakLines, OgniParagrafoHaLeSueRighe)
+{
+    EXPECT_THAT(Spezzato("aa\r\n \r\nbb", 5), ElementsAre("aa", " ", "bb"));
+    EXPECT_THAT(Spezzato("aa\r\n", 5), ElementsAre("aa", ""));
+    EXPECT_THAT(Spezzato("", 5), ElementsAre(""));
+    EXPECT_THAT(Spezzato("aa\nbb", 50), ElementsAre("aa\nbb"));
+}
+
+TEST(BreakLines, BianchiAllInizioEAllaFineSonoParoleVuote)
+{
+    EXPECT_THAT(Spezzato(" a", 5), ElementsAre(" a"));
+    EXPECT_THAT(Spezzato("aaaaa ", 5), ElementsAre("aaaaa", ""));
+}
+
+TEST(BreakLines, ContaIBianchiESegnaIParagrafi)
+{
+    const auto righe = RigheDi("aa bb cc dd\r\nee", 5);
+    ASSERT_EQ(righe.size(), 3U);
+    EXPECT_EQ(righe[0].Blanks, 1);
+    EXPECT_EQ(righe[2].Blanks, 0);
+    EXPECT_TRUE(righe[0].FirstOfParagraph && !righe[0].LastOfParagraph);
+    EXPECT_TRUE(!righe[1].FirstOfParagraph && righe[1].LastOfParagraph);
+    EXPECT_TRUE(righe[2].FirstOfParagraph && righe[2].LastOfParagraph);
+}
