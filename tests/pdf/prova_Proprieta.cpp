@@ -1,0 +1,216 @@
+// The properties of a document and the metadata that repeat them.
+
+#include "Aiuti.h"
+#include "PaginaDiProva.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+using aiuti::Byte;
+using aiuti::CartellaDiProva;
+using aiuti::Disegno;
+using aiuti::Documento;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+void UnaPagina(clsPDFCreator& pdf)
+{
+    pdf.BeginPage();
+    pdf.EndPage();
+}
+
+std::string Informazioni(const Disegno& prima)
+{
+    return Documento(prima, UnaPagina).Oggetto(1);
+}
+
+// /Title, /Author and so on of the information dictionary.
+std::string Voce(const std::string& informazioni, const std::string& nome)
+{
+    const std::string inizio = "\r/" + nome + " (";
+    const auto da = informazioni.find(inizio);
+    if (da == std::string::npos) return "(nothing)";
+    const auto dopo = da + inizio.size();
+    return informazioni.substr(dopo, informazioni.find(")\r", dopo) - dopo);
+}
+
+} // namespace
+
+TEST(SetDocProperty, ValoriDiPartenza)
+{
+    const std::string informazioni = Informazioni({});
+    EXPECT_EQ(Voce(informazioni, "Title"), "\\(senza titolo\\)");
+    EXPECT_THAT(informazioni, StartsWith("<<\r/Title (\\(senza titolo\\))\r/Author (Orvenna)\r"
+                                         "/Creator ("));
+    EXPECT_THAT(Voce(informazioni, "Producer"), StartsWith("clsPDFCreator "));
+    EXPECT_NE(Voce(informazioni, "Creator"), "");
+    EXPECT_THAT(informazioni, EndsWith("\r/CreationDate (D:20260102030405Z+01'00')\r/Subject ()\r"
+                                       "/Keywords ()\r>>"));
+}
+
+TEST(SetDocProperty, LeSeiProprietaAlLoroPosto)
+{
+    EXPECT_EQ(Informazioni([](clsPDFCreator& pdf) {
+                  pdf.SetDocProperty("Titolo", "Soggetto", "Autore", "Creatore", "Produttore",
+                                     "Parole");
+              }),
+              "<<\r/Title (Titolo)\r/Author (Autore)\r/Creator (Creatore)\r"
+              "/Producer (Produttore)\r/CreationDate (D:20260102030405Z+01'00')\r"
+              "/Subject (Soggetto)\r/Keywords (Parole)\r>>");
+}
+
+TEST(SetDocProperty, TondeEBarreSonoProtette)
+{
+    EXPECT_THAT(
+        Informazioni([](clsPDFCreator& pdf) { pdf.SetDocProperty("a (b) \\c", "(", ")(", "\\"); }),
+        StartsWith("<<\r/Title (a \\(b\\) \\\\c)\r/Author (\\)\\()\r/Creator (\\\\)\r"));
+}
+
+TEST(SetDocProperty, UnAutoreVuotoLasciaQuelloDiPrima)
+{
+    const std::string informazioni = Informazioni([](clsPDFCreator& pdf) {
+        pdf.SetDocProperty("t", "s", "Autore", "Creatore", "Produttore", "k");
+        pdf.SetDocProperty("t", "s", "", "", "", "k");
+    });
+    EXPECT_EQ(Voce(informazioni, "Author"), "Autore");
+    EXPECT_EQ(Voce(informazioni, "Creator"), "Creatore");
+    EXPECT_EQ(Voce(informazioni, "Producer"), "Produttore");
+}
+
+TEST(SetDocProperty, UnTitoloVuotoLoCancella)
+{
+    const std::string informazioni = Informazioni([](clsPDFCreator& pdf) {
+        pdf.SetDocProperty("Titolo", "Soggetto", "", "", "", "Parole");
+        pdf.SetDocProperty();
+    });
+    EXPECT_EQ(Voce(informazioni, "Title"), "");
+    EXPECT_EQ(Voce(informazioni, "Subject"), "");
+    EXPECT_EQ(Voce(informazioni, "Keywords"), "");
+}
+
+TEST(SetDocProperty, ITestiDiventanoWindows1252)
+{
+    const std::string informazioni =
+        Informazioni([](clsPDFCreator& pdf) { pdf.SetDocProperty("Perché 5 € – Ω", "\xFF"); });
+    EXPECT_EQ(Voce(informazioni, "Title"), "Perch\xE9 5 \x80 \x96 ?");
+    EXPECT_EQ(Voce(informazioni, "Subject"), "?");
+}
+
+TEST(SetDocProperty, DopoBeginDocNonCambiaPiuNiente)
+{
+    const auto letto = Documento([](clsPDFCreator& pdf) { pdf.SetDocProperty("Prima", "Prima"); },
+                                 [](clsPDFCreator& pdf) {
+                                     pdf.SetDocProperty("Dopo", "Dopo");
+                                     UnaPagina(pdf);
+                                 });
+    EXPECT_EQ(Voce(letto.Oggetto(1), "Title"), "Prima");
+    EXPECT_THAT(letto.Flusso(11), HasSubstr(">Prima<"));
+    EXPECT_THAT(letto.Flusso(11), Not(HasSubstr("Dopo")));
+}
+
+TEST(SetDocProperty, UnCancellettoNelTitoloPrendeIlValoreSeguente)
+{
+    // The title's own "#p" eats the author, and each later value moves up by one.
+    const std::string informazioni = Informazioni([](clsPDFCreator& pdf) {
+        pdf.SetDocProperty("n#p", "Soggetto", "Autore", "Creatore", "Produttore", "Parole");
+    });
+    EXPECT_EQ(Voce(informazioni, "Title"), "nAutore");
+    EXPECT_EQ(Voce(informazioni, "Author"), "Creatore");
+    EXPECT_EQ(Voce(informazioni, "Keywords"), "#p");
+}
+
+TEST(CreationDate, EQuellaDellOggettoNonDiBeginDoc)
+{
+    int chiamate = 0;
+    const CartellaDiProva cartella;
+    clsPDFCreator pdf;
+    pdf.SetClock({[&chiamate] { return clsPDFCreator::DateTime{2000 + ++chiamate, 1, 1, 0, 0, 0}; },
+                  [] { return 0; }});
+    pdf.BeginDoc(cartella.Nome() + "prova.pdf");
+    UnaPagina(pdf);
+    pdf.EndDoc();
+    EXPECT_EQ(chiamate, 1);
+    EXPECT_THAT(Byte(cartella.File("prova.pdf")), HasSubstr("(D:20010101000000Z+01'00')"));
+}
+
+// ---- Metadata --------------------------------------------------------------------------------
+
+TEST(Metadati, LaLunghezzaDettaEQuellaDelPacchetto)
+{
+    // Three digits are not possible; from four to five the number's own length changes it.
+    for (const std::size_t lungo : {0U, 1U, 3000U, 3900U, 20000U}) {
+        const auto letto =
+            Documento([lungo](clsPDFCreator& pdf) { pdf.SetDocProperty(std::string(lungo, 't')); },
+                      UnaPagina);
+        const std::string& pacchetto = letto.Flusso(11);
+        // The stream holds the packet and its CR LF.
+        EXPECT_THAT(pacchetto,
+                    StartsWith("<?xpacket begin='' id='W5M0MpCehiHzreSzNTczkc9d' bytes='" +
+                               std::to_string(pacchetto.size() - 2) + "'?>\r"));
+        EXPECT_THAT(pacchetto, EndsWith("\r</rdf:RDF>\r<?xpacket end='r'?>\r\n"));
+    }
+}
+
+TEST(Metadati, AutoreCreatoreEProduttoreSonoQuelliDellaClasse)
+{
+    const std::string pacchetto = Documento(
+                                      [](clsPDFCreator& pdf) {
+                                          pdf.SetDocProperty("Titolo", "Soggetto", "Autore",
+                                                             "Creatore", "Produttore", "Parole");
+                                      },
+                                      UnaPagina)
+                                      .Flusso(11);
+    EXPECT_THAT(pacchetto, HasSubstr("<pdf:Author>Orvenna</pdf:Author>"));
+    EXPECT_THAT(pacchetto, HasSubstr("<xap:Author>Orvenna</xap:Author>"));
+    EXPECT_THAT(pacchetto, HasSubstr("<pdf:Producer>clsPDFCreator "));
+    for (const auto* altrui : {"Autore", "Creatore", "Produttore"}) {
+        EXPECT_THAT(pacchetto, Not(HasSubstr(altrui)));
+    }
+    EXPECT_THAT(pacchetto, HasSubstr("<pdf:Title>Titolo</pdf:Title>"));
+    EXPECT_THAT(pacchetto, HasSubstr("<pdf:Subject>Soggetto</pdf:Subject>"));
+    EXPECT_THAT(pacchetto, HasSubstr("<pdf:Keywords>Parole</pdf:Keywords>"));
+}
+
+TEST(Metadati, TreDescrizioniConIlTitoloInOgniModo)
+{
+    const std::string pacchetto =
+        Documento([](clsPDFCreator& pdf) { pdf.SetDocProperty("Titolo", "Soggetto"); }, UnaPagina)
+            .Flusso(11);
+    const auto conta = [&pacchetto](const std::string& pezzo) {
+        int volte = 0;
+        for (auto p = pacchetto.find(pezzo); p != std::string::npos;
+             p = pacchetto.find(pezzo, p + 1)) {
+            ++volte;
+        }
+        return volte;
+    };
+    EXPECT_EQ(conta(" <rdf:Description about=''\r"), 3);
+    EXPECT_EQ(conta(" </rdf:Description>\r"), 3);
+    EXPECT_EQ(conta("   <rdf:li xml:lang='x-default'>Titolo</rdf:li>\r"), 2);
+    EXPECT_EQ(conta("   <rdf:li xml:lang='x-default'>Soggetto</rdf:li>\r"), 2);
+    for (const auto* nome : {"pdf:ModDate", "pdf:CreationDate", "xap:ModifyDate", "xap:CreateDate",
+                             "xap:MetadataDate"}) {
+        const std::string data = nome;
+        EXPECT_EQ(conta("  <" + data + ">D:20260102030405Z+01'00'</" + data + ">\r"), 1) << data;
+    }
+    EXPECT_EQ(conta("  <dc:title>\r   <rdf:Alt>\r"), 1);
+    EXPECT_EQ(conta("  <xap:Description>\r   <rdf:Alt>\r"), 1);
+    EXPECT_EQ(conta("  <dc:description>\r"), 1);
+    EXPECT_EQ(conta("  <dc:creator>"), 1);
+    EXPECT_EQ(conta("  <pdf:Creator>"), 1);
+}
+
+TEST(Metadati, SonoXmlConQualunqueTitolo)
+{
+    const std::string pacchetto =
+        Documento([](clsPDFCreator& pdf) { pdf.SetDocProperty("<a & b> \x01\t'\" è € \x7F"); },
+                  UnaPagina)
+            .Flusso(11);
+    EXPECT_THAT(pacchetto, HasSubstr("<pdf:Title>&lt;a &amp; b&gt; ?\t'\" &#232; &#8364; \x7F<"));
+}
