@@ -1,0 +1,110 @@
+// The operations of the writer that draw, for the tests of bad use.
+#pragma once
+
+#include "clsPDFCreator.h"
+
+#include <string>
+#include <vector>
+
+namespace errato {
+
+using Numeri = std::vector<float>;
+
+// An operation with its numbers; each of them stands for one argument.
+struct Operazione
+{
+    const char* Nome;
+    Numeri Argomenti; // sensible ones
+    void (*Chiama)(clsPDFCreator& pdf, const Numeri& numeri);
+};
+
+// Those that write into a page, in the order of the header. All but the text ones need no font.
+inline const std::vector<Operazione> Disegni = {
+    {"SetWordSpacing", {1}, [](auto& pdf, auto& n) { pdf.SetWordSpacing(n[0]); }},
+    {"SetCharSpacing", {1}, [](auto& pdf, auto& n) { pdf.SetCharSpacing(n[0]); }},
+    {"SetTextHorizontalScaling",
+     {90},
+     [](auto& pdf, auto& n) { pdf.SetTextHorizontalScaling(n[0]); }},
+    {"SetTextRenderingMode", {}, [](auto& pdf, auto&) { pdf.SetTextRenderingMode(1); }},
+    {"DrawText",
+     {1, 2, 30},
+     [](auto& pdf, auto& n) { pdf.DrawText(n[0], n[1], "testo", 2, n[2]); }},
+    {"SetLineStyle",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) { pdf.SetLineStyle(n[0], 1, 1, n[1], n[2], n[3]); }},
+    {"MoveTo", {1, 2}, [](auto& pdf, auto& n) { pdf.MoveTo(n[0], n[1]); }},
+    {"DrawLineTo", {1, 2}, [](auto& pdf, auto& n) { pdf.DrawLineTo(n[0], n[1]); }},
+    {"DrawLine", {1, 2, 3, 4}, [](auto& pdf, auto& n) { pdf.DrawLine(n[0], n[1], n[2], n[3]); }},
+    {"DrawRect",
+     {1, 2, 3, 4, 5},
+     [](auto& pdf, auto& n) { pdf.DrawRect(n[0], n[1], n[2], n[3], 1, n[4]); }},
+    {"DrawCurveA",
+     {1, 2, 3, 4, 5, 6},
+     [](auto& pdf, auto& n) { pdf.DrawCurveA(n[0], n[1], n[2], n[3], n[4], n[5]); }},
+    {"DrawCurveB",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) { pdf.DrawCurveB(n[0], n[1], n[2], n[3]); }},
+    {"DrawCurveC",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) { pdf.DrawCurveC(n[0], n[1], n[2], n[3]); }},
+    {"DrawCircle", {1, 2, 3}, [](auto& pdf, auto& n) { pdf.DrawCircle(n[0], n[1], n[2]); }},
+    {"DrawEllipse",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) { pdf.DrawEllipse(n[0], n[1], n[2], n[3]); }},
+    {"DrawArc",
+     {1, 2, 3, 4, 5},
+     [](auto& pdf, auto& n) { pdf.DrawArc(n[0], n[1], n[2], n[3], n[4]); }},
+    {"PlayObject", {}, [](auto& pdf, auto&) { pdf.PlayObject("Modulo"); }},
+    {"DrawParagraph",
+     {1, 2, 3, 4, 5, 6, 7},
+     [](auto& pdf, auto& n) {
+         pdf.DrawParagraph(n[0], n[1], n[2], n[3], "due parole", n[4], n[5], 36, n[6]);
+     }},
+    {"MakeAxisTranslation",
+     {1, 2},
+     [](auto& pdf, auto& n) { pdf.MakeAxisTranslation(n[0], n[1]); }},
+    {"MakeAxisScaling", {1, 2}, [](auto& pdf, auto& n) { pdf.MakeAxisScaling(n[0], n[1]); }},
+    {"MakeAxisRotation", {30}, [](auto& pdf, auto& n) { pdf.MakeAxisRotation(n[0]); }},
+    {"MakeAxisSkewing", {1, 2}, [](auto& pdf, auto& n) { pdf.MakeAxisSkewing(n[0], n[1]); }},
+    {"BeginGraphicSpace",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) { pdf.BeginGraphicSpace(n[0], n[1], n[2], n[3]); }},
+    {"EndGraphicSpace", {}, [](auto& pdf, auto&) { pdf.EndGraphicSpace(); }},
+    {"BeginTable",
+     {1, 2, 3},
+     [](auto& pdf, auto& n) { pdf.BeginTable(n[0], n[1], "white", n[2], "gray"); }},
+    {"BeginRow", {1, 2}, [](auto& pdf, auto& n) { pdf.BeginRow(n[0], "white", n[1], "gray"); }},
+    {"EndRow", {}, [](auto& pdf, auto&) { pdf.EndRow(); }},
+    {"BeginColumn",
+     {1, 2},
+     [](auto& pdf, auto& n) { pdf.BeginColumn(n[0], "white", n[1], "gray"); }},
+    {"EndColumn", {}, [](auto& pdf, auto&) { pdf.EndColumn(); }},
+    {"EndTable", {}, [](auto& pdf, auto&) { pdf.EndTable(); }},
+    {"DrawTextBox",
+     {1, 2, 3, 4, 5, 6, 7},
+     [](auto& pdf, auto& n) {
+         pdf.DrawTextBox(n[0], n[1], n[2], n[3], "due parole", n[4], n[5], 64, n[6]);
+     }},
+    {"SetColorFill", {}, [](auto& pdf, auto&) { pdf.SetColorFill("red"); }},
+    {"SetColorLine", {}, [](auto& pdf, auto&) { pdf.SetColorLine("red"); }},
+};
+
+// Those that begin and end something in the file.
+inline const std::vector<Operazione> Strutture = {
+    {"EndDoc", {}, [](auto& pdf, auto&) { pdf.EndDoc(); }},
+    {"BeginPage", {}, [](auto& pdf, auto&) { pdf.BeginPage(); }},
+    {"EndPage", {}, [](auto& pdf, auto&) { pdf.EndPage(); }},
+    {"BeginObject", {}, [](auto& pdf, auto&) { pdf.BeginObject("Modulo", 7); }},
+    {"EndObject", {}, [](auto& pdf, auto&) { pdf.EndObject(); }},
+};
+
+// Those that need no document, but numbers that are finite.
+inline const std::vector<Operazione> Impostazioni = {
+    {"Margin", {1}, [](auto& pdf, auto& n) { pdf.Margin(n[0]); }},
+    {"SetScale", {1}, [](auto& pdf, auto& n) { pdf.SetScale(255, n[0]); }},
+    {"SetPaperSize", {1, 2}, [](auto& pdf, auto& n) { pdf.SetPaperSize(255, n[0], n[1]); }},
+    {"SetFont", {1}, [](auto& pdf, auto& n) { pdf.SetFont("Arial", n[0], 31); }},
+    {"SetFontSize", {1}, [](auto& pdf, auto& n) { pdf.SetFontSize(n[0]); }},
+};
+
+} // namespace errato
