@@ -46,11 +46,11 @@ void Objects::Open(const std::string& fileName)
 void Objects::Close()
 {
     if (!m_file) return;
+    if (!m_failure && m_used > 0) Flush();
     const auto file = std::move(m_file);
     m_room = 0;
-    const std::size_t rest = std::exchange(m_used, 0);
+    m_used = 0;
     if (std::exchange(m_failure, std::nullopt)) return; // reported when it happened
-    file->Scrivi({m_buffer.get(), rest});
     file->Chiudi();
 }
 
