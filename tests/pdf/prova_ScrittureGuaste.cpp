@@ -93,6 +93,7 @@ int ScrittureDiUnDocumento()
 
 TEST(ScrittureDelPdf, OgnunaCheFallisceEUnErroreEPoiTuttiGliAltriLoStesso)
 {
+    const std::string atteso = Atteso();
     const int quante = ScrittureDiUnDocumento();
     ASSERT_GE(quante, 5);
     for (int quale = 1; quale <= quante; ++quale) {
@@ -109,7 +110,7 @@ TEST(ScrittureDelPdf, OgnunaCheFallisceEUnErroreEPoiTuttiGliAltriLoStesso)
                 FallisceTutto(pdf, ragione, nome);
                 EXPECT_EQ(scritture.Scritture(), quale); // what failed is not tried again
                 // As far as it was written, whole blocks only.
-                EXPECT_TRUE(Byte(nome) == Atteso().substr(0, scritture.Byte()));
+                EXPECT_TRUE(Byte(nome) == atteso.substr(0, scritture.Byte()));
             }
         }
     }
@@ -189,6 +190,7 @@ TEST(ScrittureDelPdf, BeginDocDiceSeQuelloCheChiudeNonSiScrive)
 
 TEST(ScrittureDelPdf, CorteEInterrotteNonCambianoIlFile)
 {
+    const std::string atteso = Atteso();
     for (const std::size_t pezzo : {std::size_t{1}, std::size_t{777}}) {
         const CartellaDiProva cartella;
         ScrittureGuaste scritture;
@@ -197,7 +199,7 @@ TEST(ScrittureDelPdf, CorteEInterrotteNonCambianoIlFile)
         clsPDFCreator pdf;
         pdf.SetClock(aiuti::OrologioFermo());
         DocumentoIntero(pdf, cartella.Nome() + "prova.pdf");
-        EXPECT_TRUE(Byte(cartella.File("prova.pdf")) == Atteso());
+        EXPECT_TRUE(Byte(cartella.File("prova.pdf")) == atteso);
     }
 }
 
