@@ -11,7 +11,6 @@
 #include <vector>
 
 using pdf::BreakLines;
-using pdf::NormalizeText;
 using pdf::TextLine;
 using pdf::TextMetrics;
 using testing::ElementsAre;
@@ -41,6 +40,12 @@ std::vector<TextLine> RigheDi(std::string_view testo, double larghezza, double r
     std::vector<TextLine> righe;
     BreakLines(testo, larghezza, rientro, Uno, righe);
     return righe;
+}
+
+std::string NormalizeText(std::string testo)
+{
+    pdf::NormalizeText(testo);
+    return testo;
 }
 
 } // namespace
