@@ -48,6 +48,17 @@ std::size_t Inizio(const std::string& font, const std::string& tabella)
     return inizio;
 }
 
+// The font with the names of one kind on one platform numbered otherwise.
+std::string ConNomi(int id, int piattaforma, char altro, std::string font = Seme("unicode.ttf"))
+{
+    const std::size_t nomi = Inizio(font, "name");
+    const auto quanti = static_cast<std::size_t>(font[nomi + 3]);
+    for (std::size_t voce = nomi + 6; voce < nomi + 6 + 12 * quanti; voce += 12) {
+        if (font[voce + 1] == piattaforma && font[voce + 7] == id) font[voce + 7] = altro;
+    }
+    return font;
+}
+
 } // namespace
 
 TEST(ReadTrueType, AltriFileDiCaratteri)
@@ -96,14 +107,38 @@ TEST(ReadTrueType, ValoriImpossibili)
     EXPECT_EQ(Motivo(font), "il font non dice il suo nome");
 }
 
-TEST(ReadTrueType, SenzaNomePostScriptValeQuelloIntero)
+TEST(ReadTrueType, IlNomeSiCercaInOrdine)
+{
+    EXPECT_EQ(ReadTrueType(ConNomi(6, 3, 66), nomeFile).Name, "Prova-Semplice"); // the Macintosh's
+    EXPECT_EQ(ReadTrueType(ConNomi(6, 1, 66), nomeFile).Name, "Prova-Semplice");
+    std::string font = ConNomi(6, 3, 66);
+    font = ConNomi(6, 1, 66, font);
+    EXPECT_EQ(ReadTrueType(font, nomeFile).Name, "ProvaSemplice"); // the full name
+}
+
+TEST(ReadTrueType, AltezzeMancantiOSenzaSegno)
 {
     std::string font = Seme("unicode.ttf");
-    const std::size_t nomi = Inizio(font, "name");
-    const auto quanti = static_cast<std::size_t>(font[nomi + 3]);
-    for (std::size_t i = 0; i < quanti; ++i) {
-        char& id = font[nomi + 6 + 12 * i + 7];
-        if (id == 6) id = 66;
-    }
-    EXPECT_EQ(ReadTrueType(font, nomeFile).Name, "ProvaSemplice");
+    const std::size_t hhea = Inizio(font, "hhea");
+    font.replace(hhea + 6, 2, "\0\xDC"s); // 220 instead of -220
+    EXPECT_EQ(ReadTrueType(font, nomeFile).Descent, -220);
+    font.replace(hhea + 4, 4, "\0\0\0\0"s);
+    font.replace(Inizio(font, "OS/2") + 68, 4, "\3\x20\xFF\x38"s); // 800, -200
+    const TrueTypeFont letto = ReadTrueType(font, nomeFile);
+    EXPECT_EQ(letto.Descent, -200);
+    EXPECT_NE(letto.Descriptor.find("/Ascent 800 /Descent -200 "), std::string::npos);
+}
+
+TEST(ReadTrueType, LeLicenzeDiOs2)
+{
+    const auto incorporabile = [](char alto, char basso) {
+        std::string font = Seme("unicode.ttf");
+        font.replace(Inizio(font, "OS/2") + 8, 2, {alto, basso});
+        return ReadTrueType(font, nomeFile).MayEmbed;
+    };
+    EXPECT_TRUE(incorporabile(0, 0));
+    EXPECT_FALSE(incorporabile(0, 2));
+    EXPECT_TRUE(incorporabile(0, 4));
+    EXPECT_TRUE(incorporabile(0, 2 | 8)); // the most generous holds
+    EXPECT_FALSE(incorporabile(2, 0));    // bitmaps only
 }

@@ -122,6 +122,7 @@ class Font(unittest.TestCase):
         attese = [500] * 256
         attese[0x20], attese[0x41], attese[0xB7] = 250, 731, 351
         self.assertEqual(letto.larghezze, attese)
+        self.assertEqual(seme("simboli_f100").larghezze, attese)
 
     def test_corsivo_e_passo_fisso(self):
         voci = seme("corsivo").voci

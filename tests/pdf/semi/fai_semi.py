@@ -378,13 +378,15 @@ def font(mappe, nome="Prova-Semplice", os2=None, post=None, togli=(), unita=1000
 
 def tutti_i_font():
     unicode, mac = (3, 1, 4, MAPPA), (1, 0, 0, MACINTOSH)
-    simboli = {0xF000 + c: g for c, g in {0x20: "space", 0x41: "H", 0xB7: "bullet"}.items()}
+    propri = {0x20: "space", 0x41: "H", 0xB7: "bullet"}
+    simboli = {0xF000 + c: g for c, g in propri.items()}
     return {
         "unicode": font([mac, unicode]),
         "formato12": font([(3, 10, 12, MAPPA)]),
         "formato6": font([(0, 3, 6, {c: g for c, g in MAPPA.items() if c < 0x80})]),
         "macintosh": font([mac]),
         "simboli": font([mac, (3, 0, 4, simboli)]),
+        "simboli_f100": font([(3, 0, 4, {0xF100 + c: g for c, g in propri.items()})]),
         "corsivo": font([unicode], post={"italicAngle": -9.4, "isFixedPitch": 1}),
         "senza_os2": font([unicode], togli=["OS/2", "post"], testata={"macStyle": 1}),
         "os2_vecchia": font([unicode], os2={"version": 1, "usWeightClass": 700, "xAvgCharWidth": 0,
