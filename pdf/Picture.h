@@ -33,7 +33,7 @@ struct Picture
     std::string Palette; // Indexed: red, green, blue of each entry; no pixel lies outside
 };
 
-// Where a reader turns one byte per pixel into the packed rows of a Picture.
+// Packs palette indices of one byte each into the rows of a Picture.
 //
 // indices: Width * Height palette indices, top row first. Sets BitsPerPixel to the least of 1, 2,
 // 4 and 8 that is at least bits and holds every index, Space to Indexed and Pixels; lengthens
