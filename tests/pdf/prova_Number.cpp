@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <string>
 
@@ -98,6 +99,21 @@ TEST(PrAppendNumber, AggiungeInFondoEDaLoStessoTesto)
     EXPECT_EQ(testo, "x 12.5");
     for (const double valore : {0.0, 12.34567, -0.0625, 1e15, -1e22, 99.9999, 0.03125}) {
         EXPECT_EQ(InMillesimi(valore), prNumber(valore, 3));
+    }
+}
+
+TEST(PrAppendNumber, ComeLaDivisionePerMilleDiUnIntero)
+{
+    // All thousandths from -20 to 20, and quarters of them on either side.
+    for (int millesimi = -20000; millesimi <= 20000; ++millesimi) {
+        const int grandezza = std::abs(millesimi);
+        std::string decimali = std::to_string(1000 + grandezza % 1000).substr(1);
+        decimali.erase(decimali.find_last_not_of('0') + 1);
+        const std::string atteso = (millesimi < 0 ? "-" : "") + std::to_string(grandezza / 1000) +
+                                   (decimali.empty() ? "" : "." + decimali);
+        for (const double scarto : {-0.25, 0.0, 0.25}) {
+            ASSERT_EQ(InMillesimi((millesimi + scarto) / 1000), atteso);
+        }
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <string>
 #include <vector>
@@ -171,9 +172,10 @@ TEST(PrPDFString, SoloBarraETondeSiProteggono)
     EXPECT_EQ(prPDFString(""), "");
 }
 
-TEST(PrAppendPDFString, AggiungeInFondo)
+TEST(PrPutPDFString, ScriveAlSuoPostoEDiceDoveFinisce)
 {
-    std::string testo = "/Title (";
-    pdf::prAppendPDFString(testo, "a)b");
-    EXPECT_EQ(testo, "/Title (a\\)b");
+    std::array<char, 8> posto = {};
+    posto.fill('.');
+    EXPECT_EQ(pdf::prPutPDFString(posto.data() + 1, "a)b") - posto.data(), 5);
+    EXPECT_EQ(std::string(posto.data(), posto.size()), ".a\\)b...");
 }

@@ -301,7 +301,7 @@ TEST(LeggiFile, RifiutaChiNonEUnFileEChiETroppoGrande)
     };
     EXPECT_EQ(numero("f", 3), 0);
     EXPECT_EQ(numero("f", 2), static_cast<int>(NumeroErrore::Overflow));
-    EXPECT_EQ(numero("manca", 3), static_cast<int>(NumeroErrore::FileNonTrovato));
+    EXPECT_EQ(numero("manca", 3), static_cast<int>(NumeroErrore::PercorsoNonTrovato));
     EXPECT_EQ(numero("fifo", 3), static_cast<int>(NumeroErrore::AccessoAlFile));
     EXPECT_EQ(numero(".", 3), static_cast<int>(NumeroErrore::AccessoAlFile));
 }
