@@ -160,12 +160,13 @@ std::string clsPDFCreator::BeginDoc(const std::string& FileName)
 {
     m->Out.Close();
     const std::string name = FileName.empty() ? m->UnnamedFile() : FileName;
+    const std::string info = m->InfoText(); // an error in it must not cost the file there is
     m->Out.Open(name);
     m->FileName = name;
     m->Out.prWriteRaw("%PDF-1." + std::to_string(3 + static_cast<std::int64_t>(m->ReaderVersion)));
     m->Out.prLine("% ", State::ClassBanner, " rel. ", WriterVersion);
     m->OpenedWith = m->DocProperties;
-    m->WriteInfo();
+    m->WriteDictionary(InfoObject, info);
     m->Out.SetCounter(PageResourceObject);
     return m->FileName;
 }
@@ -233,15 +234,17 @@ std::string clsPDFCreator::State::UnnamedFile() const
     return name + ".pdf";
 }
 
-void clsPDFCreator::State::WriteInfo()
+// A "#" in one of the texts is a placeholder in its turn, on purpose: it takes the text that comes
+// after, and is an error where it asks for a number.
+std::string clsPDFCreator::State::InfoText() const
 {
-    Out.prInitObj(InfoObject);
-    Out.prPrint("<<\r/Title (#p)\r/Author (#p)\r/Creator (#p)\r/Producer (#p)\r"
-                "/CreationDate (#p)\r/Subject (#p)\r/Keywords (#p)\r>>",
-                {DocProperties.Title, DocProperties.Author, DocProperties.Creator,
-                 DocProperties.Producer, CreationDate, DocProperties.Subject,
-                 DocProperties.Keywords});
-    Out.prEndObj();
+    const pdf::Argument arguments[] = {
+        DocProperties.Title, DocProperties.Author,  DocProperties.Creator, DocProperties.Producer,
+        CreationDate,        DocProperties.Subject, DocProperties.Keywords};
+    return pdf::prExpand("<<\r/Title (#p)\r/Author (#p)\r/Creator (#p)\r/Producer (#p)\r"
+                         "/CreationDate (#p)\r/Subject (#p)\r/Keywords (#p)\r>>",
+                         arguments)
+        .value(); // there are never fewer placeholders than arguments here
 }
 
 void clsPDFCreator::State::WriteDictionary(std::int32_t number, std::string_view text)

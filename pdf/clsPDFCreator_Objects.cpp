@@ -85,12 +85,6 @@ void Objects::MakeRoom(std::size_t bytes)
     m_room = bytes;
 }
 
-void Objects::prPrint(std::string_view pattern, std::initializer_list<Argument> arguments)
-{
-    const auto line = prExpand(pattern, {arguments.begin(), arguments.size()});
-    if (line) prWriteRaw(*line);
-}
-
 std::int32_t Objects::prInitObj(std::int32_t number)
 {
     RequireOpen();

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -74,9 +73,6 @@ public:
 
     // Writes text and CR LF.
     void prWriteRaw(std::string_view text) { prLine(text); }
-
-    // Writes the filled template and CR LF; nothing when it has fewer placeholders than arguments.
-    void prPrint(std::string_view pattern, std::initializer_list<Argument> arguments);
 
     // Writes the pieces one after the other, numbers in thousandths; prLine and CR LF.
     template <typename... Pieces>

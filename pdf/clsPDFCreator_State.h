@@ -213,7 +213,7 @@ struct clsPDFCreator::State
 
     // ---- _Core, _Metadata
     std::string UnnamedFile() const;
-    void WriteInfo();
+    std::string InfoText() const;
     void WriteCatalog(std::int32_t outlines, std::int32_t metadata);
     std::string Resources(bool withPatterns) const;
     void WritePageTree();
