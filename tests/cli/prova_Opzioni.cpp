@@ -143,8 +143,9 @@ TEST(Opzioni, AiutoEVersionePrimaDiOgniControllo)
 
 TEST(Opzioni, LeFormeCheMancanoSonoRifiutateChiaramente)
 {
-    EXPECT_EQ(Rifiuto({"-f", "video"}),
-              std::pair(3, std::string("forma video: non è ancora disponibile in questa versione")));
+    EXPECT_EQ(
+        Rifiuto({"-f", "video"}),
+        std::pair(3, std::string("forma video: non è ancora disponibile in questa versione")));
 }
 
 TEST(Opzioni, ICaratteriUniciSonoDelSoloPdf)
