@@ -333,6 +333,7 @@ std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
     constexpr float titolo = 1.3F;
     TaglieDaFare(numeroTaglie); // refuses a bad number before anything is asked or touched
     if (InUso()) return std::nullopt;
+    PretendiSostituibile(PercorsoReport(NomePdf)); // not only when all the shoes are played
     const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);
     if (!totali) return std::nullopt;
 
