@@ -1,5 +1,6 @@
 #include "Aiuti.h"
 
+#include "Calendario.h"
 #include "FileMazzi.h"
 
 #include <gtest/gtest.h>
@@ -133,6 +134,16 @@ void AmbienteDiProva::Distribuisci(const std::vector<std::vector<std::int16_t>>&
     Stampe::AmbienteInUso.PreparaTaglia = [mazzi](std::int64_t taglia) {
         modCarte::ImpostaMazzo(mazzi.at(static_cast<std::size_t>(taglia) - 1));
     };
+}
+
+CalendarioDorato::CalendarioDorato()
+{
+    CalendarioInUso = {[] { return DataOra{2026, 1, 2, 3, 4, 5}; }, [] { return 0; }};
+}
+
+CalendarioDorato::~CalendarioDorato()
+{
+    CalendarioInUso = CalendarioDelSistema();
 }
 
 } // namespace aiuti

@@ -71,4 +71,14 @@ private:
     Stampe::Ambiente m_prima;
 };
 
+// The moment of the golden documents, 2 January 2026, 03:04:05, while this lives.
+class CalendarioDorato
+{
+public:
+    CalendarioDorato();
+    ~CalendarioDorato();
+    CalendarioDorato(const CalendarioDorato&) = delete;
+    CalendarioDorato& operator=(const CalendarioDorato&) = delete;
+};
+
 } // namespace aiuti

@@ -112,6 +112,8 @@ TEST(Guasti, OgniScritturaCheFallisceEUnErroreSolo)
     GuastaOgniScrittura(Operazioni[1], Intero, 1);
     GuastaOgniScrittura(Operazioni[2], Intero, 5);
     GuastaOgniScrittura(Operazioni[3], Intero, 2);
+    GuastaOgniScrittura(Operazioni[4], Intero, 8);
+    GuastaOgniScrittura(Operazioni[5], Intero, 1);
 }
 
 TEST(Guasti, AncheSeIlDiscoSiRiempieAMetaDiUnBlocco)
@@ -120,6 +122,8 @@ TEST(Guasti, AncheSeIlDiscoSiRiempieAMetaDiUnBlocco)
     GuastaOgniScrittura(Operazioni[1], 100, 5);
     GuastaOgniScrittura(Operazioni[2], 4096, 52);
     GuastaOgniScrittura(Operazioni[3], 500, 7);
+    GuastaOgniScrittura(Operazioni[4], 20000, 28);
+    GuastaOgniScrittura(Operazioni[5], 500, 15);
 }
 
 TEST(Guasti, OgniChiusuraCheFallisceEUnErroreSolo)

@@ -1,4 +1,4 @@
-// What the failure tests of the reports share: the four operations on three known shoes, and what
+// What the failure tests of the reports share: the six operations on three known shoes, and what
 // of each may be left behind.
 #pragma once
 
@@ -37,12 +37,16 @@ inline const std::vector<Operazione> Operazioni = {
      [](double taglie) { return Stampe::StampaHtml(taglie); }, false},
     {"StatisticheHtml", "taglie.htm", "tre.nbsp.statistiche.htm",
      [](double taglie) { return Stampe::StatisticheHtml(taglie, {}); }, false},
+    {"StampaPdf", "taglie.pdf", "tre.nbsp.pieno.pdf",
+     [](double taglie) { return Stampe::StampaPdf(taglie); }, false},
+    {"StatistichePdf", "taglie.pdf", "tre.nbsp.statistiche.pdf",
+     [](double taglie) { return Stampe::StatistichePdf(taglie, {}); }, false},
 };
 
 constexpr double Taglie = 3;
 
-// Surroundings that deal the shoes of a golden file and format as that one does.
-class Prova : public aiuti::AmbienteDiProva
+// Surroundings that deal the shoes of a golden file, format as that one does and live at its time.
+class Prova : public aiuti::AmbienteDiProva, public aiuti::CalendarioDorato
 {
 public:
     explicit Prova(const std::string& mazzi = "tre.mazzi")
