@@ -89,9 +89,17 @@ class Interruzione(Prova):
                                                               (limite, limite)))
         self.assertEqual(self.contenuto(), [])
 
+    def test_il_documento_non_lascia_niente(self):
+        # With every font written once, as many pages as this fit into a document.
+        for segnale in [signal.SIGINT, signal.SIGTERM]:
+            with self.subTest(segnale=segnale):
+                self.interrompe(8_000, "-f", "pdf", "--caratteri-unici", segnale=segnale,
+                                quando=self.cresciuto("taglie.pdf", 3_000_000))
+                self.assertEqual(self.contenuto(), [])
+
     def test_le_statistiche_non_lasciano_niente(self):
-        for argomenti in [["-s"], ["-s", "-f", "html"], ["-s", "-j", "2"],
-                          ["-s", "-f", "html", "-j", "0"]]:
+        for argomenti in [["-s"], ["-s", "-f", "html"], ["-s", "-f", "pdf"], ["-s", "-j", "2"],
+                          ["-s", "-f", "html", "-j", "0"], ["-s", "-f", "pdf", "-j", "2"]]:
             with self.subTest(argomenti=argomenti):
                 self.interrompe(MASSIMO, *argomenti, quando=self.lavora)
                 self.assertEqual(self.contenuto(), [])

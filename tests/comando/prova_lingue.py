@@ -58,6 +58,26 @@ class Lingue(Prova):
                         visti.add(self.byte(report))
                     self.assertEqual(len(visti), 1, (forma, numeri, soli))
 
+    def test_con_i_segni_scelti_il_documento_e_lo_stesso_in_ogni_lingua(self):
+        for quali in [[], ["-s"], ["--caratteri-unici"]]:
+            for numeri in ["it", "c"]:
+                visti = set()
+                for lingua in LINGUE:
+                    self.fa("12", "--seme", "3", "-f", "pdf", "--numeri", numeri, *quali,
+                            env=ambiente(lingua, SOURCE_DATE_EPOCH="1767323045"))
+                    visti.add(self.byte("taglie.pdf"))
+                self.assertEqual(len(visti), 1, (quali, numeri))
+
+    def test_le_cifre_del_documento_seguono_la_lingua_ma_i_suoi_numeri_mai(self):
+        for lingua, (decimali, migliaia) in SEGNI.items():
+            with self.subTest(lingua=lingua):
+                self.fa("--mazzi", GOLDEN / "dodici.mazzi", "-s", "-f", "pdf",
+                        env=ambiente(lingua))
+                documento = self.byte("taglie.pdf")
+                self.assertIn(b"(3%s627) Tj" % migliaia, documento)
+                self.assertIn(b"(96%s88%%) Tj" % decimali, documento)
+                self.assertIn(b"\n1 0 0 1 127.559 113.386 cm\r\n", documento)
+
     def test_con_i_segni_del_sistema_il_report_segue_la_lingua(self):
         modello = (GOLDEN / "dodici.c.statistiche.txt").read_bytes()
         self.assertIn(b"\r\nCarte utilizzate: \t3627 (96.88%)\r\n", modello)

@@ -2,12 +2,24 @@
 
 import os
 import re
+import time
 import unittest
 from pathlib import Path
 
 from aiuti import Prova, aspetta, con_sanificatori
 
 KIB = 1024
+
+
+def dorme(processo):
+    """Whether the command waits for something and has stopped working."""
+    def letto():
+        campi = Path(f"/proc/{processo.pid}/stat").read_text().rpartition(") ")[2].split()
+        return campi[0], campi[11], campi[12]
+
+    prima = letto()
+    time.sleep(0.2)
+    return prima[0] == "S" and letto() == prima
 
 
 class TuboPieno:
@@ -51,14 +63,19 @@ class Memoria(Prova):
                 aperto.seek(max(0, file.stat().st_size - 200))
                 return fine in aperto.read()
 
+        picco = self.picco_alla_scrittura(*argomenti, quando=lambda _: finito())
+        file.unlink()
+        return picco
+
+    def picco_alla_scrittura(self, *argomenti, quando):
+        """The same for a run that is caught when something has come about."""
         with TuboPieno() as tubo:
             processo = self.avvia(*argomenti, stdout=tubo.scrittore)
-            aspetta(finito, "la fine del report")
+            aspetta(lambda: quando(processo), "la fine del report")
             stato = Path(f"/proc/{processo.pid}/status").read_text()
             self.assertIsNone(processo.poll())
             processo.kill()
             processo.wait()
-        file.unlink()
         return int(re.search(r"^VmHWM:\s*(\d+) kB$", stato, re.MULTILINE)[1])
 
     def pari(self, poche, tante):
@@ -91,6 +108,25 @@ class Memoria(Prova):
                               fine=b"Vincite Rosso-Inverso")
 
         self.pari(picco(200), picco(4_000))
+
+    def documento(self, n, *altre):
+        return self.picco("-f", "pdf", n, *altre, report="taglie.pdf", fine=b"%%EOF\r\r\n")
+
+    def test_il_documento_sta_in_otto_mebibyte(self):
+        versione = self.picco_alla_scrittura("--version", quando=dorme)
+        for argomenti in [[20], [20, "--caratteri-unici"], [20, "-s"]]:
+            documento = self.documento(*argomenti)
+            print(f"{argomenti}: {documento} KiB, la versione {versione} KiB", flush=True)
+            self.assertGreater(versione, 500)
+            self.assertGreater(documento, versione)
+            self.assertLessEqual(documento, versione + 8 * KIB)
+
+    def test_le_pagine_del_documento_vanno_sul_disco(self):
+        self.pari(self.documento(20, "--caratteri-unici"),
+                  self.documento(200, "--caratteri-unici"))
+
+    def test_le_statistiche_in_un_documento_non_prendono_piu_memoria(self):
+        self.pari(self.documento(2_000, "-s"), self.documento(40_000, "-s"))
 
     def test_la_misura_vede_la_memoria_che_cresce(self):
         # Recorded shoes are held all at once, so that many must show.

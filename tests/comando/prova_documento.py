@@ -1,0 +1,119 @@
+"""The PDF report as somebody outside gets it."""
+
+import fcntl
+import os
+import re
+import resource
+import unittest
+
+from aiuti import GOLDEN, RIFIUTO, SCRITTURA, Prova, ambiente
+
+FISSO = ambiente(SOURCE_DATE_EPOCH="1767323045")
+
+
+def pagine(documento):
+    return len(re.findall(rb"/Type /Page ", documento))
+
+
+def caratteri(documento):
+    return len(re.findall(rb"/Type /Font ", documento))
+
+
+class Documento(Prova):
+    def fa_pdf(self, *argomenti, **opzioni):
+        """Makes the document, tells its path, and returns its bytes."""
+        uscita = self.fa("-f", "pdf", *argomenti, **opzioni).uscita
+        self.assertEqual(uscita, os.fsencode(self.cartella / "taglie.pdf") + b"\n")
+        self.assertEqual(self.contenuto(), ["taglie.pdf"])
+        documento = self.byte("taglie.pdf")
+        self.assertTrue(documento.startswith(b"%PDF-1.3\r\n"))
+        self.assertTrue(documento.endswith(b"%%EOF\r\r\n"))
+        return documento
+
+    def test_una_pagina_per_taglia_e_quella_generale(self):
+        for argomenti, quante in [(["1"], 1), (["2"], 3), (["20"], 21), (["-s", "1"], 1),
+                                  (["-s", "2000"], 1), (["-s", "2000", "-j", "2"], 1)]:
+            with self.subTest(argomenti=argomenti):
+                documento = self.fa_pdf(*argomenti)
+                self.assertEqual(pagine(documento), quante)
+                self.assertIn(b"(di %d) Tj" % quante, documento)
+
+    def test_lo_stesso_seme_e_la_stessa_data_danno_lo_stesso_documento(self):
+        for quali in [[], ["-s"], ["--caratteri-unici"]]:
+            with self.subTest(quali=quali):
+                primo = self.fa_pdf("5", "--seme", "4", *quali, env=FISSO)
+                self.assertEqual(self.fa_pdf("5", "--seme", "4", *quali, env=FISSO), primo)
+                self.assertNotEqual(self.fa_pdf("5", "--seme", "5", *quali, env=FISSO), primo)
+
+    def test_la_data_viene_dall_ambiente(self):
+        documento = self.fa_pdf("-s", env=ambiente(SOURCE_DATE_EPOCH="951782399"))
+        self.assertIn(b"/CreationDate (D:20000228235959Z+01'00')\r", documento)
+        self.assertIn("(Scalvino © 2000) Tj".encode("cp1252"), documento)
+
+    def test_coi_caratteri_unici_il_documento_e_molto_piu_piccolo(self):
+        tanti = self.fa_pdf("20", "--seme", "7", env=FISSO)
+        unici = self.fa_pdf("20", "--seme", "7", "--caratteri-unici", env=FISSO)
+        print(f"{len(tanti)} e {len(unici)} byte, {caratteri(tanti)} e {caratteri(unici)} "
+              "caratteri", flush=True)
+        self.assertGreater(caratteri(tanti), 7_000)
+        self.assertEqual(caratteri(unici), 4)
+        self.assertLess(len(unici), len(tanti) * 0.75)
+
+    def test_un_carattere_di_troppo_e_un_rifiuto_che_non_lascia_niente(self):
+        for taglie in [100, 1000]:
+            with self.subTest(taglie=taglie):
+                esito = self.taglie("-f", "pdf", taglie, "--seme", "1")
+                self.errore(esito, RIFIUTO, "al massimo 32767 ")
+                self.assertEqual(self.contenuto(), [])
+
+    def test_coi_caratteri_unici_ci_stanno_molte_piu_taglie(self):
+        self.assertEqual(pagine(self.fa_pdf("1000", "--caratteri-unici")), 1001)
+
+    def test_una_pagina_di_troppo_e_un_rifiuto_che_non_lascia_niente(self):
+        self.errore(self.taglie("-f", "pdf", "9000", "--caratteri-unici"), RIFIUTO,
+                    "al massimo 32767 oggetti")
+        self.assertEqual(self.contenuto(), [])
+
+    def test_il_documento_in_uso_resta_com_e(self):
+        file = self.cartella / "taglie.pdf"
+        for quali in [[], ["-s"], ["--caratteri-unici"]]:
+            with self.subTest(quali=quali):
+                file.write_bytes(b"aperto altrove")
+                with open(file, "rb") as tenuto:
+                    with open(file, "rb") as altro:
+                        try:
+                            fcntl.fcntl(altro, fcntl.F_SETLEASE, fcntl.F_WRLCK)
+                            self.fail("il file sembra libero")
+                        except BlockingIOError:
+                            pass
+                        except OSError:
+                            self.skipTest("questo disco non sa chi tiene un file")
+                    self.errore(self.taglie("-f", "pdf", *quali), SCRITTURA, f"taglie: {file}: ",
+                                "è in uso da un altro programma")
+                    self.assertEqual(tenuto.read(), b"aperto altrove")
+                self.assertEqual(file.read_bytes(), b"aperto altrove")
+
+    def test_una_cartella_col_suo_nome_si_scopre_prima_di_giocare(self):
+        (self.cartella / "taglie.pdf").mkdir()
+        for argomenti in [["20"], ["-s", str(10**15)]]:
+            with self.subTest(argomenti=argomenti):
+                self.errore(self.taglie("-f", "pdf", *argomenti), SCRITTURA, "è una cartella")
+
+    def test_il_disco_pieno_non_lascia_niente(self):
+        for byte in [0, 1000, 70_000, 400_000]:
+            with self.subTest(byte=byte):
+                def limita(byte=byte):
+                    resource.setrlimit(resource.RLIMIT_FSIZE, (byte, byte))
+                self.errore(self.taglie("-f", "pdf", "3", "--seme", "1", preexec_fn=limita),
+                            SCRITTURA, f"taglie: {self.cartella / 'taglie.pdf'}: ",
+                            "superata la dimensione massima")
+                self.assertEqual(self.contenuto(), [])
+
+    def test_il_report_di_taglie_scritte_e_quello_dorato(self):
+        documento = self.fa_pdf("--mazzi", GOLDEN / "tre.mazzi", env=ambiente("fr_FR.UTF-8", **{
+            "SOURCE_DATE_EPOCH": "1767323045"}))
+        self.assertEqual(documento, (GOLDEN / "tre.nbsp.pieno.pdf").read_bytes())
+
+
+if __name__ == "__main__":
+    unittest.main()
