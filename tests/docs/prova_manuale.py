@@ -24,7 +24,7 @@ ATTESE = {
     "documento": ["An evening of cards", "Saturday at nine, in the garden room"],
     "pagine": ["Preface", "page 2 of the file", "A-10"],
     "caratteri": ["Rosso 31 Rosso 31", "Trentuno après"],
-    "righe": ["ends at the line", "struck out", "wide letters", "at an angle", "Scalvino"],
+    "righe": ["ends at the line", "struck out", "narrow letters", "at an angle", "Scalvino"],
     "riquadri": ["the coup. Equal totals", "middle", "6 lines", "this one by ninety degrees."],
     "colori": [],
     "percorsi": [],
