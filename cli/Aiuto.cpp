@@ -20,8 +20,8 @@ N è un numero intero da 1 in su; se manca vale 1, con --mazzi tutte quelle del
 FILE.
 
 Report:
-  -f, --forma FORMA        txt (normale), html o nessuna; pdf e video
-                           non ci sono ancora
+  -f, --forma FORMA        txt (normale), html, video (le statistiche sul
+                           terminale) o nessuna; pdf non c'è ancora
   -s, --statistiche        solo le statistiche generali, senza i singoli colpi
   -c, --cartella DIR       cartella del report (normale: quella corrente)
   -a, --apri               apre il report finito

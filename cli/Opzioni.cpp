@@ -113,6 +113,9 @@ void RifiutaContraddizioni(const Opzioni& opzioni)
     if (!opzioni.Mazzi.empty() && opzioni.Seme) {
         Rifiuta("--seme", "con --mazzi le carte non si mescolano");
     }
+    if (opzioni.FormaReport == Forma::Video && opzioni.Dati != FormaDati::Nessuna) {
+        Rifiuta("--dati", "con -f video lo standard output è già delle statistiche");
+    }
     const bool piuLavori = opzioni.Lavori != 1;
     if (piuLavori && opzioni.Piena()) {
         Rifiuta("--lavori", "un report con tutti i colpi vuole un solo lavoro (oppure -s)");
@@ -125,11 +128,8 @@ void RifiutaContraddizioni(const Opzioni& opzioni)
 
 void RifiutaFormeAssenti(Forma forma)
 {
-    const bool assente = forma == Forma::Pdf || forma == Forma::Video;
-    if (!assente) return;
-    throw ErroreComando(UscitaRifiuto,
-                        std::string("forma ") + (forma == Forma::Pdf ? "pdf" : "video"),
-                        "non è ancora disponibile in questa versione");
+    if (forma != Forma::Pdf) return;
+    throw ErroreComando(UscitaRifiuto, "forma pdf", "non è ancora disponibile in questa versione");
 }
 
 // What the parser is told; the help text is our own.

@@ -1,10 +1,11 @@
-// The reports: simulations of N whole shoes written as text or HTML.
+// The reports: simulations of N whole shoes written as text or HTML, or drawn on a picture.
 //
 // Start here, then GiroTaglie.h (the run that all reports share), Stampe_Txt.cpp and
 // Stampe_Html.cpp (one layout each), FormatiNumero.h (how numbers look).
 #pragma once
 
 #include "GiroTaglie.h"
+#include "Superficie.h"
 
 #include <array>
 #include <cstdint>
@@ -40,6 +41,13 @@ std::optional<TotaliReport> StampaHtml(double numeroTaglie);
 // The general statistics only, "taglie.htm". Writes the progress text and yields once per shoe.
 std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
                                             const EtichettaStato& etichettaStato);
+
+// The general statistics only, drawn on the card table or whatever else stands in for it. Deletes
+// an old "taglie.txt" first, as the text reports do, and writes no file; a run without a report
+// folder has none to delete. Writes the progress text and yields once per shoe. A stopped or failed
+// run leaves the picture as it was.
+std::optional<TotaliReport> StatisticheVideo(double numeroTaglie, Superficie& superficie,
+                                             const EtichettaStato& etichettaStato);
 
 // The run without a report: shoes, progress and totals as above, no file.
 std::optional<TotaliReport> SoloTotali(double numeroTaglie, const EtichettaStato& etichettaStato);

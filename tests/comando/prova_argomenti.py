@@ -98,7 +98,7 @@ class ValoriDelleOpzioni(Prova):
         self.assertEqual(self.contenuto(), [])
 
     def test_le_forme_che_non_ci_sono_ancora_sono_rifiutate(self):
-        for forma in ["pdf", "video"]:
+        for forma in ["pdf"]:
             for altre in [[], ["-s"], ["--dati", "json"]]:
                 with self.subTest(forma=forma, altre=altre):
                     self.errore(self.taglie("-f", forma, *altre), RIFIUTO, forma)
