@@ -11,7 +11,11 @@ endif()
 
 # Hardening of what is shipped; a debug build keeps the library's own checks instead.
 target_compile_options(scalvino_opzioni INTERFACE
-    $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;-fPIE>)
+    $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+# Qt brings -fPIC, which a later -fPIE would undo: the program would then get copies of Qt's class
+# descriptions, and Qt would not know its own widgets.
+target_compile_options(scalvino_opzioni INTERFACE
+    $<$<AND:$<CONFIG:Release>,$<NOT:$<BOOL:$<TARGET_PROPERTY:SCALVINO_CON_QT>>>>:-fPIE>)
 target_compile_definitions(scalvino_opzioni INTERFACE _GLIBCXX_ASSERTIONS)
 if(NOT WIN32)
     target_link_options(scalvino_opzioni INTERFACE
