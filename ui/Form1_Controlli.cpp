@@ -190,12 +190,19 @@ void Form1::OrdinaFuoco()
     auto ordinati = Controlli;
     std::sort(ordinati.begin(), ordinati.end(),
               [](const Controllo& uno, const Controllo& altro) { return uno.Tab < altro.Tab; });
-    QWidget* prima = nullptr;
+    std::vector<std::pair<QWidget*, Qt::FocusPolicy>> catena;
     for (const auto& controllo : ordinati) {
+        // Qt moves a container with all that is in it, and it takes no focus anyway.
+        if (controllo.Genere == Tipo::Cornice || controllo.Genere == Tipo::Contenitore) continue;
         auto* widget = findChild<QWidget*>(QString::fromLatin1(controllo.Nome));
-        if (prima != nullptr) setTabOrder(prima, widget);
-        prima = widget;
+        catena.emplace_back(widget, widget->focusPolicy());
+        // Qt orders only what takes the focus; labels and table have their places, too.
+        widget->setFocusPolicy(Qt::StrongFocus);
     }
+    for (std::size_t i = 1; i < catena.size(); ++i) {
+        setTabOrder(catena[i - 1].first, catena[i].first);
+    }
+    for (const auto& [widget, politica] : catena) widget->setFocusPolicy(politica);
     // Tab enters the group at the selected option, not at the first one.
     for (auto* opzione : optStampa) {
         const auto segui = [opzione](bool scelta) {

@@ -55,9 +55,11 @@ bool SoloDaDire(NumeroErrore numero)
 
 } // namespace
 
+// 0 unchecked, 1 checked, 2 neither; Qt numbers them otherwise.
 int Form1::ValoreStat() const
 {
-    return static_cast<int>(chkStat->checkState());
+    if (chkStat->checkState() == Qt::Unchecked) return 0;
+    return chkStat->checkState() == Qt::Checked ? 1 : 2;
 }
 
 std::size_t Form1::FormaScelta() const
