@@ -68,7 +68,8 @@ bool Form1::FiltraNumero(QEvent* evento)
 bool Form1::numTaglie_KeyPress(QKeyEvent* evento)
 {
     const QString testo = evento->text();
-    if (testo.isEmpty()) return false;
+    // Tab backwards gives one character or another, or none, depending on the platform.
+    if (testo.isEmpty() || evento->key() == Qt::Key_Backtab) return false;
     if ((evento->modifiers() & Qt::AltModifier) != 0) {
         evento->ignore(); // a command of the window or the desktop, not a character of the field
         return true;
