@@ -7,7 +7,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 . tools/pacchetti.sh
 
 installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev \
-    libgtest-dev libgmock-dev libbenchmark-dev python3 locales chromium
+    libgtest-dev libgmock-dev libbenchmark-dev python3 locales chromium \
+    qpdf poppler-utils mupdf-tools ghostscript fonts-liberation2 fonts-urw-base35
 echo "Compilo in $PWD/build/release"
 cmake --preset release
 cmake --build --preset release

@@ -90,6 +90,13 @@ bool EntraInWindows1252(std::string_view utf8)
     return true;
 }
 
+char32_t DaWindows1252(unsigned char codice)
+{
+    constexpr unsigned primo = 0x80;
+    const bool proprio = codice < primo || codice >= primo + DaOttanta.size();
+    return proprio ? codice : DaOttanta[codice - primo];
+}
+
 void AggiungiUtf8(std::string& testo, char32_t carattere)
 {
     const auto coda = [&testo](char32_t bit) {

@@ -11,5 +11,8 @@ std::string InWindows1252(std::string_view utf8);
 // Whether the whole text has a place in Windows-1252.
 bool EntraInWindows1252(std::string_view utf8);
 
+// The code point that a Windows-1252 byte stands for; the undefined codes stand for themselves.
+char32_t DaWindows1252(unsigned char codice);
+
 // Appends the UTF-8 form of a Unicode code point; surrogates and values above 10FFFF append "?".
 void AggiungiUtf8(std::string& testo, char32_t carattere);

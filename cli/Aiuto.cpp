@@ -20,11 +20,12 @@ N è un numero intero da 1 in su; se manca vale 1, con --mazzi tutte quelle del
 FILE.
 
 Report:
-  -f, --forma FORMA        txt (normale), html, video (le statistiche sul
-                           terminale) o nessuna; pdf non c'è ancora
+  -f, --forma FORMA        txt (normale), html, pdf, video (le statistiche sul
+                           terminale) o nessuna
   -s, --statistiche        solo le statistiche generali, senza i singoli colpi
   -c, --cartella DIR       cartella del report (normale: quella corrente)
   -a, --apri               apre il report finito
+      --caratteri-unici    un PDF molto più piccolo: ogni carattere una volta sola
       --numeri COME        separatori dei numeri: sistema (normale), it o c
 
 Taglie:

@@ -55,6 +55,8 @@ Uscita UscitaPer(NumeroErrore numero)
     case NumeroErrore::AccessoAlFile:
     case NumeroErrore::PercorsoNonTrovato:
         return UscitaScrittura;
+    case NumeroErrore::Overflow:
+        return UscitaRifiuto; // more than a document can hold
     default:
         return UscitaInterna;
     }
@@ -72,6 +74,8 @@ std::string_view NomeReport(Forma forma)
         return Stampe::NomeTxt;
     case Forma::Html:
         return Stampe::NomeHtml;
+    case Forma::Pdf:
+        return Stampe::NomePdf;
     default:
         return "";
     }
@@ -228,6 +232,12 @@ void ImpostaAmbiente(Lavoro& lavoro, const std::string& cartella)
             lavoro.stile = stile;
         };
     }
+    ambiente.Avvisa = [percorso = cartella + std::string(NomeReport(opzioni.FormaReport))](
+                          const Stampe::Messaggio&) {
+        // The one thing that a report has to say: there is nobody here to close a window.
+        throw ErroreComando(UscitaScrittura, percorso, "è in uso da un altro programma");
+    };
+    ambiente.CaratteriUnici = opzioni.CaratteriUnici;
     ambiente.Lavori = opzioni.Lavori;
     if (opzioni.Dati != FormaDati::Nessuna) ambiente.Raccolta = &lavoro.studio;
     Stampe::AmbienteInUso = std::move(ambiente);
@@ -245,6 +255,9 @@ std::optional<Stampe::TotaliReport> FaiReport(Lavoro& lavoro)
     case Forma::Html:
         return opzioni.Statistiche ? Stampe::StatisticheHtml(taglie, senzaEtichetta)
                                    : Stampe::StampaHtml(taglie);
+    case Forma::Pdf:
+        return opzioni.Statistiche ? Stampe::StatistichePdf(taglie, senzaEtichetta)
+                                   : Stampe::StampaPdf(taglie);
     case Forma::Video:
         return Stampe::StatisticheVideo(taglie, lavoro.schermo, senzaEtichetta);
     default:

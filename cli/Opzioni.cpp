@@ -110,6 +110,9 @@ void RifiutaContraddizioni(const Opzioni& opzioni)
         opzioni.FormaReport != Forma::Nessuna && opzioni.FormaReport != Forma::Video;
     if (opzioni.Apri && !inFile)
         Rifiuta("--apri", "senza un report in un file non c'è nulla da aprire");
+    if (opzioni.CaratteriUnici && opzioni.FormaReport != Forma::Pdf) {
+        Rifiuta("--caratteri-unici", "vale solo con -f pdf");
+    }
     if (!opzioni.Mazzi.empty() && opzioni.Seme) {
         Rifiuta("--seme", "con --mazzi le carte non si mescolano");
     }
@@ -126,12 +129,6 @@ void RifiutaContraddizioni(const Opzioni& opzioni)
     }
 }
 
-void RifiutaFormeAssenti(Forma forma)
-{
-    if (forma != Forma::Pdf) return;
-    throw ErroreComando(UscitaRifiuto, "forma pdf", "non è ancora disponibile in questa versione");
-}
-
 // What the parser is told; the help text is our own.
 void Dichiara(CLI::App& lettore, Grezze& grezze, Opzioni& opzioni)
 {
@@ -143,6 +140,7 @@ void Dichiara(CLI::App& lettore, Grezze& grezze, Opzioni& opzioni)
     lettore.add_flag("-s,--statistiche", opzioni.Statistiche);
     lettore.add_option("-c,--cartella", grezze.Cartella);
     lettore.add_flag("-a,--apri", opzioni.Apri);
+    lettore.add_flag("--caratteri-unici", opzioni.CaratteriUnici);
     lettore.add_option("--seme", grezze.Seme);
     lettore.add_option("--mazzi", grezze.Mazzi);
     lettore.add_option("--salva-mazzi", grezze.SalvaMazzi);
@@ -220,7 +218,6 @@ Opzioni LeggiOpzioni(std::vector<std::string> argomenti)
     if (opzioni.Aiuto || opzioni.Versione) return opzioni;
     LeggiValori(opzioni, grezze, lettore);
     LeggiScelte(opzioni, grezze, lettore);
-    RifiutaFormeAssenti(opzioni.FormaReport);
     RifiutaContraddizioni(opzioni);
     if (opzioni.Lavori == 0) opzioni.Lavori = TuttiIProcessori();
     return opzioni;

@@ -22,8 +22,7 @@ FileNuovo::~FileNuovo()
 {
     // Nobody can be told here: who wants to know whether the file is whole calls Chiudi().
     if (m_descrittore >= 0) ChiamateInUso.Chiudi(m_descrittore);
-    if (!m_conserva) RimuoviSeNostro();
-    Salpa();
+    if (!m_conserva) m_impronta->Togli();
 }
 
 void FileNuovo::ScriviTutto(std::string_view byte)
@@ -54,9 +53,9 @@ void FileNuovo::Chiudi()
     }
 }
 
-void FileNuovo::PretendiNostro() const
+void Impronta::Pretendi() const
 {
-    if (AncoraNostro()) return;
+    if (Vale()) return;
     throw ErroreRuntime(NumeroErrore::AccessoAlFile, "un altro programma lo ha sostituito",
                         m_percorso);
 }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,44 @@ bool FileOrdinario(const std::string& percorso);
 
 // True when both names lead to the same existing file. False on any error.
 bool StessoFile(const std::string& percorso, const std::string& altro);
+
+// Remembers which very file stands under a name, so that another one put there later is told from
+// it. Not copyable. Where the system gives files no numbers (Windows) every file passes.
+class Impronta
+{
+public:
+    // Of what stands there now.
+    explicit Impronta(std::string percorso);
+
+    // Of the file opened as descrittore, created under that name. Error when it tells no number.
+    Impronta(std::string percorso, int descrittore);
+
+    ~Impronta();
+    Impronta(const Impronta&) = delete;
+    Impronta& operator=(const Impronta&) = delete;
+    Impronta(Impronta&&) = delete;
+    Impronta& operator=(Impronta&&) = delete;
+
+    // Whether that file, a regular one, still stands under the name.
+    bool Vale() const noexcept;
+
+    // An error when it does not.
+    void Pretendi() const;
+
+    // Whether the open descriptor is that file.
+    bool Riconosce(int descrittore) const noexcept;
+
+    // Removes the file if it still stands there.
+    void Togli() const noexcept;
+
+private:
+    void Ancora() noexcept;
+
+    std::string m_percorso;
+    int m_ancora = -1; // keeps the number of the file from being given to another one
+    std::uint64_t m_dispositivo = 0;
+    std::uint64_t m_indice = 0;
+};
 
 // A file that this program has just created and is writing. Every failure is an ErroreRuntime
 // with the file's name and the reason. Not copyable; used by one thread.
@@ -53,7 +92,7 @@ public:
     void Riapri();
 
     // An error when the entry is no longer the very file that this object created.
-    void PretendiNostro() const;
+    void PretendiNostro() const { m_impronta->Pretendi(); }
 
     // From now on the file stays when this object is destroyed.
     void Conserva() noexcept { m_conserva = true; }
@@ -61,17 +100,11 @@ public:
 private:
     void ScriviTutto(std::string_view byte);
     void Accorcia(std::uint64_t lunghezza) noexcept;
-    bool AncoraNostro() const noexcept;
-    void RimuoviSeNostro() noexcept;
-    void Ancora() noexcept;
-    void Salpa() noexcept;
 
     std::string m_percorso;
     int m_descrittore = -1;
-    int m_ancora = -1;             // keeps the number of the file from being given to another one
     std::uint64_t m_lunghezza = 0; // bytes that are in the file for certain
-    std::uint64_t m_dispositivo = 0;
-    std::uint64_t m_indice = 0;
+    std::optional<Impronta> m_impronta;
     bool m_conserva = false;
 };
 

@@ -96,30 +96,66 @@ FileNuovo::FileNuovo(std::string percorso)
                permessi);
     if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
 
-    struct stat voce = {};
-    if (::fstat(m_descrittore, &voce) != 0) {
-        const int codice = errno;
+    try {
+        m_impronta.emplace(m_percorso, m_descrittore);
+    } catch (...) {
         ::close(m_descrittore);
-        throw ErroreSistema(codice, m_percorso);
+        throw;
     }
+}
+
+Impronta::Impronta(std::string percorso)
+    : m_percorso(std::move(percorso))
+{
+    struct stat voce = {};
+    if (::lstat(m_percorso.c_str(), &voce) == 0) {
+        m_dispositivo = static_cast<std::uint64_t>(voce.st_dev);
+        m_indice = static_cast<std::uint64_t>(voce.st_ino);
+    }
+    Ancora();
+}
+
+Impronta::Impronta(std::string percorso, int descrittore)
+    : m_percorso(std::move(percorso))
+{
+    struct stat voce = {};
+    if (::fstat(descrittore, &voce) != 0) throw ErroreSistema(errno, m_percorso);
     m_dispositivo = static_cast<std::uint64_t>(voce.st_dev);
     m_indice = static_cast<std::uint64_t>(voce.st_ino);
     Ancora();
 }
 
+Impronta::~Impronta()
+{
+    if (m_ancora >= 0) ::close(m_ancora);
+}
+
 // A file system may give the number of a removed file to the next one at once: while the file is
 // closed, only a reference of ours makes the number mean this file. It counts as no opening. Where
 // it cannot be had (no O_PATH, no descriptor left), the number alone must do.
-void FileNuovo::Ancora() noexcept
+void Impronta::Ancora() noexcept
 {
 #ifdef O_PATH
     m_ancora = ::open(m_percorso.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC);
 #endif
 }
 
-void FileNuovo::Salpa() noexcept
+bool Impronta::Vale() const noexcept
 {
-    if (m_ancora >= 0) ::close(m_ancora);
+    struct stat voce = {};
+    return ::lstat(m_percorso.c_str(), &voce) == 0 && S_ISREG(voce.st_mode) &&
+           StessaVoce(voce, m_dispositivo, m_indice);
+}
+
+bool Impronta::Riconosce(int descrittore) const noexcept
+{
+    struct stat voce = {};
+    return ::fstat(descrittore, &voce) == 0 && StessaVoce(voce, m_dispositivo, m_indice);
+}
+
+void Impronta::Togli() const noexcept
+{
+    if (Vale()) ::unlink(m_percorso.c_str());
 }
 
 void FileNuovo::Riapri()
@@ -128,10 +164,7 @@ void FileNuovo::Riapri()
     const int descrittore =
         ::open(m_percorso.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (descrittore < 0) throw ErroreSistema(errno, m_percorso);
-    struct stat voce = {};
-    const bool nostro =
-        ::fstat(descrittore, &voce) == 0 && StessaVoce(voce, m_dispositivo, m_indice);
-    if (!nostro) {
+    if (!m_impronta->Riconosce(descrittore)) {
         ::close(descrittore);
         throw ErroreRuntime(NumeroErrore::AccessoAlFile, "un altro programma lo ha sostituito",
                             m_percorso);
@@ -144,16 +177,4 @@ void FileNuovo::Accorcia(std::uint64_t lunghezza) noexcept
     if (m_descrittore < 0) return;
     // The write's own error is the one to report; a disk that refuses this too is that error.
     [[maybe_unused]] const int esito = ::ftruncate(m_descrittore, static_cast<off_t>(lunghezza));
-}
-
-bool FileNuovo::AncoraNostro() const noexcept
-{
-    struct stat voce = {};
-    return ::lstat(m_percorso.c_str(), &voce) == 0 && S_ISREG(voce.st_mode) &&
-           StessaVoce(voce, m_dispositivo, m_indice);
-}
-
-void FileNuovo::RimuoviSeNostro() noexcept
-{
-    if (AncoraNostro()) ::unlink(m_percorso.c_str());
 }

@@ -73,6 +73,7 @@ FileNuovo::FileNuovo(std::string percorso)
                              _O_WRONLY | _O_APPEND | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
                              _SH_DENYWR, _S_IREAD | _S_IWRITE);
     if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
+    m_impronta.emplace(m_percorso, m_descrittore);
 }
 
 void FileNuovo::Riapri()
@@ -90,16 +91,31 @@ void FileNuovo::Accorcia(std::uint64_t lunghezza) noexcept
         ::_chsize_s(m_descrittore, static_cast<long long>(lunghezza));
 }
 
-void FileNuovo::Ancora() noexcept {}
+Impronta::Impronta(std::string percorso)
+    : m_percorso(std::move(percorso))
+{
+}
 
-void FileNuovo::Salpa() noexcept {}
+Impronta::Impronta(std::string percorso, int)
+    : m_percorso(std::move(percorso))
+{
+}
 
-bool FileNuovo::AncoraNostro() const noexcept
+Impronta::~Impronta() = default;
+
+void Impronta::Ancora() noexcept {}
+
+bool Impronta::Vale() const noexcept
 {
     return true;
 }
 
-void FileNuovo::RimuoviSeNostro() noexcept
+bool Impronta::Riconosce(int) const noexcept
+{
+    return true;
+}
+
+void Impronta::Togli() const noexcept
 {
     ::_unlink(m_percorso.c_str());
 }

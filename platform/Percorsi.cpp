@@ -51,3 +51,14 @@ std::string CartellaCompleta(const std::string& cartella)
     }
     return ConSeparatore(assoluta.string());
 }
+
+std::string PercorsoCompleto(const std::string& percorso)
+{
+    std::error_code errore;
+    const auto assoluto = std::filesystem::absolute(percorso, errore);
+    if (errore) {
+        throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella corrente non esiste",
+                            percorso);
+    }
+    return assoluto.string();
+}

@@ -12,6 +12,9 @@ std::string PercorsoTemp();
 // folder's bytes are passed on unchanged. Error 76 naming it when it is no existing folder.
 std::string CartellaCompleta(const std::string& cartella);
 
+// The absolute form of a file's name, whether or not it exists; its bytes are passed on unchanged.
+std::string PercorsoCompleto(const std::string& percorso);
+
 // Appends the platform's separator unless the folder already ends in one.
 std::string ConSeparatore(std::string cartella);
 

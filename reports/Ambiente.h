@@ -58,6 +58,9 @@ struct Ambiente
     // Threads of a statistics-only run, at least 1. Full reports use one whatever this says.
     int Lavori = 1;
 
+    // A PDF report names each font once instead of at every change: much smaller, else the same.
+    bool CaratteriUnici = false;
+
     // Collects the figures for estimates of error, when set; not owned.
     Studio* Raccolta = nullptr;
 };

@@ -243,10 +243,12 @@ std::optional<TotaliReport> InParallelo(std::int64_t taglie, int lavori,
 
 std::optional<TotaliReport>
 EseguiPiene(std::int64_t taglie,
-            const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia)
+            const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia,
+            const std::function<void(std::int64_t taglia)>& primaDi)
 {
     Conti conti;
     for (std::int64_t taglia = 1; taglia <= taglie; ++taglia) {
+        if (primaDi) primaDi(taglia);
         const CifreTaglia cifre = GiocaUna(taglia, conti);
         perTaglia(taglia, cifre);
         Segnala(taglia);

@@ -53,11 +53,13 @@ struct TotaliReport
 // number), error 6 above 2^53.
 std::int64_t TaglieDaFare(double numeroTaglie);
 
-// Runs the shoes of a full report, 1 to taglie: after each one perTaglia, with modCarte still
-// holding the shoe, then the question whether to stop. Nothing is returned when stopped.
+// Runs the shoes of a full report, 1 to taglie: before each one primaDi, if there is one; after it
+// perTaglia, with modCarte still holding the shoe, then the question whether to stop. Nothing is
+// returned when stopped.
 std::optional<TotaliReport>
 EseguiPiene(std::int64_t taglie,
-            const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia);
+            const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia,
+            const std::function<void(std::int64_t taglia)>& primaDi = {});
 
 // The same for a statistics-only run, which may use several threads (Ambiente::Lavori), each with
 // a shoe and totals of its own: perTaglia is called on the calling thread with the number of shoes

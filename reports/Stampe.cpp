@@ -3,6 +3,7 @@
 #include "Ambiente.h"
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
+#include "FormatiNumero.h"
 #include "Numeri.h"
 #include "modCarte.h"
 
@@ -26,6 +27,21 @@ std::optional<TotaliReport> EseguiConAvanzamento(double numeroTaglie,
         }
         if (AmbienteInUso.Cedi) AmbienteInUso.Cedi();
     });
+}
+
+std::array<std::string, 2> RigheRiassunto(const CifreTaglia& cifre, const Separatori& separatori)
+{
+    const auto& conti = modCarte::Statistiche;
+    const std::int64_t s = cifre.ColpiPagina;
+    const auto conQuota = [&](double conto) {
+        const auto intero = static_cast<std::int64_t>(conto);
+        return TestoNumero(intero) + " (" + Percento(Rapporto(intero, s), separatori) + ")";
+    };
+    return {"Colpi taglia: " + TestoNumero(s) + " - Nero: " + conQuota(conti.VinceNero) +
+                " - Rosso: " + conQuota(conti.VinceRosso) + " - Egalitè: " + conQuota(conti.Pari) +
+                " - Carte utilizzate: " + TestoNumero(cifre.CarteUsate),
+            "Colore: " + conQuota(conti.Colore) + " - Inverso: " + conQuota(conti.Inverso) +
+                " - 31 Après: " + conQuota(conti.TrentunoApres)};
 }
 
 std::optional<TotaliReport> SoloTotali(double numeroTaglie, const EtichettaStato& etichettaStato)

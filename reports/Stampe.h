@@ -1,10 +1,11 @@
-// The reports: simulations of N whole shoes written as text or HTML, or drawn on a picture.
+// The reports: simulations of N whole shoes written as text, HTML or PDF, or drawn on a picture.
 //
-// Start here, then GiroTaglie.h (the run that all reports share), Stampe_Txt.cpp and
-// Stampe_Html.cpp (one layout each), FormatiNumero.h (how numbers look).
+// Start here, then GiroTaglie.h (the run that all reports share), Stampe_Txt.cpp, Stampe_Html.cpp
+// and Stampe_Pdf.cpp (one layout each), FormatiNumero.h (how numbers look).
 #pragma once
 
 #include "GiroTaglie.h"
+#include "Separatori.h"
 #include "Superficie.h"
 
 #include <array>
@@ -42,6 +43,12 @@ std::optional<TotaliReport> StampaHtml(double numeroTaglie);
 std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
                                             const EtichettaStato& etichettaStato);
 
+// The same two as a page for each shoe and one of general statistics, "taglie.pdf". When another
+// program holds the file the user is told and nothing is done: nothing is returned.
+std::optional<TotaliReport> StampaPdf(double numeroTaglie);
+std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
+                                           const EtichettaStato& etichettaStato);
+
 // The general statistics only, drawn on the card table or whatever else stands in for it. Deletes
 // an old "taglie.txt" first, as the text reports do, and writes no file; a run without a report
 // folder has none to delete. Writes the progress text and yields once per shoe. A stopped or failed
@@ -59,6 +66,9 @@ void EliminaReport();
 // The HTML entity of a card text's suit, from its last letter: "&hearts;" for C, "&diams;" Q,
 // "&clubs;" F, "&spades;" P; empty for anything else.
 std::string_view SemeHtml(std::string_view carta);
+
+// The character that the font Symbol draws as a card text's suit, UTF-8; empty for anything else.
+std::string_view SemeSymbol(std::string_view carta);
 
 // The style class suffix of a card text: " red" for hearts and diamonds, else empty.
 std::string_view ClasseRossa(std::string_view carta);
@@ -102,6 +112,12 @@ inline constexpr std::array<RigaGenerale, 10> RigheGenerali = {{
     {"Vincite Rosso-Colore:", "\t", &TotaliReport::RossoColore},
     {"Vincite Rosso-Inverso:", "\t", &TotaliReport::RossoInverso},
 }};
+
+// Where the combined outcomes begin in them.
+inline constexpr std::size_t PrimaCombinata = 6;
+
+// The two lines that sum up the shoe in modCarte on a page of its own.
+std::array<std::string, 2> RigheRiassunto(const CifreTaglia& cifre, const Separatori& separatori);
 
 // Runs the shoes of a statistics-only form: after each the progress text and one yield.
 std::optional<TotaliReport> EseguiConAvanzamento(double numeroTaglie,

@@ -164,21 +164,6 @@ void IntestazioneTabella(std::string& testo)
     Riga(testo, "    </tr>");
 }
 
-void RigheRiassunto(std::string& testo, const CifreTaglia& cifre, const Separatori& separatori)
-{
-    const auto& conti = modCarte::Statistiche;
-    const std::int64_t s = cifre.ColpiPagina;
-    const auto conQuota = [&](double conto) {
-        const auto intero = static_cast<std::int64_t>(conto);
-        return TestoNumero(intero) + " (" + Percento(Rapporto(intero, s), separatori) + ")";
-    };
-    Riga(testo, "Colpi taglia: ", TestoNumero(s), " - Nero: ", conQuota(conti.VinceNero),
-         " - Rosso: ", conQuota(conti.VinceRosso), " - Egalitè: ", conQuota(conti.Pari),
-         " - Carte utilizzate: ", TestoNumero(cifre.CarteUsate), "<br>");
-    Riga(testo, "Colore: ", conQuota(conti.Colore), " - Inverso: ", conQuota(conti.Inverso),
-         " - 31 Après: ", conQuota(conti.TrentunoApres), "<br><br>");
-}
-
 std::string Sezione(std::int64_t taglia, double numeroTaglie, const CifreTaglia& cifre,
                     const Separatori& separatori)
 {
@@ -188,7 +173,9 @@ std::string Sezione(std::int64_t taglia, double numeroTaglie, const CifreTaglia&
     Riga(testo, "<div align=\"center\">");
     Riga(testo, "<font face=\"arial\" size=\"4\"><b>Taglia", numeroTaglie > 1 ? " " + numero : "",
          "</b></font><br><br>");
-    RigheRiassunto(testo, cifre, separatori);
+    const auto riassunto = RigheRiassunto(cifre, separatori);
+    Riga(testo, riassunto[0], "<br>");
+    Riga(testo, riassunto[1], "<br><br>");
     IntestazioneTabella(testo);
     const auto& colpi = modCarte::Colpi;
     for (std::int64_t j = 1; j <= cifre.ColpiPagina; ++j) {
@@ -260,8 +247,8 @@ void Generali(std::string& testo, double numeroTaglie, const TotaliReport& total
     Riga(testo, "    <tr>");
     Riga(testo, "      <td width=\"100%\" colspan=\"9\" align=\"left\">Combinazioni vincenti</td>");
     Riga(testo, "    </tr>");
-    RigaEsiti(testo, 6, 2, totali, separatori);
-    RigaEsiti(testo, 8, 2, totali, separatori);
+    RigaEsiti(testo, PrimaCombinata, 2, totali, separatori);
+    RigaEsiti(testo, PrimaCombinata + 2, 2, totali, separatori);
     Riga(testo, "  </table>");
     Riga(testo, "</div>");
     Riga(testo, "<br>");

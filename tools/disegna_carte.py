@@ -42,7 +42,7 @@ INDICI = {
 
 
 def posizioni(valore):
-    """Places of the pips of the number cards 2 to 10; those below the middle stand on their heads."""
+    """Places of the pips of the number cards 2 to 10."""
     sinistra, centro, destra = COLONNE
     alto, basso = RIGHE_ESTERNE
     terza = alto + PASSO_QUATTRO_RIGHE

@@ -91,8 +91,8 @@ def donna(segno):
     ciocche = tratto("M28,23 Q28.4,29 27,32.6 M43,23 Q42.6,29 44,32.6", bordo=INCHIOSTRO,
                      spessore=0.45)
     collo = pezzo("M32.8,31 L38.2,31 L40,34.4 Q35.5,38.4 31,34.4Z", PELLE, 0.6)
-    colletto = pezzo("M28.6,33.2 Q30.6,37.6 35.5,38.4 Q40.4,37.6 42.4,33.2 L45,36 Q41,40.6 35.5,40.6 "
-                     "Q30,40.6 26,36Z", BIANCO, 0.7)
+    colletto = pezzo("M28.6,33.2 Q30.6,37.6 35.5,38.4 Q40.4,37.6 42.4,33.2 L45,36 "
+                     "Q41,40.6 35.5,40.6 Q30,40.6 26,36Z", BIANCO, 0.7)
     gioiello = disco(35.5, 38.4, 1.2, stoffe(segno)[0], INCHIOSTRO, 0.5)
     guance = disco(31.6, 27, 0.9, "#f0b09a") + disco(39.4, 27, 0.9, "#f0b09a")
     frangia = pezzo("M29.6,22.4 Q30,18.4 35.5,18.4 Q41,18.4 41.4,22.4 Q38.6,19.8 35.5,20 "
@@ -131,7 +131,8 @@ def spada():
 def scettro(segno):
     return (tratto("M51.5,38 L51.5,16", bordo=INCHIOSTRO, spessore=2)
             + tratto("M51.5,38 L51.5,16", bordo=ORO, spessore=1.1)
-            + disco(51.5, 13.4, 3.1, ORO, INCHIOSTRO, 0.7) + disco(51.5, 13.4, 1.3, stoffe(segno)[0]))
+            + disco(51.5, 13.4, 3.1, ORO, INCHIOSTRO, 0.7)
+            + disco(51.5, 13.4, 1.3, stoffe(segno)[0]))
 
 
 def alabarda():

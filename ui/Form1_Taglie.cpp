@@ -132,6 +132,9 @@ void Form1::ChiamaReport()
     case FormaHtml:
         statistiche ? Stampe::StatisticheHtml(taglie, etichetta) : Stampe::StampaHtml(taglie);
         break;
+    case FormaPdf:
+        statistiche ? Stampe::StatistichePdf(taglie, etichetta) : Stampe::StampaPdf(taglie);
+        break;
     case FormaTxt:
         statistiche ? Stampe::StatisticheTxt(taglie, etichetta) : Stampe::StampaTxt(taglie);
         break;

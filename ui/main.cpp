@@ -6,10 +6,18 @@
 
 namespace {
 
+// The one of 32 by 32 in 16 colours, and every other size from the same motif.
+QIcon Icona()
+{
+    QIcon icona(QStringLiteral(":/scalvino.ico"));
+    icona.addFile(QStringLiteral(":/scalvino.svg"));
+    return icona;
+}
+
 int Avvia(Applicazione& applicazione)
 {
     applicazione.ObbedisciAiSegnali();
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/scalvino.svg")));
+    QApplication::setWindowIcon(Icona());
     Form1 finestra;
     finestra.ImpostaAmbiente();
     if (!finestra.Carica()) return Applicazione::UscitaErrore;

@@ -218,3 +218,19 @@ TEST(AggiungiUtf8, SiAggiungeInFondo)
     AggiungiUtf8(testo, 'b');
     EXPECT_EQ(testo, "a€b");
 }
+
+TEST(DaWindows1252, RifaIlCarattereDiOgniCodice)
+{
+    EXPECT_EQ(DaWindows1252('A'), U'A');
+    EXPECT_EQ(DaWindows1252(0x7F), U'\x7F');
+    EXPECT_EQ(DaWindows1252(0x80), U'€');
+    EXPECT_EQ(DaWindows1252(0x81), U'\x81');
+    EXPECT_EQ(DaWindows1252(0x9F), U'Ÿ');
+    EXPECT_EQ(DaWindows1252(0xA0), U'\xA0');
+    for (int codice = 0; codice < 256; ++codice) {
+        const auto byte = static_cast<unsigned char>(codice);
+        std::string utf8;
+        AggiungiUtf8(utf8, DaWindows1252(byte));
+        EXPECT_EQ(InWindows1252(utf8), std::string(1, static_cast<char>(byte))) << codice;
+    }
+}

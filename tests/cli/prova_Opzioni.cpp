@@ -148,9 +148,3 @@ TEST(Opzioni, VideoEOccupaLoStandardOutput)
               std::pair(2, std::string("--dati: con -f video lo standard output è già delle "
                                        "statistiche")));
 }
-
-TEST(Opzioni, LeFormeCheMancanoSonoRifiutateChiaramente)
-{
-    EXPECT_EQ(Rifiuto({"-f", "pdf"}),
-              std::pair(3, std::string("forma pdf: non è ancora disponibile in questa versione")));
-}

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Rebuilds every golden file of this folder: the shoe files, the records and
-# the reports.  Then checks the blocks written by hand against the reports.
+# the reports, and those of the PDF writer in pdf/.  Then checks the blocks
+# written by hand against the reports.
 set -eu
 
 cartella=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
@@ -40,6 +41,21 @@ tutti() {
     report "$1" "$2" html statistiche
 }
 
+# report_pdf SHOES KIND PART: one PDF report
+report_pdf() {
+    local nome=$1 tipo=$2 parte=$3
+    local opzioni=()
+    separatori "$tipo"
+    case "$parte" in
+        statistiche) opzioni=(--statistiche) ;;
+        unici)       opzioni=(--caratteri-unici) ;;
+    esac
+    "$python" riferimento_pdf.py --mazzi "$nome.mazzi" \
+        ${opzioni[@]+"${opzioni[@]}"} \
+        --decimali "$decimali" --migliaia "$migliaia" \
+        --uscita "$nome.$tipo.$parte.pdf"
+}
+
 "$python" costruisci_mazzi.py "$cartella"
 
 for nome in uno_trentuno uno_liscio tre otto dodici; do
@@ -57,4 +73,16 @@ for tipo in c nbsp; do
     report dodici "$tipo" html statistiche
 done
 
+# Full PDF reports only of few shoes: one of twelve is 2.5 MB.
+report_pdf uno_trentuno it pieno
+report_pdf uno_trentuno it unici
+report_pdf uno_liscio c pieno
+report_pdf uno_liscio c statistiche
+report_pdf tre nbsp pieno
+report_pdf tre nbsp statistiche
+report_pdf dodici it statistiche
+report_pdf dodici nbsp statistiche
+
 "$python" controlla_a_mano.py
+./pdf/rigenera.sh
+"$python" pdf/controlla.py ./*.pdf

@@ -172,3 +172,24 @@ TEST(CartellaDelProgramma, EQuellaDiQuestoFileEseguibile)
     EXPECT_TRUE(
         fs::equivalent(cartella / fs::read_symlink("/proc/self/exe").filename(), "/proc/self/exe"));
 }
+
+TEST(PercorsoCompleto, DallaCartellaCorrenteEByteIntatti)
+{
+    const std::string qui = fs::current_path().string();
+    EXPECT_EQ(PercorsoCompleto("non c'è\xE8.pdf"), qui + "/non c'è\xE8.pdf");
+    EXPECT_EQ(PercorsoCompleto("/tmp/x y.pdf"), "/tmp/x y.pdf");
+}
+
+TEST(PercorsoCompleto, SenzaCartellaCorrenteLoDice)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  const CartellaDiProva cartella;
+                  fs::current_path(cartella.Nome());
+                  fs::remove_all(cartella.Nome());
+                  const auto errore = ErroreDi([] { PercorsoCompleto("x.pdf"); });
+                  ASSERT_TRUE(errore);
+                  EXPECT_EQ(errore->Numero(), NumeroErrore::PercorsoNonTrovato);
+                  EXPECT_EQ(errore->File(), "x.pdf");
+              }),
+              Riuscito);
+}

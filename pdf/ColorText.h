@@ -1,0 +1,32 @@
+// Colours as texts: names, "#" and hexadecimal digits, "%" and a grey.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace pdf {
+
+// The colour that a name (any case) or a grey stands for, as "#" and six hexadecimal digits; any
+// other text as it is (digits already, or the name of a pattern).
+std::string prNamedColor(std::string_view color);
+
+// True for a colour in digits, false for the name of a pattern.
+inline bool IsDigits(std::string_view color)
+{
+    return !color.empty() && color.front() == '#';
+}
+
+// Red, green and blue, 0 to 255, of a colour in digits. Missing digits count as 0.
+std::array<int, 3> ColorComponents(std::string_view color);
+
+// "#" and the three components as two upper-case hexadecimal digits each.
+std::string ColorDigits(const std::array<int, 3>& components);
+
+// The colour of red, green, blue (0 to 255), or of cyan, magenta, yellow and black (percent, at
+// most 100); black for any other count. What lies outside the range counts as its end.
+std::string ColorOfValues(std::span<const float> values);
+
+} // namespace pdf

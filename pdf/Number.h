@@ -1,0 +1,22 @@
+// Numbers as PDF writes them (ISO 32000-1, 7.3.3): no locale, no exponent, no needless digit.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace pdf {
+
+// Appends value rounded to thousandths, exact halves of the product with 1000 to the even one, in
+// its shortest form: "12", "0.5", "841.89", never "-0". value: any finite number.
+void prAppendNumber(std::string& text, double value);
+
+// Appends a whole number.
+void prAppendInteger(std::string& text, std::int64_t value);
+
+// The same rounding to so many decimals, 0 to 9.
+std::string prNumber(double value, int decimals);
+
+// value as 32 bits; what does not fit becomes the largest float of its sign.
+float prFloat(double value);
+
+} // namespace pdf

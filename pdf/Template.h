@@ -1,0 +1,48 @@
+// Templates with placeholders: how the objects of a PDF file that hold texts are filled.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace pdf {
+
+// A moment as a PDF date names it.
+struct Date
+{
+    int Year;   // 0 to 9999
+    int Month;  // 1 to 12
+    int Day;    // 1 to 31
+    int Hour;   // 0 to 23
+    int Minute; // 0 to 59
+    int Second; // 0 to 60
+};
+
+// "D:" and yyyymmddhhmmss (ISO 32000-1, 7.9.4) with the zone "Z+01'00'", which is always the same.
+std::string prDate(const Date& date);
+
+// Texts are Windows-1252 bytes.
+using Argument = std::variant<double, std::string, bool, Date>;
+
+// Fills the placeholders of pattern with the arguments, one after the other:
+//
+//   #i  a number rounded down           #p  a text as prPDFString escapes it
+//   #s  a number in thousandths         #d  a date
+//   #c  a number divided by 255, so     #b  "true" or "false"
+//   #t  a text as it is                 ##  "#"
+//
+// After each the search goes on at the character after the place of its "#", in the text as it
+// then stands: a "#" inside a value is a placeholder in its turn and takes the next argument, and
+// what is no placeholder uses up an argument, too. When no argument is left the text stands as it
+// is. Nothing when the placeholders end before the arguments do. Error 13 for an argument of
+// another kind than the placeholder asks for, error 6 for a number that is not finite.
+std::optional<std::string> prExpand(std::string_view pattern, std::span<const Argument> arguments);
+
+// Appends text with a backslash before each backslash and parenthesis, as the inside of a literal
+// string (ISO 32000-1, 7.3.4.2). All other bytes pass as they are.
+void prAppendPDFString(std::string& target, std::string_view text);
+std::string prPDFString(std::string_view text);
+
+} // namespace pdf

@@ -1,0 +1,319 @@
+// A PDF writer: pages are written to the file as they are drawn.
+//
+//     clsPDFCreator pdf;
+//     pdf.SetScale(3);                        // centimetres
+//     pdf.BeginDoc("saluto.pdf");
+//     pdf.BeginPage();
+//     pdf.SetFont("Times New Roman", 24);
+//     pdf.DrawText(10.5, 5, "Buongiorno", 4); // centred on 10.5 cm
+//     pdf.EndPage();
+//     pdf.EndDoc();
+//
+// Life of a document: settings, BeginDoc, then pages (BeginPage ... EndPage) and reusable objects
+// (BeginObject ... EndObject, outside pages), EndDoc. One object writes one document, used by one
+// thread at a time; for another document make another object. The calls must be paired as said
+// here: that is not checked, and a document in which they are not cannot be read.
+//
+// Coordinates: the origin is the top left corner of the page, x grows to the right, y downward.
+// Lengths are in user units (SetScale), font sizes, character and word spacing always in points.
+//
+// Texts are UTF-8 and become Windows-1252 bytes in the file; a character outside that set is
+// drawn as "?". File names are the system's own bytes, passed on unchanged. Colours are texts:
+//
+//     "#FF8000"        red, green and blue in hexadecimal digits
+//     "%25"            a grey: 25 percent of black
+//     "Red"            one of Black, Gray, Silver, White, Fuchsia, Magenta, Red, Yellow, Green,
+//                      Aqua, Cyan, Blue; upper or lower case. Green is the full "#00FF00".
+//     anything else    the name of a pattern
+//
+// Errors are of the one type ErroreRuntime: error 5 for an operation that needs an open document
+// when there is none (such operations are all that draw or write, and say so by nothing else) and
+// for text without a font; error 6 (Overflow) for a number that is not finite and for the
+// 32768th page, font, object or line of a box; the system's failures to open, write or close the
+// file with its name and the reason. After a failed write every further operation on that
+// document fails with the same error, and the file stays as far as it was written.
+#pragma once
+
+#include "ErroreRuntime.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+class clsPDFCreator
+{
+public:
+    // A moment as it is written into the document.
+    struct DateTime
+    {
+        int Year, Month, Day, Hour, Minute, Second;
+    };
+
+    // Where the date of a document and the name of an unnamed file come from.
+    struct Clock
+    {
+        std::function<DateTime()> Now;
+        std::function<int()> RandomDigit; // 0 to 9
+    };
+
+    // Takes the creation date from the system's clock (from SOURCE_DATE_EPOCH, seconds since 1970
+    // in UTC, while the environment holds it).
+    clsPDFCreator();
+
+    // Leaves the file as it is: a document without EndDoc stays incomplete.
+    ~clsPDFCreator();
+
+    clsPDFCreator(clsPDFCreator&&) noexcept;
+    clsPDFCreator& operator=(clsPDFCreator&&) noexcept;
+    clsPDFCreator(const clsPDFCreator&) = delete;
+    clsPDFCreator& operator=(const clsPDFCreator&) = delete;
+
+    // Replaces the clock and takes the creation date from it. Call it before BeginDoc.
+    void SetClock(Clock NewClock);
+
+    // With true a font already in use is used again, where otherwise SetFont adds one to the
+    // document at nearly every call: much smaller files. Off at first.
+    void ShareFonts(bool Share);
+
+    // ---- Document ------------------------------------------------------------------------------
+
+    // The reader that the file asks for: 0 (at first) writes version 1.3, 1 1.4 and so on.
+    void PDFReader(std::int32_t ReaderVersion);
+
+    // Distance of the crop box from the edges of the paper, in user units of this moment; 0 at
+    // first.
+    void Margin(float NewMargin);
+
+    // Pages begun so far, 0 to 32767.
+    std::int16_t Pages() const;
+
+    // The current point in user units: set by the drawing operations, (0, 0) on a new page.
+    float GetX() const;
+    float GetY() const;
+
+    // The user unit: 0 point (at first), 1 inch, 2 millimetre, 3 centimetre, 255 Custom points;
+    // any other mode changes nothing. Call it before any operation that takes lengths: what is
+    // stored already is not converted.
+    void SetScale(std::int32_t Mode, float Custom = 1);
+
+    // The paper of all pages, portrait and landscape: 0 (at first) and 1 A4, 2 and 3 A3, 4 and 5
+    // A2, 6 and 7 A1, 8 A0 portrait, 9 and 10 A5, 11 and 12 A6, 13 and 14 A7, 15 Letter, 16 8.5 by
+    // 12 inches, 255 Width by Height in user units; any other code changes nothing.
+    void SetPaperSize(std::int32_t Code, float Width = 0, float Height = 0);
+
+    // 1 shows every page turned by 90 degrees.
+    void Orientation(std::int32_t NewOrientation);
+
+    // Title, subject and keywords are replaced each time, by nothing when not given; author,
+    // creator and producer only by a text that is not empty. After BeginDoc only the title still
+    // has an effect: it is the first bookmark.
+    void SetDocProperty(std::string_view DocTitle = {}, std::string_view DocSubject = {},
+                        std::string_view DocAuthor = {}, std::string_view DocCreator = {},
+                        std::string_view DocProducer = {}, std::string_view DocKeywords = {});
+
+    // Opens the file, in place of one of that name, and returns the name. An empty name: "~", a
+    // hexadecimal number and ".pdf" in the current folder. Replaced are a regular file of this
+    // user and a symbolic link (itself, never what it leads to); anything else there is an error.
+    // A document still open is closed as it stands.
+    std::string BeginDoc(const std::string& FileName = {});
+
+    // Writes what belongs to the whole document and closes the file. End the last page first.
+    void EndDoc();
+
+    // ---- Pages ---------------------------------------------------------------------------------
+
+    // Begins a page and returns its number. Fill and line colour are black, the line width is 1
+    // point, character and word spacing are 0, horizontal scaling is 100.
+    //
+    // Orientation: 1 shows this page turned by 90 degrees. The other arguments start a range of
+    // page labels (ISO 32000-1, 12.4.2): PageLabel 0 decimal, 1 Roman, 2 small Roman, 3 letters,
+    // 4 small letters, anything else no number; LabelPrefix stands before it; FirstValue 0 to
+    // 65534 is the number of this page, -1 counts from 1. A range starts unless PageLabel has no
+    // meaning, the prefix is empty and FirstValue is -1; so with the defaults each page is
+    // labelled 1.
+    std::int16_t BeginPage(std::int32_t Orientation = 0, std::int32_t PageLabel = 0,
+                           std::string_view LabelPrefix = {}, std::int32_t FirstValue = -1);
+    void EndPage();
+
+    // ---- Text state ----------------------------------------------------------------------------
+
+    // Space added after each blank, after each character (points), and the width of characters in
+    // percent of their own. They hold until changed or until the next page.
+    void SetWordSpacing(float W);
+    void SetCharSpacing(float W);
+    void SetTextHorizontalScaling(float W);
+
+    // 0 fill, 1 stroke, 2 both, 3 invisible, 4 to 7 the same and clip (ISO 32000-1, 9.3.6).
+    void SetTextRenderingMode(std::int32_t W);
+
+    // Writes one line of text with its baseline at Y. Options: 1 (or none) starts at X, 2 ends
+    // there, 4 is centred on it. Angle: degrees, counterclockwise. Underlines, overlines and
+    // strikes out as SetFont asked. The current point moves to the start of the text, one font
+    // size below Y.
+    void DrawText(float X, float Y, std::string_view Text, std::int32_t Options = 1,
+                  float Angle = 0);
+
+    // ---- Lines and areas -----------------------------------------------------------------------
+    //
+    // Options of all of them: 1 stroke, 2 close the path, 4 fill, added up; with 0 the path goes
+    // on with the next operation.
+
+    // Width in user units, negative to keep it; Cap 0 butt, 1 round, 2 square, -1 keep; Join 0
+    // miter, 1 round, 2 bevel, -1 keep; Miter limit from 1, less to keep it; DashOn and DashOff in
+    // user units, both 0 for a solid line.
+    void SetLineStyle(float Width, std::int32_t Cap = -1, std::int32_t Join = -1, float Miter = 0,
+                      float DashOn = 0, float DashOff = 0);
+
+    // Starts a path; goes on with a straight line. The current point moves to (X, Y).
+    void MoveTo(float X, float Y);
+    void DrawLineTo(float X, float Y, std::int32_t Options = 1);
+
+    // A line of its own. The current point is its start.
+    void DrawLine(float X1, float Y1, float X2, float Y2, std::int32_t Options = 1);
+
+    // A rectangle; with a Radius above 0 its corners are round, as far as half its sides allow. A
+    // path not yet painted is dropped.
+    void DrawRect(float X, float Y, float Width, float Height, std::int32_t Options = 1,
+                  float Radius = 0);
+
+    // Bezier curves from the current point to (X3, Y3): with both control points, with the first
+    // one on the start, with the second one on the end. The current point moves to the end.
+    void DrawCurveA(float X1, float Y1, float X2, float Y2, float X3, float Y3,
+                    std::int32_t Options = 1);
+    void DrawCurveB(float X2, float Y2, float X3, float Y3, std::int32_t Options = 1);
+    void DrawCurveC(float X1, float Y1, float X3, float Y3, std::int32_t Options = 1);
+
+    // Around the centre (X, Y), clockwise as seen from the right end; the current point ends there.
+    void DrawCircle(float X, float Y, float Ray, std::int32_t Options = 1);
+    void DrawEllipse(float X, float Y, float RayX, float RayY, std::int32_t Options = 1);
+
+    // An arc around (X, Y) from StartAngle to EndAngle: degrees, 0 to the right, counterclockwise
+    // as seen; an end below the start stands for full turns more. The current point ends there.
+    void DrawArc(float X, float Y, float Ray, float StartAngle, float EndAngle,
+                 std::int32_t Options = 1);
+
+    // ---- Reusable objects ----------------------------------------------------------------------
+
+    // Begins a drawing that pages can play by name, before or after it is made. Between pages
+    // only; same coordinates as a page. Name: letters, digits and underscores. Flags play it on
+    // pages begun later: 7 every page, 2 even, 4 odd, 12 odd but the first; 16 more plays it at
+    // the end of the page, over what is there; 0 and 1 never.
+    void BeginObject(std::string_view Name, std::int32_t Flags = 0);
+    void EndObject();
+
+    // Draws the object of that name.
+    void PlayObject(std::string_view Name);
+
+    // ---- Measuring and boxes of text -----------------------------------------------------------
+
+    // The width of a text in user units with the present font, spacing and scaling; 0 without a
+    // font. The font size in user units.
+    float TextLength(std::string_view Text) const;
+    float TextHeight() const;
+
+    // Lays Text out in a box, wrapping at blanks; returns the number of lines. Draws no frame and
+    // clips nothing: Height only serves the vertical alignment.
+    //
+    // Text: CR LF ends a paragraph; several blanks count as one. LineSpacing: multiple of the font
+    // size. Indent: of each paragraph's first line. Options: one of 1 left, 2 right, 4 centre, 64
+    // justified, plus 16 bottom or 32 middle; none or several of the first four: lines start at X
+    // without an indent. Angle: degrees, counterclockwise. The current point is (X, Y).
+    std::int16_t DrawParagraph(float X, float Y, float Width, float Height, std::string_view Text,
+                               float LineSpacing = 1, float Indent = 0, std::int32_t Options = 1,
+                               float Angle = 0);
+
+    // ---- Axes ----------------------------------------------------------------------------------
+    //
+    // They change the coordinates of what follows, until EndGraphicSpace or the end of the page.
+
+    // Moves the origin to (DX, DY).
+    void MakeAxisTranslation(float DX, float DY);
+
+    // Factors, whatever the user unit.
+    void MakeAxisScaling(float ScalingX, float ScalingY);
+
+    // Degrees, clockwise as seen; less than half a degree changes nothing.
+    void MakeAxisRotation(float Angle);
+
+    // Degrees by which the x axis and the y axis lean.
+    void MakeAxisSkewing(float AngleX, float AngleY);
+
+    // Saves the graphics state and moves the origin to (X, Y), scaled by the factors; they nest.
+    // The current point moves to (X, Y).
+    void BeginGraphicSpace(float X, float Y, float ScalingX = 1, float ScalingY = 1);
+    void EndGraphicSpace();
+
+    // ---- Tables --------------------------------------------------------------------------------
+    //
+    // BeginTable, then rows from top to bottom, in each its cells from left to right; in a cell
+    // the origin is its top left corner. A table stays on one page and measures nothing: widths
+    // and heights are the caller's. FillColor "" takes what the row (the table) has, LineWidth -1
+    // and LineColor "" likewise; a width of 0 draws no frame. A table takes a fill that the
+    // caller has set on this page, or else none, and the present line.
+    //
+    // A row's own background and frame are as wide as the cell begun last, on purpose (nothing
+    // before the first cell of the table): the cells paint themselves over them.
+
+    // The current point is (X, Y), and again after EndTable.
+    void BeginTable(float X, float Y, std::string_view FillColor = {}, float LineWidth = -1,
+                    std::string_view LineColor = {});
+    void BeginRow(float Height, std::string_view FillColor = {}, float LineWidth = -1,
+                  std::string_view LineColor = {});
+    void EndRow();
+    void BeginColumn(float Width, std::string_view FillColor = {}, float LineWidth = -1,
+                     std::string_view LineColor = {});
+    void EndColumn();
+    void EndTable();
+
+    // ---- Version, boxes, opening ---------------------------------------------------------------
+
+    // The version of this writer, "1.9.1".
+    static std::string Version();
+
+    // As DrawParagraph.
+    std::int16_t DrawTextBox(float X, float Y, float Width, float Height, std::string_view Text,
+                             float LineSpacing = 1, float Indent = 0, std::int32_t Options = 1,
+                             float Angle = 0);
+
+    // Opens the file of the last BeginDoc with the desktop's program for it, without waiting.
+    // Error 5 before the first BeginDoc, error 53 where nothing can open files.
+    void OpenDoc();
+
+    // ---- Fonts ---------------------------------------------------------------------------------
+
+    // Chooses the font. FontFamily: Times New Roman, Courier New, Arial (Helvetica), Symbol,
+    // ZapfDingbats, blanks and case apart; any other name is drawn as Arial. Size in points, 0
+    // keeps the present one. Style: 1 bold, 2 italic, 4 underline, 8 overline, 16 strike out.
+    //
+    // Only plain Arial, Symbol and ZapfDingbats are found again; every other call adds a font to
+    // the document, the same one included, on purpose (see ShareFonts).
+    void SetFont(std::string_view FontFamily, float Size = 0, std::int32_t Style = 0);
+
+    // The size alone, in points.
+    void SetFontSize(float Size);
+
+    // ---- Colours -------------------------------------------------------------------------------
+
+    // The colour of areas and text, and of lines. PatternColor: the colour of an uncoloured
+    // pattern. An empty Color changes nothing.
+    void SetColorFill(std::string_view Color, std::string_view PatternColor = {});
+    void SetColorLine(std::string_view Color, std::string_view PatternColor = {});
+
+    // The colour text of red, green, blue (0 to 255) or cyan, magenta, yellow, black (percent);
+    // "#000000" for any other count of values.
+    template <typename... Values>
+    static std::string ToColor(Values... values)
+    {
+        const float list[] = {static_cast<float>(values)..., 0};
+        return ColorOf(list, sizeof...(values));
+    }
+
+private:
+    struct State;
+
+    static std::string ColorOf(const float* values, std::size_t count);
+
+    std::unique_ptr<State> m;
+};

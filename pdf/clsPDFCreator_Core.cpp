@@ -1,0 +1,301 @@
+// The document: settings, opening, closing, what belongs to all of it.
+
+#include "ApriConShell.h"
+#include "Calendario.h"
+#include "Percorsi.h"
+#include "Windows1252.h"
+#include "clsPDFCreator_State.h"
+
+#include <array>
+#include <charconv>
+
+namespace {
+
+constexpr std::string_view WriterVersion = "1.9.1";
+
+// Objects whose numbers are fixed; 2 to 6 are written by EndDoc.
+enum : std::int32_t
+{
+    InfoObject = 1,
+    CatalogObject = 2,
+    EncodingObject = 3,
+    PageTreeObject = 4,
+    ResourceObject = 5,
+    PageResourceObject = 6,
+};
+
+constexpr std::int32_t CustomPaper = 255;
+
+struct Paper
+{
+    float Width, Height; // whole points on purpose
+};
+
+constexpr std::array<Paper, 17> Papers = {{
+    {596, 842},   // A4
+    {842, 596},   //
+    {842, 1192},  // A3
+    {1192, 842},  //
+    {1192, 1685}, // A2
+    {1685, 1192}, //
+    {1685, 2384}, // A1
+    {2384, 1685}, //
+    {2384, 3371}, // A0, portrait only
+    {421, 596},   // A5
+    {596, 421},   //
+    {298, 421},   // A6
+    {421, 298},   //
+    {210, 298},   // A7
+    {298, 210},   //
+    {612, 792},   // Letter
+    {612, 864},   // 8.5 by 12 inches
+}};
+
+pdf::Date InDate(const clsPDFCreator::DateTime& time)
+{
+    return {time.Year, time.Month, time.Day, time.Hour, time.Minute, time.Second};
+}
+
+clsPDFCreator::DateTime Now()
+{
+    const DataOra adesso = CalendarioInUso.Adesso();
+    return {adesso.Anno, adesso.Mese, adesso.Giorno, adesso.Ora, adesso.Minuto, adesso.Secondo};
+}
+
+int RandomDigit()
+{
+    return CalendarioInUso.CifraCasuale();
+}
+
+} // namespace
+
+clsPDFCreator::clsPDFCreator()
+    : m(std::make_unique<State>())
+{
+    m->DocProperties = {"(senza titolo)",
+                        "",
+                        std::string(State::DefaultAuthor),
+                        std::string(State::DefaultCreator),
+                        std::string(State::ClassBanner),
+                        ""};
+    SetClock({Now, RandomDigit});
+}
+
+clsPDFCreator::~clsPDFCreator() = default;
+clsPDFCreator::clsPDFCreator(clsPDFCreator&&) noexcept = default;
+clsPDFCreator& clsPDFCreator::operator=(clsPDFCreator&&) noexcept = default;
+
+void clsPDFCreator::SetClock(Clock NewClock)
+{
+    m->DocClock = std::move(NewClock);
+    m->CreationDate = pdf::prDate(InDate(m->DocClock.Now()));
+}
+
+std::string clsPDFCreator::Version()
+{
+    return std::string(WriterVersion);
+}
+
+void clsPDFCreator::PDFReader(std::int32_t ReaderVersion)
+{
+    m->ReaderVersion = ReaderVersion;
+}
+
+void clsPDFCreator::Orientation(std::int32_t NewOrientation)
+{
+    m->DocOrientation = NewOrientation;
+}
+
+void clsPDFCreator::Margin(float NewMargin)
+{
+    State::RequireFinite(NewMargin);
+    m->PageMargin = pdf::prFloat(m->InPoints(NewMargin));
+}
+
+std::int16_t clsPDFCreator::Pages() const
+{
+    return m->PageCount;
+}
+
+void clsPDFCreator::SetScale(std::int32_t Mode, float Custom)
+{
+    constexpr double inch = 72;
+    constexpr double millimetresPerInch = 25.4;
+    constexpr std::int32_t customMode = 255;
+    State::RequireFinite(Custom);
+    if (Mode == 0) m->Scale = 1;
+    if (Mode == 1) m->Scale = inch;
+    if (Mode == 2) m->Scale = pdf::prFloat(inch / millimetresPerInch);
+    if (Mode == 3) m->Scale = pdf::prFloat(inch / (millimetresPerInch / 10));
+    if (Mode == customMode) m->Scale = Custom;
+}
+
+void clsPDFCreator::SetPaperSize(std::int32_t Code, float Width, float Height)
+{
+    State::RequireFinite(Width, Height);
+    if (Code == CustomPaper) {
+        m->PageWidth = pdf::prFloat(m->InPoints(Width));
+        m->PageHeight = pdf::prFloat(m->InPoints(Height));
+    } else if (Code >= 0 && static_cast<std::size_t>(Code) < Papers.size()) {
+        const Paper& paper = Papers[static_cast<std::size_t>(Code)];
+        m->PageWidth = paper.Width;
+        m->PageHeight = paper.Height;
+    }
+}
+
+void clsPDFCreator::SetDocProperty(std::string_view DocTitle, std::string_view DocSubject,
+                                   std::string_view DocAuthor, std::string_view DocCreator,
+                                   std::string_view DocProducer, std::string_view DocKeywords)
+{
+    auto& properties = m->DocProperties;
+    properties.Title = InWindows1252(DocTitle);
+    properties.Subject = InWindows1252(DocSubject);
+    properties.Keywords = InWindows1252(DocKeywords);
+    if (!DocAuthor.empty()) properties.Author = InWindows1252(DocAuthor);
+    if (!DocCreator.empty()) properties.Creator = InWindows1252(DocCreator);
+    if (!DocProducer.empty()) properties.Producer = InWindows1252(DocProducer);
+}
+
+std::string clsPDFCreator::BeginDoc(const std::string& FileName)
+{
+    m->Out.Close();
+    const std::string name = FileName.empty() ? m->UnnamedFile() : FileName;
+    m->Out.Open(name);
+    m->FileName = name;
+    m->Out.prWriteRaw("%PDF-1." + std::to_string(3 + static_cast<std::int64_t>(m->ReaderVersion)));
+    m->Out.prLine("% ", State::ClassBanner, " rel. ", WriterVersion);
+    m->OpenedWith = m->DocProperties;
+    m->WriteInfo();
+    m->Out.SetCounter(PageResourceObject);
+    return m->FileName;
+}
+
+void clsPDFCreator::EndDoc()
+{
+    auto& out = m->Out;
+    out.RequireOpen();
+    if (!m->Fonts.empty()) m->prWriteFonts();
+    const std::int32_t metadata = m->WriteMetadata();
+    m->WriteCatalog(metadata);
+    m->WriteDictionary(EncodingObject, "<< /Type /Encoding /BaseEncoding /WinAnsiEncoding >>");
+    m->WriteDictionary(ResourceObject, m->Resources(false));
+    m->WriteDictionary(PageResourceObject, m->Resources(true));
+    m->WritePageTree();
+
+    const std::uint64_t crossReferences = out.Position();
+    out.WriteCrossReferences();
+    out.prWriteRaw("trailer");
+    // One less than the entries of the table, on purpose: readers take it as it is and may remark
+    // on it.
+    out.prLine("<< /Size ", out.Counter(), " /Info ", +InfoObject, " 0 R /Root ", +CatalogObject,
+               " 0 R >>");
+    out.prWriteRaw("startxref\r" + std::to_string(crossReferences));
+    out.prWriteRaw("%%EOF\r");
+    out.Close();
+}
+
+void clsPDFCreator::OpenDoc()
+{
+    if (m->FileName.empty()) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "nessun documento da aprire",
+                            "clsPDFCreator");
+    }
+    if (!ApriConShell(PercorsoCompleto(m->FileName), StileFinestra::MassimizzataConFuoco)) {
+        throw ErroreRuntime(NumeroErrore::FileNonTrovato, "nessun programma può aprire il file",
+                            m->FileName);
+    }
+}
+
+void clsPDFCreator::State::NotFinite()
+{
+    throw ErroreRuntime(NumeroErrore::Overflow, "un numero non è finito", "clsPDFCreator");
+}
+
+// The day, the time and a digit read as one number: two such files of one second seldom meet.
+std::string clsPDFCreator::State::UnnamedFile() const
+{
+    const DateTime now = DocClock.Now();
+    std::uint64_t number = static_cast<std::uint64_t>(now.Day);
+    for (const int part : {now.Hour, now.Minute, now.Second}) {
+        number = number * 100 + static_cast<std::uint64_t>(part);
+    }
+    number = number * 10 + static_cast<std::uint64_t>(DocClock.RandomDigit());
+
+    std::array<char, 16> digits = {};
+    const auto end = std::to_chars(digits.begin(), digits.end(), number, 16).ptr;
+    std::string name = "~";
+    for (const char* digit = digits.data(); digit != end; ++digit) {
+        name.push_back(*digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit);
+    }
+    return name + ".pdf";
+}
+
+void clsPDFCreator::State::WriteInfo()
+{
+    Out.prInitObj(InfoObject);
+    Out.prPrint("<<\r/Title (#p)\r/Author (#p)\r/Creator (#p)\r/Producer (#p)\r"
+                "/CreationDate (#p)\r/Subject (#p)\r/Keywords (#p)\r>>",
+                {DocProperties.Title, DocProperties.Author, DocProperties.Creator,
+                 DocProperties.Producer, CreationDate, DocProperties.Subject,
+                 DocProperties.Keywords});
+    Out.prEndObj();
+}
+
+void clsPDFCreator::State::WriteDictionary(std::int32_t number, std::string_view text)
+{
+    Out.prInitObj(number);
+    Out.prWriteRaw(text);
+    Out.prEndObj();
+}
+
+void clsPDFCreator::State::WriteCatalog(std::int32_t metadata)
+{
+    std::string text = "<< /Type /Catalog\r/Pages 4 0 R\r/PageLayout /OneColumn\r"
+                       "/PageMode /UseNone\r/Lang (it) \r";
+    if (!PageLabels.empty())
+        text.append("/PageLabels << /Nums [ ").append(PageLabels).append(" ] >>\r");
+    text.append("/ViewerPreferences << /HideToolbar false /DisplayDocTitle true "
+                "/HideWindowUI false >>\r/Metadata ");
+    text.append(std::to_string(metadata)).append(" 0 R\r>>");
+    WriteDictionary(CatalogObject, text);
+}
+
+std::string clsPDFCreator::State::Resources(bool withPatterns) const
+{
+    std::string text = "<<\r";
+    if (!FontResources.empty()) text.append("/Font <<\r").append(FontResources).append(">>\r");
+    text.append("/ProcSet [/PDF /Text");
+    if (!ImageResources.empty()) text.append(" /ImageB /ImageC /ImageI");
+    text.append(" ]\r");
+    if (!ImageResources.empty() || !FormResources.empty()) {
+        text.append("/XObject <<\r").append(ImageResources);
+        if (!ImageResources.empty()) text.append("\r");
+        text.append(FormResources).append(">>\r");
+    }
+    if (withPatterns && !PatternResources.empty()) {
+        text.append("/ColorSpace << /xxCSxx [ /Pattern /DeviceRGB ] >> \r/Pattern <<\r");
+        text.append(PatternResources).append(">>\r");
+    }
+    return text.append(">>");
+}
+
+void clsPDFCreator::State::WritePageTree()
+{
+    std::string text = "<<\r/Type /Pages\r/Count " + std::to_string(PageCount);
+    const auto box = [&text](std::string_view name, double left, double right, double top) {
+        text.append("\r/").append(name).append(" [");
+        for (const double number : {left, left, right}) {
+            pdf::prAppendNumber(text, number);
+            text.push_back(' ');
+        }
+        pdf::prAppendNumber(text, top);
+        text.push_back(']');
+    };
+    const double margin = PageMargin;
+    box("MediaBox", 0, PageWidth, PageHeight);
+    box("CropBox", margin, PageWidth - margin, PageHeight - margin);
+    text.push_back('\r');
+    if (DocOrientation == 1) text.append("/Rotate 90\r");
+    text.append("/Kids [").append(Kids).append(" ]\r/Resources 6 0 R\r>>");
+    WriteDictionary(PageTreeObject, text);
+}

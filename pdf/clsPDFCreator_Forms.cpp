@@ -1,0 +1,65 @@
+// Reusable objects: form XObjects (ISO 32000-1, 8.10) that pages play by name.
+
+#include "Windows1252.h"
+#include "clsPDFCreator_State.h"
+
+void clsPDFCreator::BeginObject(std::string_view Name, std::int32_t Flags)
+{
+    auto& out = m->Out;
+    m->Require();
+    pdf::prRequireRoom(out.Counter() + 1, "oggetti");
+    const std::string name = InWindows1252(Name);
+    m->AutoObjects.push_back({name, Flags});
+
+    const std::int32_t number = out.prInitObj(0);
+    const double margin = m->PageMargin;
+    out.prLine("<< /Type /XObject /Subtype /Form /FormType 1 /Name /", name);
+    out.prLine("/BBox [", margin, " ", margin, " ", m->PageWidth - margin, " ",
+               m->PageHeight - margin, "]");
+    out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
+    out.prLine("/Length ", number + 1, " 0 R >>");
+    out.BeginStream();
+    m->FormResources.append("/").append(name).append(" ");
+    m->FormResources.append(std::to_string(number)).append(" 0 R \r");
+    m->BeginDrawing();
+    out.prWriteRaw("q");
+}
+
+void clsPDFCreator::EndObject()
+{
+    m->Require();
+    m->Out.prWriteRaw("Q");
+    m->Out.EndStream();
+    m->Out.WriteStreamLength();
+}
+
+void clsPDFCreator::PlayObject(std::string_view Name)
+{
+    m->Require();
+    m->prPlayObject(InWindows1252(Name));
+}
+
+void clsPDFCreator::State::prPlayObject(std::string_view name)
+{
+    Out.prLine("/", name, " Do");
+}
+
+// Bit 1 alone selects nothing, and with all of 1, 2 and 4 bit 8 has no effect, on purpose.
+void clsPDFCreator::State::prPlayAutoObjects(bool atEnd)
+{
+    enum : std::int32_t
+    {
+        Even = 2,
+        Odd = 4,
+        Every = 7,
+        NotFirst = 8,
+        AtEnd = 16,
+    };
+    const bool even = PageCount % 2 == 0;
+    for (const auto& [name, flags] : AutoObjects) {
+        const auto has = [flags = flags](std::int32_t bits) { return (flags & bits) == bits; };
+        const bool odd = !even && has(Odd) && !(has(NotFirst) && PageCount == 1);
+        const bool thisPage = has(Every) || (even && has(Even)) || odd;
+        if (thisPage && has(AtEnd) == atEnd) prPlayObject(name);
+    }
+}

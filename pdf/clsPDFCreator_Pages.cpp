@@ -1,0 +1,102 @@
+// Pages: their objects, labels and annotations, and the point where drawing stands.
+//
+// A page takes four numbers in a row: itself, its content, the content's length, the array of its
+// annotations, which follow it. While it is open nothing else may take a number.
+
+#include "Windows1252.h"
+#include "clsPDFCreator_State.h"
+
+std::int16_t clsPDFCreator::BeginPage(std::int32_t Orientation, std::int32_t PageLabel,
+                                      std::string_view LabelPrefix, std::int32_t FirstValue)
+{
+    constexpr std::int32_t followers = 3;
+    auto& out = m->Out;
+    m->Require();
+    pdf::prRequireRoom(m->PageCount, "pagine");
+    pdf::prRequireRoom(out.Counter() + followers, "oggetti");
+    ++m->PageCount;
+    m->Annotations.clear();
+
+    const std::int32_t page = out.prInitObj(0);
+    m->PageObject = page;
+    out.prLine("<< /Type /Page /Parent 4 0 R /Contents ", page + 1, " 0 R\r",
+               Orientation == 1 ? "/Rotate 90\r" : "", "/Annots ", page + 3, " 0 R >>");
+    out.prEndObj();
+    m->Kids.append(std::to_string(page)).append(" 0 R ");
+    m->AppendPageLabel(PageLabel, InWindows1252(LabelPrefix), FirstValue);
+
+    out.prInitObj(page + 1);
+    out.prLine("<< /Length ", page + 2, " 0 R >>");
+    out.BeginStream();
+    out.prLine("1 0 0 -1 0 ", m->PageHeight, " cm "); // from here y grows downward
+    m->SetFill("Black");
+    m->SetLine("Black");
+    m->BeginDrawing();
+    m->prPlayAutoObjects(false);
+    m->CharSpacing = 0;
+    m->WordSpacing = 0;
+    m->HorizontalScaling = 100;
+    m->Current = {};
+    return m->PageCount;
+}
+
+void clsPDFCreator::EndPage()
+{
+    m->Require();
+    m->prPlayAutoObjects(true);
+    m->Out.EndStream();
+    m->Out.WriteStreamLength();
+    m->WriteAnnotations(m->Out.Counter());
+}
+
+float clsPDFCreator::GetX() const
+{
+    return m->InUnits(m->Current.X);
+}
+
+float clsPDFCreator::GetY() const
+{
+    return m->InUnits(m->Current.Y);
+}
+
+void clsPDFCreator::State::BeginDrawing()
+{
+    LineWidth = 1;
+    FillChosen = false;
+}
+
+// With the defaults each page starts a range of its own and so is labelled 1, on purpose.
+void clsPDFCreator::State::AppendPageLabel(std::int32_t style, std::string_view prefix,
+                                           std::int32_t firstValue)
+{
+    constexpr std::string_view styles[] = {" /S /D", " /S /R", " /S /r", " /S /A", " /S /a"};
+    constexpr std::uint16_t fromOne = 65535;
+    std::string label;
+    if (style >= 0 && style < static_cast<std::int32_t>(std::size(styles))) label = styles[style];
+    if (!prefix.empty()) {
+        label.append(" /P (");
+        pdf::prAppendPDFString(label, prefix);
+        label.append(")");
+    }
+    const auto first = static_cast<std::uint16_t>(firstValue);
+    if (first < fromOne) label.append(" /St ").append(std::to_string(first));
+    if (label.empty()) return;
+    PageLabels.append(std::to_string(PageCount - 1)).append(" <<").append(label).append(" >> ");
+}
+
+// lengthObject: the number of the content's length; the array of the annotations comes after it,
+// and after that they themselves, which are written first.
+void clsPDFCreator::State::WriteAnnotations(std::int32_t lengthObject)
+{
+    std::string references;
+    std::int32_t number = lengthObject + 1;
+    for (const auto& annotation : Annotations) {
+        references.append(std::to_string(++number)).append(" 0 R ");
+        Out.prInitObj(number);
+        Out.prWriteRaw(annotation);
+        Out.prEndObj();
+    }
+    Out.prInitObj(lengthObject + 1);
+    Out.prLine("[ ", references, " ]");
+    Out.prEndObj();
+}

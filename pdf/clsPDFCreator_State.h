@@ -1,0 +1,203 @@
+// What a clsPDFCreator keeps between two calls, and the procedures that its sources share.
+// Numbers that the writer keeps are 32 bits wide; products and sums are formed in double.
+#pragma once
+
+#include "FontWidths.h"
+#include "TextLayout.h"
+#include "clsPDFCreator.h"
+#include "clsPDFCreator_Objects.h"
+
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+struct clsPDFCreator::State
+{
+    // A font of the document; the standard ones share their static tables.
+    struct Font
+    {
+        std::string_view BaseFont; // static
+        pdf::FaceMetrics Metrics;
+    };
+
+    // A reusable object that pages may play by themselves.
+    struct AutoObject
+    {
+        std::string Name;
+        std::int32_t Flags;
+    };
+
+    struct Properties
+    {
+        std::string Title, Subject, Author, Creator, Producer, Keywords;
+    };
+
+    // How a table, a row or a cell is painted: colours resolved, width in user units.
+    struct Style
+    {
+        std::string Fill;
+        float LineWidth = 0;
+        std::string LineColor;
+    };
+
+    struct Point
+    {
+        float X = 0;
+        float Y = 0;
+    };
+
+    static constexpr std::string_view ClassBanner = "clsPDFCreator 2004-2026 Orvenna";
+    static constexpr std::string_view DefaultCreator = "Scalvino 1.0";
+    static constexpr std::string_view DefaultAuthor = "Orvenna";
+
+    pdf::Objects Out;
+
+    // ---- Document
+    Clock DocClock;
+    std::string CreationDate;
+    Properties DocProperties;
+    Properties OpenedWith; // those of BeginDoc: the metadata do not follow later changes
+    std::string FileName;
+    std::int32_t ReaderVersion = 0;
+    std::int32_t DocOrientation = 0;
+    float PageWidth = 596;
+    float PageHeight = 842;
+    float PageMargin = 0;
+    float Scale = 1; // points per user unit
+    std::string FontResources;
+    std::string ImageResources;
+    std::string FormResources;
+    std::string PatternResources;
+
+    // ---- Pages
+    std::int16_t PageCount = 0;
+    std::int32_t PageObject = 0; // of the page being drawn
+    std::string Kids;
+    std::string PageLabels;
+    std::vector<std::string> Annotations; // of the page being drawn
+    std::vector<AutoObject> AutoObjects;
+    Point Current; // points
+
+    // ---- Text
+    float WordSpacing = 0;
+    float CharSpacing = 0;
+    float HorizontalScaling = 100;
+    float FontSize = 0;
+    std::int32_t FontStyle = 0;
+    std::size_t CurrentFont = 0; // number from 1; 0: none chosen yet
+    std::string FontName;        // its resource name
+    bool ShareFonts = false;
+    std::vector<Font> Fonts;
+    std::unordered_map<std::string, std::size_t> FontKeys;       // first font with that key
+    std::unordered_map<std::string_view, std::size_t> BaseFonts; // first font of that name
+    std::string FontKey;                                         // of the call in progress
+    std::vector<pdf::TextLine> Lines;                            // of the box in progress
+    std::string BoxText;                                         // what it writes
+
+    // ---- Graphics
+    std::string FillColor = "#000000";
+    std::string LineColor = "#000000";
+    bool FillChosen = false; // by the caller, on this page or reusable object
+    float LineWidth = 1;     // points
+
+    // ---- Table
+    Point TableOrigin; // user units, like all of the table
+    Style TableStyle;
+    Style RowStyle;
+    Point RowPosition;
+    float RowHeight = 0;
+    float CellX = 0; // relative to the row
+    float CellWidth = 0;
+    bool RowOpen = false;
+    bool CellOpen = false;
+
+    // Raises what every drawing operation raises first: no open document, a number not finite.
+    template <typename... Numbers>
+    void Require(Numbers... numbers) const
+    {
+        Out.RequireOpen();
+        RequireFinite(numbers...);
+    }
+    template <typename... Numbers>
+    static void RequireFinite(Numbers... numbers)
+    {
+        if (!(true && ... && std::isfinite(numbers))) NotFinite();
+    }
+    [[noreturn]] static void NotFinite();
+
+    // Points to user units; 0 while the unit has no length.
+    float InUnits(float points) const
+    {
+        return Scale == 0 ? 0 : pdf::prFloat(points / static_cast<double>(Scale));
+    }
+    double InPoints(double units) const { return units * Scale; }
+    void SetCurrent(double x, double y) { Current = {pdf::prFloat(x), pdf::prFloat(y)}; }
+
+    // ---- _Core, _Metadata
+    std::string UnnamedFile() const;
+    void WriteInfo();
+    void WriteCatalog(std::int32_t metadata);
+    std::string Resources(bool withPatterns) const;
+    void WritePageTree();
+    void WriteDictionary(std::int32_t number, std::string_view text);
+    std::int32_t WriteMetadata();
+    std::string PacketOfLength(std::size_t length) const;
+    std::string prXMPPacket() const;
+
+    // ---- _Pages, _Forms
+    void BeginDrawing(); // the line width and fill that every page and form begins with
+    void AppendPageLabel(std::int32_t style, std::string_view prefix, std::int32_t firstValue);
+    void WriteAnnotations(std::int32_t lengthObject);
+    void prPlayObject(std::string_view name);
+    void prPlayAutoObjects(bool atEnd);
+
+    // ---- _Fonts
+    void FindOrAddFont(std::string_view family, std::int32_t style);
+    void UseFont(std::size_t number);
+    void prWriteFonts();
+    pdf::TextMetrics Metrics() const;
+    double TextWidth(std::string_view text) const;
+    void RequireFont() const;
+
+    // ---- _Text. Texts in Windows-1252
+    void AppendTextMatrix(std::string& text, double x, double y, double angle) const;
+    void DrawDecorations(double x, double y, std::string_view text, double angle);
+    void AppendLine(std::string& target, const pdf::TextLine& line, double width, double indent,
+                    std::int32_t alignment) const;
+    double FirstBaseline(double y, double height, double leading, std::size_t lines,
+                         std::int32_t options) const;
+
+    // ---- _Colors, _Paths, _Axes. Lengths in user units
+    void SetFill(std::string_view color, std::string_view patternColor = {});
+    void SetLine(std::string_view color, std::string_view patternColor = {});
+    struct ColorOperators
+    {
+        std::string_view Color, Space, Pattern;
+    };
+    void WriteColor(const ColorOperators& operators, std::string_view color,
+                    std::string_view patternColor);
+    void SetLineWidth(double width);
+    void SetDash(double on, double off);
+    void prPaintOp(std::int32_t options);
+    void Move(double x, double y);
+    void LineTo(double x, double y, std::int32_t options);
+    void Curve(double x1, double y1, double x2, double y2, double x3, double y3,
+               std::int32_t options);
+    void ShortCurve(double x1, double y1, double x3, double y3, std::string_view operation,
+                    std::int32_t options);
+    void Rectangle(double x, double y, double width, double height, std::int32_t options);
+    void RoundRectangle(double x, double y, double width, double height, double radius,
+                        std::int32_t options);
+    void Ellipse(double x, double y, double rayX, double rayY, std::int32_t options);
+    static constexpr double MostArcPieces = 4000;
+    void Arc(double x, double y, double ray, double start, double end, std::int32_t options);
+    void Rotate(double angle);
+    void OpenSpace(double x, double y, double scalingX = 1, double scalingY = 1);
+
+    // ---- _Tables
+    Style StyleOf(std::string_view fill, float lineWidth, std::string_view lineColor,
+                  const Style& inherited) const;
+    void PaintFrame(const Style& style, double width, double height);
+};

@@ -1,0 +1,351 @@
+// Layout of the PDF report: "taglie.pdf". Lengths in centimetres on an A4 page.
+//
+// A shoe's table always starts at 3.5 cm of the shoe's own page: from the 43rd coup on its rows are
+// drawn below the edge of the page and do not show, on purpose.
+
+#include "Ambiente.h"
+#include "Calendario.h"
+#include "FileInUso.h"
+#include "FileNuovo.h"
+#include "FormatiNumero.h"
+#include "Numeri.h"
+#include "Stampe.h"
+#include "clsPDFCreator.h"
+
+#include <cmath>
+
+namespace Stampe {
+
+namespace {
+
+// Alignment of texts, as the writer knows it. CentroAlto carries a bit that means nothing.
+enum : std::int32_t
+{
+    Sinistra = 1,
+    Destra = 2,
+    Centro = 4,
+    CentroAlto = 12,
+    SinistraMezzo = 33,
+    DestraMezzo = 34,
+    CentroMezzo = 36,
+};
+
+constexpr std::int32_t Normale = 0;
+constexpr std::int32_t Grassetto = 1;
+constexpr float Mezzeria = 10.5F;
+
+// A document that is removed again unless it was finished.
+class Documento
+{
+public:
+    Documento()
+        : m_percorso(PercorsoReport(NomePdf))
+    {
+        constexpr std::int32_t centimetri = 3;
+        Pdf.ShareFonts(AmbienteInUso.CaratteriUnici);
+        Pdf.SetDocProperty("Scalvino", "Scalvino", "Vellarmo", "Scalvino 1.0", "Vellarmo", "");
+        Pdf.SetScale(centimetri, 1);
+        Pdf.SetPaperSize(0, 0, 0);
+        Pdf.Margin(0);
+        Pdf.Orientation(0);
+        Pdf.PDFReader(0);
+        Pdf.BeginDoc(m_percorso);
+        m_impronta.emplace(m_percorso);
+    }
+
+    ~Documento()
+    {
+        if (m_impronta && !m_finito) m_impronta->Togli();
+    }
+
+    Documento(const Documento&) = delete;
+    Documento& operator=(const Documento&) = delete;
+    Documento(Documento&&) = delete;
+    Documento& operator=(Documento&&) = delete;
+
+    // Writes the footer that the pages already play, closes and opens the document.
+    void Finisci()
+    {
+        PiePagina();
+        Pdf.EndDoc();
+        m_impronta->Pretendi(); // nobody else's file is opened as the report
+        m_finito = true;
+        AmbienteInUso.Apri(m_percorso, StileFinestra::MassimizzataConFuoco);
+    }
+
+    clsPDFCreator Pdf;
+
+private:
+    // The number of pages is known only now.
+    void PiePagina()
+    {
+        constexpr std::int32_t ogniPagina = 7;
+        constexpr float altezza = 29;
+        Pdf.BeginObject("Footers", ogniPagina);
+        Pdf.SetFont("Times New Roman", 6, Normale);
+        const auto anno = static_cast<std::int64_t>(CalendarioInUso.Adesso().Anno);
+        Pdf.DrawText(2, altezza, "Scalvino © " + TestoNumero(anno), Sinistra, 0);
+        const auto pagine = static_cast<std::int64_t>(Pdf.Pages());
+        Pdf.DrawText(19, altezza, "di " + TestoNumero(pagine), Destra, 0);
+        Pdf.EndObject();
+    }
+
+    std::string m_percorso;
+    std::optional<Impronta> m_impronta;
+    bool m_finito = false;
+};
+
+void TestaPagina(clsPDFCreator& pdf, float altezzaTitolo)
+{
+    constexpr float altezzaPiede = 29;
+    pdf.BeginPage();
+    pdf.SetFont("Times New Roman", 6, Normale);
+    const auto pagina = static_cast<std::int64_t>(pdf.Pages());
+    pdf.DrawText(18.5F, altezzaPiede, "pag. " + TestoNumero(pagina), Destra, 0);
+    pdf.PlayObject("Footers"); // made after the last page
+    pdf.SetFont("Verdana", 14, Grassetto);
+    pdf.DrawText(Mezzeria, altezzaTitolo, "SCALVINO", Centro, 0);
+}
+
+void Cella(clsPDFCreator& pdf, float larghezza, float altezza, std::string_view testo,
+           std::int32_t opzioni)
+{
+    pdf.BeginColumn(larghezza, "", -1, "");
+    pdf.DrawTextBox(0, 0, larghezza, altezza, testo, 1, 0, opzioni, 0);
+    pdf.EndColumn();
+}
+
+// ---- A shoe ----------------------------------------------------------------------------------
+
+constexpr float AltezzaRiga = 0.6F;
+
+void Intestazione(clsPDFCreator& pdf)
+{
+    struct Colonna
+    {
+        std::string_view Testo;
+        float Larghezza;
+    };
+    constexpr Colonna colonne[] = {{"Colpo", 1},     {"Nero", 1},    {"Rosso", 1},
+                                   {"Colore", 1},    {"Inverso", 1}, {"Mano Nero", 6},
+                                   {"Mano Rosso", 6}};
+    pdf.BeginRow(AltezzaRiga, "", -1, "");
+    for (const auto& [testo, larghezza] : colonne) {
+        Cella(pdf, larghezza, AltezzaRiga, testo, CentroMezzo);
+    }
+    pdf.EndRow();
+}
+
+void CellaNumero(clsPDFCreator& pdf, std::string_view numero)
+{
+    pdf.SetFont("Verdana", 8, Normale);
+    Cella(pdf, 1, AltezzaRiga, numero, CentroMezzo);
+}
+
+// A bullet of the Symbol font when the field is this one, a dash for a tie.
+void CellaEsito(clsPDFCreator& pdf, std::string_view campo, std::string_view vincente)
+{
+    constexpr std::string_view punto = "·"; // code 183, which Symbol draws as a bullet
+    pdf.SetFont("Symbol", 10, Normale);
+    Cella(pdf, 1, AltezzaRiga, campo == vincente ? punto : campo == "E" ? "-" : "", CentroAlto);
+}
+
+void Carta(clsPDFCreator& pdf, int posto, std::string_view carta)
+{
+    constexpr double passo = 0.5;
+    constexpr double inizioValore = 0.2;
+    constexpr double inizioSeme = 0.4; // where the value ends
+    constexpr float altezzaSeme = 0.4F;
+    const auto valore = carta.substr(0, carta.empty() ? 0 : carta.size() - 1);
+    const bool rossa = !ClasseRossa(carta).empty();
+    const double sinistra = passo * posto;
+    pdf.SetFont("Verdana", 8, Normale);
+    pdf.DrawTextBox(static_cast<float>(sinistra + inizioValore), 0, 0.2F, AltezzaRiga, valore, 1, 0,
+                    DestraMezzo, 0);
+    if (rossa) pdf.SetColorFill("#FF0000", "");
+    pdf.SetFont("Symbol", 10, Normale);
+    pdf.DrawTextBox(static_cast<float>(sinistra + inizioSeme), 0, 5, altezzaSeme, SemeSymbol(carta),
+                    1, 0, SinistraMezzo, 0);
+    pdf.SetColorFill("#000000", ""); // the next value is black again
+}
+
+void CellaMano(clsPDFCreator& pdf, std::string_view carte)
+{
+    constexpr float larghezza = 5;
+    pdf.BeginColumn(larghezza, "", -1, "");
+    for (int posto = 0; !carte.empty(); ++posto) {
+        const auto fine = carte.find('#');
+        Carta(pdf, posto, carte.substr(0, fine));
+        carte.remove_prefix(fine == std::string_view::npos ? carte.size() : fine + 1);
+    }
+    pdf.EndColumn();
+}
+
+void RigaColpo(clsPDFCreator& pdf, std::int64_t colpo, std::string_view record)
+{
+    const auto campi = modCarte::DividiColpo(record);
+    const auto esito = campi[modCarte::CampoEsito];
+    const auto colore = campi[modCarte::CampoColore];
+    pdf.BeginRow(AltezzaRiga, "", -1, "");
+    CellaNumero(pdf, TestoNumero(colpo));
+    CellaEsito(pdf, esito, "N");
+    CellaEsito(pdf, esito, "R");
+    CellaEsito(pdf, colore, "C");
+    CellaEsito(pdf, colore, "I");
+    CellaNumero(pdf, campi[modCarte::CampoTotaleNero]);
+    CellaMano(pdf, campi[modCarte::CampoCarteNero]);
+    CellaNumero(pdf, campi[modCarte::CampoTotaleRosso]);
+    CellaMano(pdf, campi[modCarte::CampoCarteRosso]);
+    pdf.EndRow();
+}
+
+void CorpoTaglia(clsPDFCreator& pdf, std::int64_t taglia, double numeroTaglie,
+                 const CifreTaglia& cifre, const Separatori& separatori)
+{
+    const std::string titolo = numeroTaglie > 1 ? "Taglia " + TestoNumero(taglia) : "Taglia";
+    const auto riassunto = RigheRiassunto(cifre, separatori);
+    pdf.SetFontSize(12);
+    pdf.DrawText(Mezzeria, 2, titolo, Centro, 0);
+    pdf.SetFont("Verdana", 8, Normale);
+    pdf.DrawText(Mezzeria, 2.5F, riassunto[0], Centro, 0);
+    pdf.DrawText(Mezzeria, 2.9F, riassunto[1], Centro, 0);
+
+    pdf.SetFontSize(8);
+    pdf.BeginTable(2, 3.5F, "White", 0.01F, "Gray");
+    Intestazione(pdf);
+    const auto& colpi = modCarte::Colpi;
+    for (std::int64_t j = 1; j <= cifre.ColpiPagina; ++j) {
+        RigaColpo(pdf, j, colpi[static_cast<std::size_t>(j)]);
+    }
+    pdf.EndTable();
+    pdf.EndPage();
+}
+
+// ---- General statistics ----------------------------------------------------------------------
+
+constexpr float AltezzaRigaGenerale = 0.5F;
+constexpr float RientroEtichetta = 0.2F;
+constexpr float LarghezzaEtichetta = 5;
+
+void Etichetta(clsPDFCreator& pdf, float larghezza, std::string_view testo)
+{
+    pdf.BeginColumn(larghezza, "", -1, "");
+    pdf.DrawTextBox(RientroEtichetta, 0, LarghezzaEtichetta, AltezzaRigaGenerale, testo, 1, 0,
+                    SinistraMezzo, 0);
+    pdf.EndColumn();
+}
+
+void RigaGenerali(clsPDFCreator& pdf, std::string_view etichetta, std::string_view valore,
+                  std::string_view quota)
+{
+    pdf.BeginRow(AltezzaRigaGenerale, "", -1, "");
+    Etichetta(pdf, LarghezzaEtichetta, etichetta);
+    Cella(pdf, 2, AltezzaRigaGenerale, valore, CentroMezzo);
+    Cella(pdf, 5, AltezzaRigaGenerale, quota, CentroMezzo);
+    pdf.EndRow();
+}
+
+void RigaTitolo(clsPDFCreator& pdf, std::string_view titolo)
+{
+    constexpr float tuttaLarga = 12;
+    pdf.BeginRow(AltezzaRigaGenerale, "", -1, "");
+    Etichetta(pdf, tuttaLarga, titolo);
+    pdf.EndRow();
+}
+
+void Generali(clsPDFCreator& pdf, double numeroTaglie, const TotaliReport& totali,
+              const Separatori& separatori)
+{
+    pdf.SetFont("Verdana", 8, Normale);
+    pdf.BeginTable(4.5F, 4, "White", 0.01F, "Gray");
+    RigaGenerali(pdf, "Numero taglie:", Migliaia(std::llround(numeroTaglie), separatori), "");
+    RigaGenerali(pdf, "Colpi totali:", Migliaia(totali.Colpi, separatori),
+                 DueDecimali(Rapporto(totali.Colpi, numeroTaglie), separatori));
+    RigaGenerali(
+        pdf, "Carte utilizzate:", Migliaia(totali.CarteUsate, separatori),
+        Percento(Rapporto(totali.CarteUsate, numeroTaglie, modCarte::CarteTaglia), separatori));
+    for (std::size_t i = 0; i < RigheGenerali.size(); ++i) {
+        if (i == PrimaCombinata) RigaTitolo(pdf, "Altre combinazioni vincenti");
+        const auto& riga = RigheGenerali[i];
+        const std::int64_t totale = totali.*riga.Totale;
+        RigaGenerali(pdf, riga.Etichetta, Migliaia(totale, separatori),
+                     Percento(Rapporto(totale, totali.Colpi), separatori));
+    }
+    pdf.EndTable();
+    pdf.EndPage();
+}
+
+bool InUso()
+{
+    return FileInUso::AvvisoFileInUso(PercorsoReport(NomePdf)) != Falso;
+}
+
+} // namespace
+
+std::string_view SemeSymbol(std::string_view carta)
+{
+    if (carta.empty()) return "";
+    switch (carta.back()) {
+    case 'C':
+        return "©"; // codes 169, 168, 167 and 170, which Symbol draws as the suits
+    case 'Q':
+        return "¨";
+    case 'F':
+        return "§";
+    case 'P':
+        return "ª";
+    default:
+        return "";
+    }
+}
+
+std::optional<TotaliReport> StampaPdf(double numeroTaglie)
+{
+    constexpr float titoloTaglia = 1.3F;
+    constexpr float titoloGenerali = 2;
+    const std::int64_t taglie = TaglieDaFare(numeroTaglie);
+    if (InUso()) return std::nullopt;
+    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
+    Documento documento;
+    auto& pdf = documento.Pdf;
+
+    const auto totali = EseguiPiene(
+        taglie,
+        [&](std::int64_t taglia, const CifreTaglia& cifre) {
+            CorpoTaglia(pdf, taglia, numeroTaglie, cifre, separatori);
+        },
+        [&](std::int64_t) { TestaPagina(pdf, titoloTaglia); });
+    if (!totali) return std::nullopt;
+
+    if (numeroTaglie > 1) {
+        TestaPagina(pdf, titoloGenerali);
+        pdf.SetFontSize(12);
+        pdf.DrawText(Mezzeria, 3, "Statistiche generali", Centro, 0);
+        Generali(pdf, numeroTaglie, *totali, separatori);
+    }
+    documento.Finisci();
+    return totali;
+}
+
+std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
+                                           const EtichettaStato& etichettaStato)
+{
+    constexpr float titolo = 1.3F;
+    TaglieDaFare(numeroTaglie); // refuses a bad number before anything is asked or touched
+    if (InUso()) return std::nullopt;
+    const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);
+    if (!totali) return std::nullopt;
+
+    Documento documento;
+    auto& pdf = documento.Pdf;
+    TestaPagina(pdf, titolo);
+    pdf.SetFontSize(12);
+    pdf.DrawText(Mezzeria, 3, "Simulazione taglie", Centro, 0);
+    pdf.SetFontSize(10);
+    pdf.DrawText(Mezzeria, 3.5F, "Statistiche generali", Centro, 0);
+    Generali(pdf, numeroTaglie, *totali, SeparatoriPerFile(AmbienteInUso.Cifre));
+    documento.Finisci();
+    return totali;
+}
+
+} // namespace Stampe

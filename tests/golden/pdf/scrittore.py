@@ -1,0 +1,369 @@
+"""Reference PDF writer, an implementation of its own kept for the goldens.
+
+The operations have the names and the argument order of the product's writer.
+The code favours being read and verified over being quick, and shares nothing
+with the product.  It builds the file in memory.
+"""
+
+import json
+import os
+
+from disegno import Disegno
+from moduli import Moduli
+from numeri import Byte, ErroreScrittore, Espandi, Numero, Singolo, StringaPdf
+from testo import Testo
+from xmp import Pacchetto
+
+CREATORE = "Scalvino 1.0"
+INSEGNA = "clsPDFCreator 2004-2026 Orvenna"
+AUTORE = "Orvenna"
+VERSIONE = "1.9.1"
+
+CARTA = {
+    0: (596, 842), 1: (842, 596), 2: (842, 1192), 3: (1192, 842),
+    4: (1192, 1685), 5: (1685, 1192), 6: (1685, 2384), 7: (2384, 1685),
+    8: (2384, 3371), 9: (421, 596), 10: (596, 421), 11: (298, 421),
+    12: (421, 298), 13: (210, 298), 14: (298, 210), 15: (612, 792),
+    16: (612, 864),
+}
+UNITA = {0: 1.0, 1: 72.0, 2: 72 / 25.4, 3: 72 / 2.54}
+STILI_ETICHETTA = {0: " /S /D", 1: " /S /R", 2: " /S /r", 3: " /S /A", 4: " /S /a"}
+
+FAMIGLIE = {"TIMES": "TimesNewRoman", "COURIER": "CourierNew",
+            "SYMBOL": "Symbol", "ZAPFDINGBATS": "ZapfDingbats"}
+SINONIMI = {"TIMESNEWROMAN": "TIMES", "COURIERNEW": "COURIER", "HELVETICA": "ARIAL"}
+CON_SUFFISSO = ("TIMES", "COURIER", "ARIAL")
+SUFFISSI = ("", ",Bold", ",Italic", ",BoldItalic")
+DISCESE = {"Arial": -212, "TimesNewRoman": -216, "CourierNew": -300,
+           "Symbol": -220, "ZapfDingbats": -143}
+
+with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "larghezze.json"),
+          encoding="ascii") as _archivio:
+    LARGHEZZE = json.load(_archivio)
+
+
+class Scrittore(Testo, Disegno, Moduli):
+    """One object writes one document."""
+
+    # Readings that a correct writer may differ in without changing any
+    # golden file; controlla.py plays every scenario with each of them.
+    #   "argomenti": arguments of operations called from inside are rounded
+    #                to 32 bits as if the caller had passed them
+    #   "misure":    a measured text length is rounded to 32 bits
+    varianti = frozenset()
+
+    def __init__(self, orologio):
+        """orologio: time of creation as yyyymmddhhmmss."""
+        self.orologio = orologio
+        self.dati = bytearray()
+        self.aperto = False
+        self.titolo, self.soggetto, self.parole = "(senza titolo)", "", ""
+        self.autore, self.creatore, self.produttore = AUTORE, CREATORE, INSEGNA
+        self.data = "D:" + orologio + "Z+01'00'"
+        self.larghezza, self.altezza = 596.0, 842.0
+        self.scala, self.margine = 1.0, 0.0
+        self.orientamento, self.lettore = 0, 0
+        self.pagine, self.oggetti = 0, 0
+        self.riferimenti = {}
+        self.figli, self.etichette = "", ""
+        self.risorseCaratteri, self.risorseModuli = "", ""
+        self.condividi = False
+        self.caratteri = []
+        self.corpo, self.carattere = 0.0, None
+        self.linee = (False, False, False)
+        self.x, self.y = 0.0, 0.0
+        self.spazioCaratteri, self.spazioParole, self.scalaTesto = 0.0, 0.0, 100.0
+        self.IniziaDisegno()
+        self.IniziaModuli()
+
+    # -- bytes -------------------------------------------------------------
+
+    def prWriteRaw(self, testo):
+        if not self.aperto:
+            raise ErroreScrittore("no open document")
+        self.dati += testo.encode("latin-1") + b"\r\n"
+
+    def prPrint(self, modello, *argomenti):
+        riga = Espandi(modello, argomenti)
+        if riga is not None:
+            self.prWriteRaw(riga)
+
+    def prInitObj(self, numero=0):
+        if numero == 0:
+            numero = self.oggetti + 1
+        self.oggetti = max(self.oggetti, numero)
+        self.riferimenti[numero] = len(self.dati)
+        self.prPrint("#i 0 obj", numero)
+        return numero
+
+    def prEndObj(self):
+        self.prWriteRaw("endobj")
+
+    def interno(self, valore):
+        """An argument passed from one operation to another."""
+        return Singolo(valore) if "argomenti" in self.varianti else valore
+
+    # -- document ----------------------------------------------------------
+
+    def PDFReader(self, versione):
+        self.lettore = versione
+
+    def Margin(self, margine):
+        self.margine = Singolo(Singolo(margine) * self.scala)
+
+    def Orientation(self, nuovo):
+        self.orientamento = nuovo
+
+    def ShareFonts(self, valore):
+        self.condividi = bool(valore)
+
+    def SetScale(self, modo, punti=1.0):
+        if modo == 255:
+            self.scala = Singolo(punti)
+        elif modo in UNITA:
+            self.scala = Singolo(UNITA[modo])
+
+    def SetPaperSize(self, codice, larghezza=0, altezza=0):
+        if codice == 255:
+            self.larghezza = Singolo(Singolo(larghezza) * self.scala)
+            self.altezza = Singolo(Singolo(altezza) * self.scala)
+        elif codice in CARTA:
+            self.larghezza, self.altezza = map(float, CARTA[codice])
+
+    def SetDocProperty(self, titolo="", soggetto="", autore="", creatore="",
+                       produttore="", parole=""):
+        self.titolo, self.soggetto = Byte(titolo), Byte(soggetto)
+        self.parole = Byte(parole)
+        self.autore = Byte(autore) or self.autore
+        self.creatore = Byte(creatore) or self.creatore
+        self.produttore = Byte(produttore) or self.produttore
+
+    def Version(self):
+        return VERSIONE
+
+    def Pages(self):
+        return self.pagine
+
+    def GetX(self):
+        return self.x / self.scala
+
+    def GetY(self):
+        return self.y / self.scala
+
+    def Punto(self, x, y):
+        """Moves the current point; x and y in points."""
+        self.x, self.y = Singolo(x), Singolo(y)
+
+    def BeginDoc(self, nome):
+        self.aperto = True
+        self.dati = bytearray()
+        self.prWriteRaw(f"%PDF-1.{3 + self.lettore}")
+        self.prWriteRaw(f"% {INSEGNA} rel. {VERSIONE}")
+        self.prInitObj(1)
+        self.prPrint("<<\r/Title (#p)\r/Author (#p)\r/Creator (#p)\r/Producer (#p)\r"
+                     "/CreationDate (#p)\r/Subject (#p)\r/Keywords (#p)\r>>",
+                     self.titolo, self.autore, self.creatore, self.produttore,
+                     self.data, self.soggetto, self.parole)
+        self.prEndObj()
+        self.oggetti = 6
+        # The metadata repeat what the document is opened with.
+        self.pacchetto = Pacchetto({
+            "produttore": INSEGNA, "autore": AUTORE, "creatore": CREATORE,
+            "data": self.data, "titolo": self.titolo,
+            "soggetto": self.soggetto, "parole": self.parole,
+        })
+        return nome
+
+    def EndDoc(self):
+        if self.caratteri:
+            self.prWriteFonts()
+        metadati = self.Metadati()
+        self.Catalogo(metadati)
+        self.prInitObj(3)
+        self.prPrint("<< /Type /Encoding /BaseEncoding /#t >>", "WinAnsiEncoding")
+        self.prEndObj()
+        for numero in (5, 6):
+            self.prInitObj(numero)
+            self.prWriteRaw(self.Risorse())
+            self.prEndObj()
+        self.AlberoPagine()
+        self.Coda()
+        self.aperto = False
+
+    def Metadati(self):
+        metadati = self.prInitObj()
+        self.prPrint("<< /Type /Metadata /Subtype /XML /Length #i 0 R >>", metadati + 1)
+        self.prWriteRaw("stream")
+        inizio = len(self.dati)
+        self.prWriteRaw(self.pacchetto)
+        lunghezza = len(self.dati) - inizio
+        self.prWriteRaw("endstream")
+        self.prEndObj()
+        self.prInitObj()
+        self.prPrint("#i", lunghezza)
+        self.prEndObj()
+        return metadati
+
+    def Catalogo(self, metadati):
+        testo = ("<< /Type /Catalog\r/Pages 4 0 R\r/PageLayout /OneColumn\r"
+                 "/PageMode /UseNone\r/Lang (it) \r")
+        if self.etichette:
+            testo += f"/PageLabels << /Nums [ {self.etichette} ] >>\r"
+        testo += ("/ViewerPreferences << /HideToolbar false /DisplayDocTitle true "
+                  f"/HideWindowUI false >>\r/Metadata {metadati} 0 R\r>>")
+        self.prInitObj(2)
+        self.prWriteRaw(testo)
+        self.prEndObj()
+
+    def Risorse(self):
+        testo = "<<\r"
+        if self.risorseCaratteri:
+            testo += f"/Font <<\r{self.risorseCaratteri}>>\r"
+        testo += "/ProcSet [/PDF /Text ]\r"
+        if self.risorseModuli:
+            testo += f"/XObject <<\r{self.risorseModuli}>>\r"
+        return testo + ">>"
+
+    def AlberoPagine(self):
+        larghezza, altezza, margine = self.larghezza, self.altezza, self.margine
+        testo = f"<<\r/Type /Pages\r/Count {self.pagine}\r"
+        testo += f"/MediaBox [0 0 {Numero(larghezza)} {Numero(altezza)}]\r"
+        testo += (f"/CropBox [{Numero(margine)} {Numero(margine)} "
+                  f"{Numero(larghezza - margine)} {Numero(altezza - margine)}]\r")
+        if self.orientamento == 1:
+            testo += "/Rotate 90\r"
+        testo += f"/Kids [{self.figli} ]\r/Resources 6 0 R\r>>"
+        self.prInitObj(4)
+        self.prWriteRaw(testo)
+        self.prEndObj()
+
+    def Coda(self):
+        inizio = len(self.dati)
+        self.prWriteRaw("xref")
+        self.prWriteRaw(f"0 {self.oggetti + 1}")
+        self.prWriteRaw("0000000000 65535 f")
+        for numero in range(1, self.oggetti + 1):
+            self.prWriteRaw(f"{self.riferimenti[numero]:010d} 00000 n")
+        self.prWriteRaw("trailer")
+        # The size is one short on purpose.
+        self.prPrint("<< /Size #i /Info #i 0 R /Root #i 0 R >>", self.oggetti, 1, 2)
+        self.prWriteRaw(f"startxref\r{inizio}")
+        self.prWriteRaw("%%EOF\r")
+
+    # -- pages -------------------------------------------------------------
+
+    def BeginPage(self, orientamento=0, etichetta=0, prefisso="", primo=-1):
+        self.pagine += 1
+        pagina = self.prInitObj()
+        self.prPrint("<< /Type /Page /Parent #i 0 R /Contents #i 0 R\r"
+                     + ("/Rotate 90\r" if orientamento == 1 else "")
+                     + "/Annots #i 0 R >>", 4, pagina + 1, pagina + 3)
+        self.prEndObj()
+        self.figli += f"{pagina} 0 R "
+        self.AggiungiEtichetta(etichetta, Byte(prefisso), primo)
+        self.prInitObj(pagina + 1)
+        self.prPrint("<< /Length #i 0 R >>", pagina + 2)
+        self.prWriteRaw("stream")
+        self.inizioFlusso = len(self.dati)
+        self.prPrint("1 0 0 -1 0 #s cm ", self.altezza)
+        self.Nero()
+        self.prPlayAutoObjects(False)
+        self.spazioCaratteri, self.spazioParole, self.scalaTesto = 0.0, 0.0, 100.0
+        self.Punto(0, 0)
+        return self.pagine
+
+    def AggiungiEtichetta(self, stile, prefisso, primo):
+        testo = STILI_ETICHETTA.get(stile, "")
+        if prefisso:
+            testo += f" /P ({StringaPdf(prefisso)})"
+        if primo & 0xFFFF != 0xFFFF:
+            testo += f" /St {primo}"
+        if testo:
+            self.etichette += f"{self.pagine - 1} <<{testo} >> "
+
+    def EndPage(self):
+        self.prPlayAutoObjects(True)
+        lunghezza = len(self.dati) - self.inizioFlusso
+        self.prWriteRaw("endstream")
+        self.prEndObj()
+        oggetto = self.prInitObj()
+        self.prPrint("#i", lunghezza)
+        self.prEndObj()
+        self.prInitObj(oggetto + 1)
+        self.prPrint("[ #t ]", "")
+        self.prEndObj()
+
+    # -- fonts -------------------------------------------------------------
+
+    def SetFont(self, famiglia, corpo=0, stile=0):
+        corpo = Singolo(corpo)
+        if corpo != 0:
+            self.corpo = corpo
+        self.linee = (bool(stile & 4), bool(stile & 8), bool(stile & 16))
+        nome = Byte(famiglia).replace(" ", "").upper()
+        nome = SINONIMI.get(nome, nome)
+        variante = stile & 3
+        base = FAMIGLIE.get(nome, "Arial")
+        trovato = self.CercaCarattere(nome, variante, base)
+        if trovato is None:
+            self.caratteri.append({
+                "base": base + SUFFISSI[variante],
+                "chiave": (base + SUFFISSI[variante]).upper(),
+                "larghezze": LARGHEZZE[f"{base} {variante}"],
+                "discesa": DISCESE[base],
+            })
+            trovato = len(self.caratteri) - 1
+        self.carattere = trovato
+
+    def CercaCarattere(self, nome, variante, base):
+        """Index of the entry to use again, None when one must be added.
+
+        Stored keys are all upper case and hold the full base name, so that
+        only plain Arial, Symbol and ZapfDingbats are ever found.
+        """
+        chiave = nome
+        if nome in CON_SUFFISSO:
+            chiave += SUFFISSI[variante]
+        elif variante and nome in FAMIGLIE:
+            chiave = None
+        for indice, voce in enumerate(self.caratteri):
+            if voce["chiave"] == chiave:
+                return indice
+            if self.condividi and voce["base"] == base + SUFFISSI[variante]:
+                return indice
+        return None
+
+    def SetFontSize(self, corpo):
+        self.corpo = Singolo(corpo)
+
+    def NomeCarattere(self):
+        return "" if self.carattere is None else f"_FNT_{self.carattere + 1}"
+
+    def TextLength(self, testo):
+        return self.Misura(Byte(testo))
+
+    def Misura(self, testo):
+        """Width in user units of a text of the file."""
+        if self.carattere is None:
+            return 0.0
+        larghezze = self.caratteri[self.carattere]["larghezze"]
+        somma = sum(larghezze[ord(c)] for c in testo)
+        punti = (somma * self.corpo / 1000 + testo.count(" ") * self.spazioParole
+                 + len(testo) * self.spazioCaratteri)
+        misura = punti * self.scalaTesto / 100 / self.scala
+        return Singolo(misura) if "misure" in self.varianti else misura
+
+    def TextHeight(self):
+        return self.corpo / self.scala
+
+    def prWriteFonts(self):
+        for indice, voce in enumerate(self.caratteri):
+            nome = f"_FNT_{indice + 1}"
+            oggetto = self.prInitObj()
+            self.risorseCaratteri += f"/{nome} {oggetto} 0 R \r"
+            self.prPrint("<< /Type /Font /Subtype /#t /Name /#t /BaseFont /#t "
+                         "/FirstChar 0 /LastChar 255", "Type1", nome, voce["base"])
+            if voce["base"].upper() not in ("SYMBOL", "ZAPFDINGBATS"):
+                self.prPrint("/Encoding #i 0 R", 3)
+            self.prWriteRaw(" >>")
+            self.prEndObj()

@@ -1,0 +1,348 @@
+"""Readers that are not ours look at the PDF files that the tests make.
+
+    lettori.py [--almeno N] PERCORSO...      PDF files, or folders with all the *.pdf inside them
+
+Each file is checked and rewritten by qpdf, drawn page by page by mutool, pdftoppm and Ghostscript,
+and its text is taken out by mutool and pdftotext. Every reader must succeed, say nothing that is
+not allowed below, and count the same pages. A document without pages is refused: no reader opens
+it.
+
+Beside NAME.pdf may stand, in UTF-8, one a line:
+
+    NAME.pdf.attese     texts that both extracted texts hold, in any order; a run of blanks and line
+                        ends is one blank. Not for ZapfDingbats: mutool gives its codes.
+    NAME.pdf.mancanti   names of forms that the document plays on purpose without defining them; the
+                        readers must miss exactly these.
+
+Prints one line for each file. Exit code 0: all accepted; 1: some refused; 2: a reader is not
+installed, a path or a side file leads nowhere, or there are fewer than N files (at least one).
+"""
+
+import argparse
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+from typing import NamedTuple
+
+PROGRAMMI = ["qpdf", "mutool", "pdftoppm", "pdftotext", "gs"]
+
+# Patience with a loaded machine; nothing that goes well waits for it.
+ATTESA = 300
+
+# Enough to have every operator carried out; more would only cost time.
+PUNTI_PER_POLLICE = "20"
+
+
+class Rifiuto(Exception):
+    """Why a reader does not accept a document."""
+
+
+class Uso(Exception):
+    """Why nothing can be checked at all."""
+
+
+class Documento(NamedTuple):
+    percorso: Path
+    attese: list
+    mancanti: set
+    timbri: bool
+
+
+class Lettura(NamedTuple):
+    pagine: int | None = None
+    testo: str | None = None
+
+
+class Giudizio(NamedTuple):
+    documento: Documento
+    pagine: int | None
+    difetti: list
+
+
+# ---- Programs ------------------------------------------------------------------------------------
+
+def esegui(*comando, uscita=subprocess.PIPE, errori=subprocess.PIPE):
+    ambiente = {**os.environ, "LC_ALL": "C.UTF-8"}
+    try:
+        return subprocess.run([str(parte) for parte in comando], stdin=subprocess.DEVNULL,
+                              stdout=uscita, stderr=errori, env=ambiente, timeout=ATTESA,
+                              encoding="utf-8", errors="replace")
+    except subprocess.TimeoutExpired:
+        raise Rifiuto(f"non finisce in {ATTESA} secondi") from None
+
+
+def pretendi(condizione, detto):
+    """Refuses with the first lines of what a reader said."""
+    if not condizione:
+        righe = [riga.strip() for riga in detto.splitlines() if riga.strip()]
+        raise Rifiuto(" | ".join(righe[:4]) or "codice di uscita diverso da 0")
+
+
+def separa(testo, *attese):
+    """The lines that no pattern matches whole, and the matches of the others."""
+    altre, trovate = [], []
+    for riga in testo.splitlines():
+        prove = (re.fullmatch(attesa, riga.rstrip()) for attesa in attese)
+        trovata = next((prova for prova in prove if prova), None)
+        (altre if trovata is None else trovate).append(trovata or riga)
+    return [riga for riga in altre if riga.strip()], trovate
+
+
+def pagine_contate(trovate):
+    """The highest number among the matches that tell of a page."""
+    return max((int(t["pagina"]) for t in trovate if t.groupdict().get("pagina")), default=0)
+
+
+def nomi_mancati(trovate):
+    return {t["nome"] for t in trovate if t.groupdict().get("nome")}
+
+
+# ---- qpdf ----------------------------------------------------------------------------------------
+
+# The trailer's /Size is one short on purpose.
+QPDF_UNO_IN_MENO = (r"WARNING: .*: reported number of objects \((\d+)\) "
+                    r"is not one plus the highest object number \(\1\)")
+QPDF_RIUSCITO = r"qpdf: operation succeeded with warnings.*"
+
+
+def accetta_qpdf(esito):
+    altre, trovate = separa(esito.stderr, QPDF_UNO_IN_MENO, QPDF_RIUSCITO)
+    avvisi = sum("WARNING" in trovata[0] for trovata in trovate)
+    buono = (esito.returncode, avvisi) in {(0, 0), (3, 1)} and not altre
+    pretendi(buono, "\n".join(altre) or esito.stderr)
+
+
+def qpdf(documento):
+    accetta_qpdf(esegui("qpdf", "--check", documento.percorso))
+    with tempfile.TemporaryDirectory(prefix="lettori.") as cartella:
+        copia = Path(cartella) / "copia.pdf"
+        accetta_qpdf(esegui("qpdf", documento.percorso, copia))
+        esito = esegui("qpdf", "--check", copia)
+        pretendi(esito.returncode == 0 and not esito.stderr, "copia: " + esito.stderr)
+    return Lettura()
+
+
+# ---- mutool --------------------------------------------------------------------------------------
+
+MUTOOL = [
+    # Once more /Size: the table goes on beyond it.
+    r"warning: broken xref subsection, proceeding anyway\.",
+    r"page .* (?P<pagina>\d+)",
+    r"error: cannot find XObject resource '(?P<nome>.*)'",
+]
+
+
+def mutool(documento, *opzioni, uscita=subprocess.PIPE):
+    # -N: Debian's build has no colour management and says so of every file.
+    esito = esegui("mutool", "draw", "-N", *opzioni, documento.percorso, uscita=uscita)
+    altre, trovate = separa(esito.stderr, *MUTOOL)
+    pretendi(not altre, "\n".join(altre))
+    ignoti = nomi_mancati(trovate) - documento.mancanti
+    pretendi(not ignoti, "manca " + ", ".join(sorted(ignoti)))
+    pretendi(esito.returncode == (1 if nomi_mancati(trovate) else 0), esito.stderr)
+    return esito, pagine_contate(trovate)
+
+
+def mutool_disegna(documento):
+    _, pagine = mutool(documento, "-r", PUNTI_PER_POLLICE, "-F", "png", "-o", os.devnull,
+                       uscita=subprocess.DEVNULL)
+    return Lettura(pagine=pagine)
+
+
+def mutool_testo(documento):
+    # Its page lines are left out when the text goes to standard output.
+    esito, _ = mutool(documento, "-F", "txt", "-o", "-")
+    return Lettura(testo=esito.stdout)
+
+
+# ---- poppler -------------------------------------------------------------------------------------
+
+POPPLER = [
+    r"(?P<pagina>\d+) \d+",
+    r"Syntax Error: XObject '(?P<nome>.*)' is unknown",
+]
+
+
+def poppler(documento, *comando, uscita=subprocess.PIPE):
+    esito = esegui(*comando, uscita=uscita)
+    # Its errors do not show in the exit code.
+    altre, trovate = separa(esito.stderr, *POPPLER)
+    pretendi(esito.returncode == 0 and not altre, "\n".join(altre) or esito.stderr)
+    diversi = nomi_mancati(trovate) ^ documento.mancanti
+    pretendi(not diversi, "manca, o manca solo nell'elenco: " + ", ".join(sorted(diversi)))
+    return esito, pagine_contate(trovate)
+
+
+def pdftoppm(documento):
+    _, pagine = poppler(documento, "pdftoppm", "-progress", "-r", PUNTI_PER_POLLICE,
+                        documento.percorso, uscita=subprocess.DEVNULL)
+    return Lettura(pagine=pagine)
+
+
+def pdftotext(documento):
+    # -raw: in the order of drawing, so that the lines of one box stay together beside others.
+    esito, _ = poppler(documento, "pdftotext", "-raw", "-enc", "UTF-8", documento.percorso, "-")
+    return Lettura(testo=esito.stdout)
+
+
+# ---- Ghostscript ---------------------------------------------------------------------------------
+
+# It must speak (no -q), or it keeps the faults it found to itself.
+GHOSTSCRIPT = [
+    r"GPL Ghostscript \d.*",
+    r"Copyright .*",
+    r"This software is supplied .*",
+    r"see the file COPYING for details\.",
+    r"Processing pages \d+ through \d+\.",
+    r"Page (?P<pagina>\d+)",
+    # The standard faces are not embedded: it takes its own.
+    r"Loading font .* \(or substitute\) from .*",
+    # The frame around the faults, which stand in lines of their own.
+    r"The following (errors|warnings) were encountered at least once while processing this file:",
+    r" +\*\*\*\* (This file had errors|The file was produced by:|>>>> |Please notify the author|"
+    r"file that it does not conform|specification\.).*",
+]
+
+# Both are faults of the appearance that it makes itself for a stamp, which has none of its own.
+GHOSTSCRIPT_TIMBRI = [r"\tobject lacks a required Subtype", r"\tBT found inside a text block"]
+
+GHOSTSCRIPT_MANCANTI = [r"\terror executing PDF token"]
+
+
+def ghostscript(documento):
+    # Without annotations what is allowed for stamps is not allowed on the page itself.
+    if documento.timbri:
+        gs_passata(documento, [], "-dShowAnnots=false")
+    return gs_passata(documento, GHOSTSCRIPT_TIMBRI if documento.timbri else [])
+
+
+def gs_passata(documento, permesse, *opzioni):
+    # It would stop at the name that is missing on purpose.
+    severo = [] if documento.mancanti else ["-dPDFSTOPONERROR"]
+    if documento.mancanti:
+        permesse = permesse + GHOSTSCRIPT_MANCANTI
+    esito = esegui("gs", *severo, *opzioni, "-dBATCH", "-dNOPAUSE", "-sDEVICE=ppmraw",
+                   "-r" + PUNTI_PER_POLLICE, "-sOutputFile=" + os.devnull, documento.percorso,
+                   errori=subprocess.STDOUT)
+    altre, trovate = separa(esito.stdout, *GHOSTSCRIPT, *permesse)
+    pretendi(esito.returncode == 0 and not altre, "\n".join(altre) or esito.stdout)
+    return Lettura(pagine=pagine_contate(trovate))
+
+
+# ---- Documents -----------------------------------------------------------------------------------
+
+LETTORI = {
+    "qpdf": qpdf,
+    "mutool": mutool_disegna,
+    "mutool, testo": mutool_testo,
+    "pdftoppm": pdftoppm,
+    "pdftotext": pdftotext,
+    "Ghostscript": ghostscript,
+}
+
+
+def righe_accanto(percorso, fine):
+    accanto = percorso.with_name(percorso.name + fine)
+    if not accanto.exists():
+        return []
+    righe = [normale(riga) for riga in accanto.read_text(encoding="utf-8").splitlines()]
+    if not any(righe):
+        raise Uso(f"{accanto} è vuoto")
+    return [riga for riga in righe if riga]
+
+
+def apri(percorso):
+    return Documento(percorso, righe_accanto(percorso, ".attese"),
+                     set(righe_accanto(percorso, ".mancanti")),
+                     b"/Subtype /Stamp" in percorso.read_bytes())
+
+
+def trova(percorsi):
+    """The documents under the paths, sorted; a side file that has none is a mistake."""
+    trovati = set()
+    for percorso in map(Path, percorsi):
+        if not percorso.exists():
+            raise Uso(f"{percorso} non c'è")
+        trovati |= set(percorso.rglob("*.pdf")) if percorso.is_dir() else {percorso}
+        for accanto in percorso.rglob("*.pdf.*") if percorso.is_dir() else []:
+            noto = accanto.suffix in {".attese", ".mancanti"}
+            if not noto or not accanto.with_suffix("").exists():
+                raise Uso(f"{accanto} non sta accanto a un PDF")
+    return [apri(percorso) for percorso in sorted(trovati)]
+
+
+def normale(testo):
+    return " ".join(testo.split())
+
+
+def leggi(documento, lettore):
+    try:
+        return LETTORI[lettore](documento)
+    except Rifiuto as rifiuto:
+        return rifiuto
+
+
+def giudica(documento, letture):
+    """letture: of each reader what it read, or its refusal."""
+    difetti = [f"{chi}: {letta}" for chi, letta in letture.items() if isinstance(letta, Rifiuto)]
+    buone = {chi: letta for chi, letta in letture.items() if isinstance(letta, Lettura)}
+    for chi, letta in buone.items():
+        if letta.testo is not None:
+            testo = normale(letta.testo)
+            difetti += [f"{chi}: manca il testo \"{attesa}\"" for attesa in documento.attese
+                        if attesa not in testo]
+    conti = {chi: letta.pagine for chi, letta in buone.items() if letta.pagine is not None}
+    if len(set(conti.values())) > 1 or 0 in conti.values():
+        difetti.append("pagine: " + ", ".join(f"{chi} {n}" for chi, n in conti.items()))
+    return Giudizio(documento, max(conti.values(), default=None), difetti)
+
+
+def controlla(documenti):
+    """Judges all documents, all readers at once on all cores; the judgements in their order."""
+    # The largest first, or one of them would still run when all cores but one are idle.
+    in_ordine = sorted(documenti, key=lambda d: -d.percorso.stat().st_size)
+    with ThreadPoolExecutor(len(os.sched_getaffinity(0))) as operai:
+        lavori = {documento.percorso: {chi: operai.submit(leggi, documento, chi) for chi in LETTORI}
+                  for documento in in_ordine}
+        return [giudica(documento, {chi: lavoro.result() for chi, lavoro
+                                    in lavori[documento.percorso].items()})
+                for documento in documenti]
+
+
+def riga(giudizio):
+    nome = giudizio.documento.percorso.name
+    if giudizio.difetti:
+        return f"NO {nome}: " + "; ".join(giudizio.difetti)
+    return f"sì {nome}: pagine {giudizio.pagine}, testi attesi {len(giudizio.documento.attese)}"
+
+
+def principale(argomenti):
+    opzioni = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    opzioni.add_argument("--almeno", type=int, default=1, metavar="N")
+    opzioni.add_argument("percorsi", nargs="+", metavar="PERCORSO")
+    scelte = opzioni.parse_args(argomenti)
+    assenti = [programma for programma in PROGRAMMI if shutil.which(programma) is None]
+    try:
+        if assenti:
+            raise Uso("mancano i lettori: " + ", ".join(assenti))
+        documenti = trova(scelte.percorsi)
+        if len(documenti) < max(1, scelte.almeno):
+            raise Uso(f"PDF trovati: {len(documenti)}, almeno {max(1, scelte.almeno)}")
+    except Uso as uso:
+        print(f"lettori: {uso}", file=sys.stderr)
+        return 2
+    giudizi = controlla(documenti)
+    for giudizio in giudizi:
+        print(riga(giudizio))
+    rifiutati = sum(bool(giudizio.difetti) for giudizio in giudizi)
+    print(f"PDF accettati: {len(giudizi) - rifiutati}, rifiutati: {rifiutati}")
+    return 1 if rifiutati else 0
+
+
+if __name__ == "__main__":
+    sys.exit(principale(sys.argv[1:]))
