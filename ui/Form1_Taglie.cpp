@@ -84,7 +84,7 @@ Flag Form1::ControllaLimiti()
                                      "Oltre le 10.000 taglie si rischiano lunghi tempi di attesa "
                                      "e si stressa la memoria.\rVuoi comunque continuare?",
                                      QMessageBox::Question, QMessageBox::Yes | QMessageBox::No);
-        return ComeFlag(risposta == QMessageBox::No);
+        return ComeFlag(risposta != QMessageBox::Yes);
     }
     return Falso;
 }

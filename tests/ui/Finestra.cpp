@@ -40,7 +40,7 @@ void Risponditore::Rispondi()
     Visti.push_back(visto);
     if (Guarda) Guarda(*riquadro);
     if (auto* pulsante = riquadro->button(m_risposta)) pulsante->click();
-    else riquadro->reject();
+    else riquadro->close();
 }
 
 Riquadro Esclamazione(const std::string& testo)
