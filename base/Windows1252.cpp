@@ -69,8 +69,11 @@ std::optional<char> Codice(char32_t carattere)
 
 std::string InWindows1252(std::string_view utf8)
 {
-    std::string byte;
-    byte.reserve(utf8.size());
+    // Nearly every text is plain ASCII, which passes as it is.
+    const auto primo = std::find_if(utf8.begin(), utf8.end(),
+                                    [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    std::string byte(utf8.begin(), primo);
+    utf8.remove_prefix(byte.size());
     while (!utf8.empty()) {
         if (static_cast<unsigned char>(utf8.front()) < 0x80) {
             byte.push_back(utf8.front());

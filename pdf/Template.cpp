@@ -113,22 +113,20 @@ std::optional<std::string> prExpand(std::string_view pattern, std::span<const Ar
     return text;
 }
 
-void prAppendPDFString(std::string& target, std::string_view text)
+char* prPutPDFString(char* at, std::string_view text)
 {
-    for (;;) {
-        const auto special = text.find_first_of("\\()");
-        target.append(text.substr(0, special));
-        if (special == std::string_view::npos) return;
-        target.push_back('\\');
-        target.push_back(text[special]);
-        text.remove_prefix(special + 1);
+    for (const char c : text) {
+        if (c == '\\' || c == '(' || c == ')') *at++ = '\\';
+        *at++ = c;
     }
+    return at;
 }
 
 std::string prPDFString(std::string_view text)
 {
-    std::string escaped;
-    prAppendPDFString(escaped, text);
+    std::string escaped(2 * text.size(), '\0');
+    const char* end = prPutPDFString(escaped.data(), text);
+    escaped.resize(static_cast<std::size_t>(end - escaped.data()));
     return escaped;
 }
 

@@ -40,9 +40,11 @@ using Argument = std::variant<double, std::string, bool, Date>;
 // another kind than the placeholder asks for, error 6 for a number that is not finite.
 std::optional<std::string> prExpand(std::string_view pattern, std::span<const Argument> arguments);
 
-// Appends text with a backslash before each backslash and parenthesis, as the inside of a literal
+// The text with a backslash before each backslash and parenthesis, as the inside of a literal
 // string (ISO 32000-1, 7.3.4.2). All other bytes pass as they are.
-void prAppendPDFString(std::string& target, std::string_view text);
 std::string prPDFString(std::string_view text);
+
+// The same written to a place with room for twice the text; returns the place after it.
+char* prPutPDFString(char* at, std::string_view text);
 
 } // namespace pdf

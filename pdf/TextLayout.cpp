@@ -32,6 +32,12 @@ std::string_view TakePiece(std::string_view& text, std::string_view separator, b
     return piece;
 }
 
+// Whether there is anything to break or to normalise: most texts are single words.
+bool SingleWord(std::string_view text)
+{
+    return std::none_of(text.begin(), text.end(), [](char c) { return c == ' ' || c == '\r'; });
+}
+
 class LineBreaker
 {
 public:
@@ -101,20 +107,23 @@ double TextMetrics::WidthOf(std::string_view text) const
     return Scale == 0 ? 0 : points / Scale; // without a unit there is no width to speak of
 }
 
-std::string NormalizeText(std::string_view text)
+void NormalizeText(std::string& text)
 {
-    std::string result(text);
-    while (result.find("  ") != std::string::npos) result = Replaced(result, "  ", " ");
-    while (result.find("\r\n\r\n") != std::string::npos) {
-        result = Replaced(result, "\r\n\r\n", "\r\n \r\n");
+    if (SingleWord(text)) return;
+    while (text.find("  ") != std::string::npos) text = Replaced(text, "  ", " ");
+    while (text.find("\r\n\r\n") != std::string::npos) {
+        text = Replaced(text, "\r\n\r\n", "\r\n \r\n");
     }
-    return result;
 }
 
 void BreakLines(std::string_view text, double width, double indent, const TextMetrics& metrics,
                 std::vector<TextLine>& lines)
 {
     lines.clear();
+    if (SingleWord(text)) {
+        lines.push_back({text, indent + metrics.WidthOf(text), 0, true, true});
+        return;
+    }
     LineBreaker breaker(width, indent, metrics, lines);
     bool done = false;
     while (!done) breaker.Break(TakePiece(text, LineEnd, done));

@@ -34,7 +34,7 @@ struct TextLine
 
 // Makes runs of blanks one blank, and puts a blank into each empty line between CR LF pairs, so
 // that it stays a line.
-std::string NormalizeText(std::string_view text);
+void NormalizeText(std::string& text);
 
 // Breaks a normalised text at CR LF into paragraphs and these at blanks into lines no wider than
 // width; the first line of a paragraph is shorter by indent (user units both). A word that is

@@ -38,13 +38,40 @@ void clsPDFCreator::SetLineStyle(float Width, std::int32_t Cap, std::int32_t Joi
 void clsPDFCreator::State::SetFill(std::string_view color, std::string_view patternColor)
 {
     FillColor = pdf::prNamedColor(color);
-    WriteColor({"rg", "cs", "scn"}, FillColor, patternColor);
+    WriteFill(FillColor, patternColor);
 }
 
 void clsPDFCreator::State::SetLine(std::string_view color, std::string_view patternColor)
 {
     LineColor = pdf::prNamedColor(color);
-    WriteColor({"RG", "CS", "SCN"}, LineColor, patternColor);
+    WriteLineColor(LineColor, patternColor);
+}
+
+void clsPDFCreator::State::WriteFill(std::string_view resolved, std::string_view patternColor)
+{
+    WriteColor({" rg", " cs", " scn"}, resolved, patternColor);
+}
+
+void clsPDFCreator::State::WriteLineColor(std::string_view resolved, std::string_view patternColor)
+{
+    WriteColor({" RG", " CS", " SCN"}, resolved, patternColor);
+}
+
+// Red, green and blue from 0 to 1.
+const std::string& clsPDFCreator::State::ComponentsOf(std::string_view digits)
+{
+    constexpr std::size_t mostKept = 16;
+    constexpr double largest = 255;
+    for (const auto& known : ColorTexts) {
+        if (known.Digits == digits) return known.Components;
+    }
+    std::string components;
+    for (const int component : pdf::ColorComponents(digits)) {
+        if (!components.empty()) components.push_back(' ');
+        pdf::prAppendNumber(components, component / largest);
+    }
+    if (ColorTexts.size() == mostKept) ColorTexts.clear();
+    return ColorTexts.emplace_back(ColorText{std::string(digits), components}).Components;
 }
 
 // The operators of ISO 32000-1, 8.6.8: a colour, or a pattern in the colour space of patterns, or
@@ -52,20 +79,13 @@ void clsPDFCreator::State::SetLine(std::string_view color, std::string_view patt
 void clsPDFCreator::State::WriteColor(const ColorOperators& operators, std::string_view color,
                                       std::string_view patternColor)
 {
-    constexpr double largest = 255;
-    const auto write = [&](std::string_view before, std::string_view digits, std::string_view after,
-                           std::string_view operation) {
-        const auto [red, green, blue] = pdf::ColorComponents(digits);
-        Out.prLine(before, red / largest, " ", green / largest, " ", blue / largest, after,
-                   operation);
-    };
-    if (pdf::IsDigits(color)) return write("", color, " ", operators.Color);
+    if (pdf::IsDigits(color)) return Out.prLine(ComponentsOf(color), operators.Color);
     const std::string resolved = pdf::prNamedColor(patternColor);
-    if (pdf::IsDigits(resolved)) {
-        const std::string space = "/xxCSxx " + std::string(operators.Space) + " ";
-        return write(space, resolved, " /" + std::string(color) + " ", operators.Pattern);
+    if (!pdf::IsDigits(resolved)) {
+        return Out.prLine("/Pattern", operators.Space, " /", color, operators.Pattern);
     }
-    Out.prLine("/Pattern ", operators.Space, " /", color, " ", operators.Pattern);
+    Out.prLine("/xxCSxx", operators.Space, " ", ComponentsOf(resolved), " /", color,
+               operators.Pattern);
 }
 
 void clsPDFCreator::State::SetLineWidth(double width)

@@ -4,6 +4,7 @@
 #include "clsPDFCreator_State.h"
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -47,22 +48,32 @@ const StandardFont& StandardOf(std::string_view key)
     return ArialFont;
 }
 
-void AppendUpper(std::string& target, std::string_view text)
+std::string Upper(std::string_view text)
 {
-    for (const char c : text) {
-        target.push_back(c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c);
+    std::string upper(text);
+    for (char& c : upper) {
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
     }
+    return upper;
 }
 
 // The family without blanks in upper case, known synonyms made one.
-void NormalizeFamily(std::string& key, std::string_view family)
+std::string NormalizedFamily(std::string_view family)
 {
-    key.clear();
-    AppendUpper(key, family);
+    std::string key = Upper(family);
     std::erase(key, ' ');
-    if (key == "TIMESNEWROMAN") key = "TIMES";
-    else if (key == "COURIERNEW") key = "COURIER";
-    else if (key == "HELVETICA") key = "ARIAL";
+    if (key == "TIMESNEWROMAN") return "TIMES";
+    if (key == "COURIERNEW") return "COURIER";
+    if (key == "HELVETICA") return "ARIAL";
+    return key;
+}
+
+// The style as the search writes it. Of the standard families only, so that it is found under no
+// key: stored keys are in upper case throughout.
+std::string StyleSuffix(bool bold, bool italic)
+{
+    if (!bold && !italic) return "";
+    return std::string(",") + (bold ? "Bold" : "") + (italic ? "Italic" : "");
 }
 
 } // namespace
@@ -70,7 +81,9 @@ void NormalizeFamily(std::string& key, std::string_view family)
 void clsPDFCreator::SetFont(std::string_view FontFamily, float Size, std::int32_t Style)
 {
     State::RequireFinite(Size);
-    m->FindOrAddFont(FontFamily, Style);
+    auto& request = m->RequestOf(FontFamily, Style);
+    const std::size_t found = m->FindFont(request);
+    m->CurrentFont = found != 0 ? found : m->AddStandardFont(request);
     m->FontStyle = Style;
     if (Size != 0) m->FontSize = Size;
 }
@@ -96,44 +109,50 @@ float clsPDFCreator::TextHeight() const
     return m->InUnits(m->FontSize);
 }
 
-// The keys stored, in upper case throughout, and the keys searched, whose style is not, meet only
-// where no style is named, on purpose: a font is told by its number, and every call that is not
-// plain Arial, Symbol or ZapfDingbats adds one.
-void clsPDFCreator::State::FindOrAddFont(std::string_view family, std::int32_t style)
+clsPDFCreator::State::FontRequest& clsPDFCreator::State::RequestOf(std::string_view family,
+                                                                   std::int32_t style)
 {
-    NormalizeFamily(FontKey, family);
+    constexpr std::size_t mostKept = 64;
+    const std::int32_t face = style & (Bold | Italic);
+    for (auto& request : FontRequests) {
+        if (request.Style == face && request.Family == family) return request;
+    }
+    if (FontRequests.size() == mostKept) FontRequests.clear();
     const bool bold = (style & Bold) != 0;
     const bool italic = (style & Italic) != 0;
-    const StandardFont& standard = StandardOf(FontKey);
-    const std::string_view baseFont =
-        standard.BaseFonts[static_cast<std::size_t>(style & (Bold | Italic))];
-    const bool known = standard.Key == FontKey;
-    if (known && (bold || italic)) {
-        FontKey.append(bold ? ",Bold" : ",").append(italic ? "Italic" : "");
-    }
-    if (const auto found = FontKeys.find(FontKey); found != FontKeys.end()) {
-        return UseFont(found->second);
-    }
-    if (ShareFonts) {
-        if (const auto found = BaseFonts.find(baseFont); found != BaseFonts.end()) {
-            return UseFont(found->second);
-        }
-    }
-    pdf::prRequireRoom(static_cast<std::int32_t>(Fonts.size()), "caratteri");
-    Fonts.push_back({baseFont, pdf::MetricsOf(standard.Family, bold, italic)});
-    FontKey.clear();
-    AppendUpper(FontKey, baseFont);
-    FontKeys.try_emplace(FontKey, Fonts.size());
-    BaseFonts.try_emplace(baseFont, Fonts.size());
-    UseFont(Fonts.size());
+    std::string key = NormalizedFamily(family);
+    const StandardFont& standard = StandardOf(key);
+    if (standard.Key == key) key += StyleSuffix(bold, italic);
+    const std::string_view baseFont = standard.BaseFonts[static_cast<std::size_t>(face)];
+    const Font font = {baseFont, pdf::MetricsOf(standard.Family, bold, italic)};
+    FontRequests.push_back(
+        {std::string(family), face, font, std::move(key), Upper(baseFont), 0, 0, false});
+    return FontRequests.back();
 }
 
-void clsPDFCreator::State::UseFont(std::size_t number)
+// The keys stored and the keys searched meet only where no style is named, on purpose: every call
+// that is not plain Arial, Symbol or ZapfDingbats adds a font, whose number then names it.
+std::size_t clsPDFCreator::State::FindFont(FontRequest& request) const
 {
-    if (number == CurrentFont) return;
-    CurrentFont = number;
-    FontName.assign("_FNT_");
-    pdf::prAppendInteger(FontName, static_cast<std::int64_t>(number));
+    if (request.Found == 0 && request.KnownKeys != FontKeys.size()) {
+        request.KnownKeys = FontKeys.size(); // the answer stays until there are more
+        const auto found = FontKeys.find(request.SearchKey);
+        if (found != FontKeys.end()) request.Found = found->second;
+    }
+    if (request.Found != 0 || !ShareFonts) return request.Found;
+    const auto shared = BaseFonts.find(request.Standard.BaseFont);
+    return shared != BaseFonts.end() ? shared->second : 0;
+}
+
+std::size_t clsPDFCreator::State::AddStandardFont(FontRequest& request)
+{
+    pdf::prRequireRoom(static_cast<std::int32_t>(Fonts.size()), "caratteri");
+    Fonts.push_back(request.Standard);
+    if (std::exchange(request.Added, true)) return Fonts.size();
+    // A key belongs to the first font that has it.
+    FontKeys.try_emplace(request.StoredKey, Fonts.size());
+    BaseFonts.try_emplace(request.Standard.BaseFont, Fonts.size());
+    return Fonts.size();
 }
 
 void clsPDFCreator::State::RequireFont() const
@@ -161,17 +180,16 @@ double clsPDFCreator::State::TextWidth(std::string_view text) const
 // Widths and descriptors are the reader's own: it knows the standard fonts by these names.
 void clsPDFCreator::State::prWriteFonts()
 {
-    std::string name;
     std::int32_t number = 0;
     for (const Font& font : Fonts) {
         const std::int32_t object = Out.prInitObj(0);
-        name.assign("_FNT_");
-        pdf::prAppendInteger(name, ++number);
-        FontResources.append("/").append(name).append(" ");
+        FontResources.append("/_FNT_");
+        pdf::prAppendInteger(FontResources, ++number);
+        FontResources.push_back(' ');
         pdf::prAppendInteger(FontResources, object);
         FontResources.append(" 0 R \r");
-        Out.prLine("<< /Type /Font /Subtype /Type1 /Name /", name, " /BaseFont /", font.BaseFont,
-                   " /FirstChar 0 /LastChar 255");
+        Out.prLine("<< /Type /Font /Subtype /Type1 /Name /_FNT_", number, " /BaseFont /",
+                   font.BaseFont, " /FirstChar 0 /LastChar 255");
         // Both have an encoding of their own; with a style in their names they are not known as
         // such, on purpose.
         const bool ownEncoding = font.BaseFont == "Symbol" || font.BaseFont == "ZapfDingbats";

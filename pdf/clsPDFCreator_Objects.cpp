@@ -3,13 +3,13 @@
 #include "clsPDFCreator_Objects.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pdf {
 
 namespace {
 
 constexpr std::size_t BufferSize = 64 * 1024;
-constexpr std::string_view LineEnd = "\r\n";
 
 // A position has ten digits in the table (ISO 32000-1, 7.5.4).
 constexpr std::size_t PositionDigits = 10;
@@ -22,60 +22,67 @@ constexpr std::uint64_t LargestPosition = 9999999999;
 
 } // namespace
 
-void prRequireRoom(std::int32_t count, std::string_view what)
+void prNoRoom(std::string_view what)
 {
-    if (count < LargestCount) return;
     Overflow("un documento può avere al massimo 32767 " + std::string(what));
 }
 
 void Objects::Open(const std::string& fileName)
 {
     m_failure.reset();
-    m_buffer.clear();
-    m_buffer.reserve(BufferSize);
+    m_used = 0;
     m_flushed = 0;
     m_file = std::make_unique<FileNuovo>(fileName);
     // What has been written stays whatever happens next: only the caller knows whether half a
     // document is worth keeping.
     m_file->Conserva();
+    if (!m_buffer) {
+        m_buffer = std::make_unique<char[]>(BufferSize);
+        m_size = BufferSize;
+    }
+    m_room = m_size;
 }
 
 void Objects::Close()
 {
     if (!m_file) return;
     const auto file = std::move(m_file);
-    if (m_failure) return; // reported when it happened
-    if (!m_buffer.empty()) file->Scrivi(m_buffer);
-    m_buffer.clear();
+    m_room = 0;
+    const std::size_t rest = std::exchange(m_used, 0);
+    if (std::exchange(m_failure, std::nullopt)) return; // reported when it happened
+    file->Scrivi({m_buffer.get(), rest});
     file->Chiudi();
 }
 
-void Objects::RequireOpen() const
+void Objects::NotOpen() const
 {
-    if (!m_file) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                            "nessun documento è aperto: manca BeginDoc", "clsPDFCreator");
-    }
     if (m_failure) throw ErroreRuntime(*m_failure);
+    throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                        "nessun documento è aperto: manca BeginDoc", "clsPDFCreator");
 }
 
 void Objects::Flush()
 {
     try {
-        m_file->Scrivi(m_buffer);
+        m_file->Scrivi({m_buffer.get(), m_used});
     } catch (const ErroreRuntime& error) {
         m_failure = error;
+        m_room = 0;
         throw;
     }
-    m_flushed += m_buffer.size();
-    m_buffer.clear();
+    m_flushed += m_used;
+    m_used = 0;
 }
 
-void Objects::prWriteRaw(std::string_view text)
+// Also where every write ends up that must not be: then there is no room for anything.
+void Objects::MakeRoom(std::size_t bytes)
 {
     RequireOpen();
-    if (m_buffer.size() + text.size() + LineEnd.size() > BufferSize && !m_buffer.empty()) Flush();
-    m_buffer.append(text).append(LineEnd);
+    Flush();
+    if (bytes <= m_room) return;
+    m_buffer = std::make_unique<char[]>(bytes);
+    m_size = bytes;
+    m_room = bytes;
 }
 
 void Objects::prPrint(std::string_view pattern, std::initializer_list<Argument> arguments)
@@ -129,13 +136,14 @@ void Objects::WriteCrossReferences()
     prWriteRaw("xref");
     prLine("0 ", m_counter + 1);
     prWriteRaw("0000000000 65535 f");
-    std::string entry;
+    // With the CR LF exactly 20 bytes: readers find an entry by multiplication.
+    std::string entry = "0000000000 00000 n";
     for (std::int32_t i = 0; i < m_counter; ++i) {
-        const std::uint64_t position = m_positions[static_cast<std::size_t>(i)];
-        entry.assign(PositionDigits, '0').append(std::to_string(position));
-        entry.erase(0, entry.size() - PositionDigits);
-        // With the CR LF exactly 20 bytes: readers find an entry by multiplication.
-        prWriteRaw(entry.append(" 00000 n"));
+        std::uint64_t position = m_positions[static_cast<std::size_t>(i)];
+        for (std::size_t digit = PositionDigits; digit-- > 0; position /= 10) {
+            entry[digit] = static_cast<char>('0' + position % 10);
+        }
+        prWriteRaw(entry);
     }
 }
 

@@ -6,7 +6,9 @@
 #include "Number.h"
 #include "Template.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -21,7 +23,17 @@ inline constexpr std::int32_t LargestCount = 32767;
 
 // Raises error 6 (Overflow) when one more than count would pass LargestCount. what: in the
 // plural, for the message.
-void prRequireRoom(std::int32_t count, std::string_view what);
+[[noreturn]] void prNoRoom(std::string_view what);
+inline void prRequireRoom(std::int32_t count, std::string_view what)
+{
+    if (count >= LargestCount) prNoRoom(what);
+}
+
+// A piece of a line that is no text as it stands.
+struct Escaped
+{
+    std::string_view Text; // as the inside of a literal string
+};
 
 // Writes one file from front to back. Every failed write is an ErroreRuntime; after one, every
 // further write to this file fails with the same error, so that nothing is ever left out.
@@ -35,10 +47,13 @@ public:
     void Close();
 
     // Error 5 when no file is open; the error of the write that failed when one did.
-    void RequireOpen() const;
+    void RequireOpen() const
+    {
+        if (m_room == 0) NotOpen();
+    }
 
     // Bytes written so far: where the next one will stand.
-    std::uint64_t Position() const { return m_flushed + m_buffer.size(); }
+    std::uint64_t Position() const { return m_flushed + m_used; }
 
     // Highest object number given out so far.
     std::int32_t Counter() const { return m_counter; }
@@ -58,33 +73,71 @@ public:
     void WriteStreamLength();
 
     // Writes text and CR LF.
-    void prWriteRaw(std::string_view text);
+    void prWriteRaw(std::string_view text) { prLine(text); }
 
     // Writes the filled template and CR LF; nothing when it has fewer placeholders than arguments.
     void prPrint(std::string_view pattern, std::initializer_list<Argument> arguments);
 
-    // Writes the pieces one after the other, numbers in thousandths, and CR LF.
+    // Writes the pieces one after the other, numbers in thousandths; prLine and CR LF.
+    template <typename... Pieces>
+    void prPart(const Pieces&... pieces)
+    {
+        char* at = Room((Bound(pieces) + ... + 0));
+        ((at = Put(at, pieces)), ...);
+        m_used = static_cast<std::size_t>(at - m_buffer.get());
+    }
     template <typename... Pieces>
     void prLine(const Pieces&... pieces)
     {
-        m_line.clear();
-        (Append(pieces), ...);
-        prWriteRaw(m_line);
+        prPart(pieces..., "\r\n");
     }
 
     // The cross-reference table of all objects (ISO 32000-1, 7.5.4).
     void WriteCrossReferences();
 
 private:
-    void Append(std::string_view text) { m_line.append(text); }
-    void Append(double number) { prAppendNumber(m_line, number); }
-    void Append(std::int32_t number) { prAppendInteger(m_line, number); }
+    // How much room a piece takes at most, and the piece itself; texts written in the source have
+    // a length that the compiler knows.
+    template <std::size_t Size>
+    static constexpr std::size_t Bound(const char (&)[Size])
+    {
+        return Size - 1;
+    }
+    static std::size_t Bound(std::string_view text) { return text.size(); }
+    static std::size_t Bound(const Escaped& text) { return 2 * text.Text.size(); }
+    static constexpr std::size_t Bound(double) { return LongestNumber; }
+    static constexpr std::size_t Bound(std::int32_t) { return LongestNumber; }
+
+    template <std::size_t Size>
+    static char* Put(char* at, const char (&text)[Size])
+    {
+        std::memcpy(at, text, Size - 1);
+        return at + Size - 1;
+    }
+    static char* Put(char* at, std::string_view text)
+    {
+        return std::copy(text.begin(), text.end(), at);
+    }
+    static char* Put(char* at, const Escaped& text) { return prPutPDFString(at, text.Text); }
+    static char* Put(char* at, double number) { return prPutNumber(at, number); }
+    static char* Put(char* at, std::int32_t number) { return prPutInteger(at, number); }
+
+    // The end of the buffer, with room for so many bytes more.
+    char* Room(std::size_t bytes)
+    {
+        if (m_used + bytes > m_room) MakeRoom(bytes);
+        return m_buffer.get() + m_used;
+    }
+    void MakeRoom(std::size_t bytes);
     void Flush();
+    [[noreturn]] void NotOpen() const;
 
     std::unique_ptr<FileNuovo> m_file;
     std::optional<ErroreRuntime> m_failure;
-    std::string m_buffer; // what the file does not hold yet
-    std::string m_line;   // the line being put together
+    std::unique_ptr<char[]> m_buffer; // what the file does not hold yet
+    std::size_t m_used = 0;
+    std::size_t m_room = 0; // of the buffer; 0 while nothing may be written
+    std::size_t m_size = 0; // of the buffer
     std::uint64_t m_flushed = 0;
     std::uint64_t m_streamStart = 0;
     std::uint64_t m_streamLength = 0;

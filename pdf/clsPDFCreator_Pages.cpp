@@ -74,9 +74,7 @@ void clsPDFCreator::State::AppendPageLabel(std::int32_t style, std::string_view 
     std::string label;
     if (style >= 0 && style < static_cast<std::int32_t>(std::size(styles))) label = styles[style];
     if (!prefix.empty()) {
-        label.append(" /P (");
-        pdf::prAppendPDFString(label, prefix);
-        label.append(")");
+        label.append(" /P (").append(pdf::prPDFString(prefix)).append(")");
     }
     const auto first = static_cast<std::uint16_t>(firstValue);
     if (first < fromOne) label.append(" /St ").append(std::to_string(first));

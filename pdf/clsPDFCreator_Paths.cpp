@@ -127,8 +127,8 @@ void clsPDFCreator::State::ShortCurve(double x1, double y1, double x3, double y3
 void clsPDFCreator::State::Rectangle(double x, double y, double width, double height,
                                      std::int32_t options)
 {
-    Out.prWriteRaw("n");
-    Out.prLine(InPoints(x), " ", InPoints(y), " ", InPoints(width), " ", InPoints(height), " re");
+    Out.prLine("n\r\n", InPoints(x), " ", InPoints(y), " ", InPoints(width), " ", InPoints(height),
+               " re");
     prPaintOp(options);
 }
 

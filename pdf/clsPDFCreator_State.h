@@ -22,6 +22,19 @@ struct clsPDFCreator::State
         pdf::FaceMetrics Metrics;
     };
 
+    // What a family and style lead to, kept because the same few are asked for again and again.
+    struct FontRequest
+    {
+        std::string Family; // as the caller wrote it
+        std::int32_t Style; // bold and italic only
+        Font Standard;
+        std::string SearchKey;
+        std::string StoredKey;
+        std::size_t Found;     // number of the font that the search finds, 0 for none
+        std::size_t KnownKeys; // how many keys there were when none was found
+        bool Added;            // a font of these keys is in the table
+    };
+
     // A reusable object that pages may play by themselves.
     struct AutoObject
     {
@@ -87,16 +100,22 @@ struct clsPDFCreator::State
     float FontSize = 0;
     std::int32_t FontStyle = 0;
     std::size_t CurrentFont = 0; // number from 1; 0: none chosen yet
-    std::string FontName;        // its resource name
     bool ShareFonts = false;
     std::vector<Font> Fonts;
     std::unordered_map<std::string, std::size_t> FontKeys;       // first font with that key
     std::unordered_map<std::string_view, std::size_t> BaseFonts; // first font of that name
-    std::string FontKey;                                         // of the call in progress
-    std::vector<pdf::TextLine> Lines;                            // of the box in progress
-    std::string BoxText;                                         // what it writes
+    std::vector<FontRequest> FontRequests;
+    std::vector<pdf::TextLine> Lines; // of the box in progress
+    std::string BoxText;              // what it writes
 
     // ---- Graphics
+    // Colours in digits with their components as they are written, the last few of them.
+    struct ColorText
+    {
+        std::string Digits;
+        std::string Components;
+    };
+    std::vector<ColorText> ColorTexts;
     std::string FillColor = "#000000";
     std::string LineColor = "#000000";
     bool FillChosen = false; // by the caller, on this page or reusable object
@@ -154,30 +173,34 @@ struct clsPDFCreator::State
     void prPlayAutoObjects(bool atEnd);
 
     // ---- _Fonts
-    void FindOrAddFont(std::string_view family, std::int32_t style);
-    void UseFont(std::size_t number);
+    FontRequest& RequestOf(std::string_view family, std::int32_t style);
+    std::size_t FindFont(FontRequest& request) const;
+    std::size_t AddStandardFont(FontRequest& request);
     void prWriteFonts();
+    std::int32_t FontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
     pdf::TextMetrics Metrics() const;
     double TextWidth(std::string_view text) const;
     void RequireFont() const;
 
     // ---- _Text. Texts in Windows-1252
-    void AppendTextMatrix(std::string& text, double x, double y, double angle) const;
+    void WriteTextMatrix(double x, double y, double angle);
     void DrawDecorations(double x, double y, std::string_view text, double angle);
-    void AppendLine(std::string& target, const pdf::TextLine& line, double width, double indent,
-                    std::int32_t alignment) const;
+    void WriteLine(const pdf::TextLine& line, double width, double indent, std::int32_t alignment);
     double FirstBaseline(double y, double height, double leading, std::size_t lines,
                          std::int32_t options) const;
 
     // ---- _Colors, _Paths, _Axes. Lengths in user units
     void SetFill(std::string_view color, std::string_view patternColor = {});
     void SetLine(std::string_view color, std::string_view patternColor = {});
+    void WriteFill(std::string_view resolved, std::string_view patternColor = {});
+    void WriteLineColor(std::string_view resolved, std::string_view patternColor = {});
     struct ColorOperators
     {
-        std::string_view Color, Space, Pattern;
+        std::string_view Color, Space, Pattern; // each with a blank before it
     };
     void WriteColor(const ColorOperators& operators, std::string_view color,
                     std::string_view patternColor);
+    const std::string& ComponentsOf(std::string_view digits);
     void SetLineWidth(double width);
     void SetDash(double on, double off);
     void prPaintOp(std::int32_t options);

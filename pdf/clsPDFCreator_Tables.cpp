@@ -47,9 +47,8 @@ void clsPDFCreator::BeginColumn(float Width, std::string_view FillColor, float L
 {
     m->Require(Width, LineWidth);
     m->CellWidth = Width;
-    const State::Style style = m->StyleOf(FillColor, LineWidth, LineColor, m->RowStyle);
     m->OpenSpace(m->CellX, 0);
-    m->PaintFrame(style, Width, m->RowHeight);
+    m->PaintFrame(m->StyleOf(FillColor, LineWidth, LineColor, m->RowStyle), Width, m->RowHeight);
     m->Current = {};
     m->CellOpen = true;
 }
@@ -83,27 +82,22 @@ clsPDFCreator::State::Style clsPDFCreator::State::StyleOf(std::string_view fill,
 }
 
 // Background and frame of a row or cell at the origin. The background keeps half a line away from
-// the edge, so that the frame is not covered; fill, line width and line colour are as before
-// afterwards.
+// the edge, so that the frame is not covered; fill, line width and line colour are then written as
+// they were before.
 void clsPDFCreator::State::PaintFrame(const Style& style, double width, double height)
 {
     const double line = style.LineWidth;
     if (!style.Fill.empty()) {
-        const std::string before = FillColor;
-        SetFill(style.Fill);
+        WriteFill(style.Fill);
         Rectangle(line / 2, line / 2, width - line, height - line, 4);
-        SetFill(before);
+        WriteFill(FillColor);
     }
     if (line != 0) {
-        const float widthBefore = LineWidth;
-        const std::string colorBefore = LineColor;
-        SetLineWidth(line);
-        SetDash(0, 0);
-        SetLine(style.LineColor);
+        if (line > 0) Out.prLine(InPoints(line), " w");
+        Out.prWriteRaw("[ ] 0 d");
+        WriteLineColor(style.LineColor);
         Rectangle(0, 0, width, height, 1);
-        LineWidth = widthBefore;
-        Out.prLine(LineWidth, " w");
-        SetDash(0, 0);
-        SetLine(colorBefore);
+        Out.prLine(LineWidth, " w\r\n[ ] 0 d");
+        WriteLineColor(LineColor);
     }
 }

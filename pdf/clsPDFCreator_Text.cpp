@@ -30,14 +30,6 @@ double Radians(double degrees)
     return degrees * std::numbers::pi / straight;
 }
 
-void AppendNumbers(std::string& text, std::initializer_list<double> numbers)
-{
-    for (const double number : numbers) {
-        pdf::prAppendNumber(text, number);
-        text.push_back(' ');
-    }
-}
-
 } // namespace
 
 void clsPDFCreator::SetWordSpacing(float W)
@@ -82,14 +74,10 @@ void clsPDFCreator::DrawText(float X, float Y, std::string_view Text, std::int32
     m->SetCurrent(left, baseline + m->FontSize);
 
     auto& out = m->Out;
-    out.prWriteRaw("BT");
-    out.prLine("/", m->FontName, " ", m->FontSize, " Tf ", m->FontSize, " TL");
-    std::string line;
-    m->AppendTextMatrix(line, left, baseline, Angle);
-    line.append(" (");
-    pdf::prAppendPDFString(line, text);
-    out.prWriteRaw(line.append(") Tj"));
-    out.prWriteRaw("ET");
+    const double size = m->FontSize;
+    out.prLine("BT\r\n/_FNT_", m->FontNumber(), " ", size, " Tf ", size, " TL");
+    m->WriteTextMatrix(left, baseline, Angle);
+    out.prLine(" (", pdf::Escaped{text}, ") Tj\r\nET");
     m->DrawDecorations(left, baseline, text, Angle);
 }
 
@@ -99,7 +87,8 @@ std::int16_t clsPDFCreator::DrawTextBox(float X, float Y, float Width, float Hei
 {
     m->Require(X, Y, Width, Height, LineSpacing, Indent, Angle);
     m->RequireFont();
-    const std::string text = pdf::NormalizeText(InWindows1252(Text));
+    std::string text = InWindows1252(Text);
+    pdf::NormalizeText(text);
     auto& lines = m->Lines;
     pdf::BreakLines(text, Width, Indent, m->Metrics(), lines);
     pdf::prRequireRoom(
@@ -108,20 +97,13 @@ std::int16_t clsPDFCreator::DrawTextBox(float X, float Y, float Width, float Hei
 
     auto& out = m->Out;
     const double leading = static_cast<double>(LineSpacing) * m->FontSize;
-    out.prWriteRaw("BT");
-    out.prLine("/", m->FontName, " ", m->FontSize, " Tf ", leading, " TL");
-    out.prLine("1 0 0 -1 0 ", m->PageHeight, " Tm");
-    std::string& drawn = m->BoxText;
-    drawn.clear();
-    m->AppendTextMatrix(drawn, m->InPoints(X),
-                        m->FirstBaseline(Y, Height, leading, lines.size(), Options), Angle);
-    out.prWriteRaw(drawn);
-    drawn.clear();
-    for (const auto& line : lines) {
-        m->AppendLine(drawn, line, Width, Indent, Options & BoxAlignment);
-    }
-    out.prWriteRaw(drawn);
-    out.prWriteRaw("ET");
+    out.prLine("BT\r\n/_FNT_", m->FontNumber(), " ", m->FontSize, " Tf ", leading,
+               " TL\r\n1 0 0 -1 0 ", m->PageHeight, " Tm");
+    m->WriteTextMatrix(m->InPoints(X), m->FirstBaseline(Y, Height, leading, lines.size(), Options),
+                       Angle);
+    out.prLine("");
+    for (const auto& line : lines) m->WriteLine(line, Width, Indent, Options & BoxAlignment);
+    out.prLine("\r\nET");
     m->SetCurrent(m->InPoints(X), m->InPoints(Y));
     return static_cast<std::int16_t>(lines.size());
 }
@@ -133,20 +115,15 @@ std::int16_t clsPDFCreator::DrawParagraph(float X, float Y, float Width, float H
     return DrawTextBox(X, Y, Width, Height, Text, LineSpacing, Indent, Options, Angle);
 }
 
-// The matrix that puts text at (x, y). Its last two entries undo the page's turning upside down,
-// so that letters stand upright; positive angles turn counterclockwise as seen.
-void clsPDFCreator::State::AppendTextMatrix(std::string& text, double x, double y,
-                                            double angle) const
+// The matrix that puts text at (x, y), without the end of its line. Its last two entries undo the
+// page's turning upside down, so that letters stand upright; positive angles turn counterclockwise
+// as seen.
+void clsPDFCreator::State::WriteTextMatrix(double x, double y, double angle)
 {
-    if (angle == 0) {
-        text.append("1 0 0 -1 ");
-    } else {
-        const double cosine = std::cos(Radians(angle));
-        const double sine = std::sin(Radians(angle));
-        AppendNumbers(text, {cosine, -sine, -sine, -cosine});
-    }
-    AppendNumbers(text, {x, y});
-    text.append("Tm");
+    if (angle == 0) return Out.prPart("1 0 0 -1 ", x, " ", y, " Tm");
+    const double cosine = std::cos(Radians(angle));
+    const double sine = std::sin(Radians(angle));
+    Out.prPart(cosine, " ", -sine, " ", -sine, " ", -cosine, " ", x, " ", y, " Tm");
 }
 
 void clsPDFCreator::State::DrawDecorations(double x, double y, std::string_view text, double angle)
@@ -177,43 +154,25 @@ void clsPDFCreator::State::DrawDecorations(double x, double y, std::string_view 
 }
 
 // One line of a box: offset or word spacing, the text, and what undoes the offset or spacing.
-void clsPDFCreator::State::AppendLine(std::string& target, const pdf::TextLine& line, double width,
-                                      double indent, std::int32_t alignment) const
+void clsPDFCreator::State::WriteLine(const pdf::TextLine& line, double width, double indent,
+                                     std::int32_t alignment)
 {
-    double spacing = 0;
-    double offset = 0;
-    bool hasOffset = false;
     const double firstIndent = line.FirstOfParagraph ? indent : 0;
-    if (alignment == AlignRight || alignment == AlignCentre) {
-        const double room = width - line.Width;
-        offset = (alignment == AlignCentre ? room / 2 : room) + firstIndent;
-        hasOffset = true;
-    } else if (alignment == AlignLeft || alignment == AlignJustified) {
-        offset = firstIndent;
-        hasOffset = firstIndent != 0;
-    }
+    const double room = width - line.Width;
+    double offset = firstIndent;
+    if (alignment == AlignRight) offset += room;
+    if (alignment == AlignCentre) offset += room / 2;
+    const bool known = alignment == AlignLeft || alignment == AlignJustified;
+    const bool moved =
+        alignment == AlignRight || alignment == AlignCentre || (known && firstIndent != 0);
     const bool justified = alignment == AlignJustified && line.Blanks > 0 && !line.LastOfParagraph;
-    if (justified) {
-        spacing = InPoints(width - line.Width) / line.Blanks;
-        AppendNumbers(target, {spacing});
-        target.append("Tw ");
-    }
-    if (hasOffset) {
-        AppendNumbers(target, {InPoints(offset)});
-        target.append("0 Td ");
-    }
-    target.push_back('(');
-    pdf::prAppendPDFString(target, line.Text);
-    target.append(") Tj ");
-    if (justified) {
-        AppendNumbers(target, {WordSpacing});
-        target.append("Tw ");
-    }
-    if (hasOffset) {
-        AppendNumbers(target, {InPoints(-offset)});
-        target.append("0 Td ");
-    }
-    target.append("T*\r");
+
+    if (justified) Out.prPart(InPoints(room) / line.Blanks, " Tw ");
+    if (moved) Out.prPart(InPoints(offset), " 0 Td ");
+    Out.prPart("(", pdf::Escaped{line.Text}, ") Tj ");
+    if (justified) Out.prPart(WordSpacing, " Tw ");
+    if (moved) Out.prPart(InPoints(-offset), " 0 Td ");
+    Out.prPart("T*\r");
 }
 
 double clsPDFCreator::State::FirstBaseline(double y, double height, double leading,

@@ -148,3 +148,11 @@ TEST(Opzioni, VideoEOccupaLoStandardOutput)
               std::pair(2, std::string("--dati: con -f video lo standard output è già delle "
                                        "statistiche")));
 }
+
+TEST(Opzioni, ICaratteriUniciSonoDelSoloPdf)
+{
+    EXPECT_FALSE(LeggiOpzioni({"-f", "pdf"}).CaratteriUnici);
+    EXPECT_TRUE(LeggiOpzioni({"-f", "pdf", "--caratteri-unici"}).CaratteriUnici);
+    EXPECT_EQ(Rifiuto({"--caratteri-unici"}),
+              std::pair(2, std::string("--caratteri-unici: vale solo con -f pdf")));
+}

@@ -63,7 +63,7 @@ class Schermo:
         self.ambiente.update(DISPLAY=self.nome, LC_ALL="it_IT.UTF-8", XDG_RUNTIME_DIR=self.casa,
                              HOME=self.casa, QT_QPA_PLATFORM="xcb")
         self.openbox = subprocess.Popen(["openbox", "--sm-disable"], env=self.ambiente,
-                                        stderr=subprocess.DEVNULL)
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         aspetta(lambda: "_NET_SUPPORTING_WM_CHECK" in self.fa("xprop", "-root"), "openbox")
 
     def fa(self, *comando):
