@@ -15,7 +15,6 @@
 #include "modCarte.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QKeyEvent>
 
 #include <exception>
@@ -76,7 +75,7 @@ void Form1::ImpostaAmbiente()
     ambiente.Cartella = PercorsoTemp();
     ambiente.Cifre = SeparatoriUtente();
     ambiente.Fermare = [this] { return m_fermata || m_chiusa || InterruzioneChiesta(); };
-    ambiente.Cedi = [] { QCoreApplication::processEvents(); };
+    ambiente.Cedi = [this] { Cedi(); };
     ambiente.Avvisa = [this](const Stampe::Messaggio& messaggio) {
         const bool esclama = messaggio.Figura == Stampe::Icona::Esclamazione;
         MsgBox(this, messaggio.Testo, esclama ? QMessageBox::Warning : QMessageBox::Information,

@@ -106,6 +106,7 @@ private:
     void ChiamaReport();
     void MostraStato(std::string_view testo);
     void MostraAvanzamento(std::string_view testo);
+    void Cedi();
     void Restituisci(QWidget* fuoco);
 
     // ---- Closing ----
@@ -126,6 +127,7 @@ private:
     bool m_chiusuraFatta = false; // the closing steps have run
     bool m_fuocoSospeso = false;  // numTaglie lost the focus with the window or to a menu
     bool m_clicDaFinire = false;  // the click that brought the focus is still down
+    bool m_ritoccato = false;     // painted in a run and perhaps not yet on the display
     double m_ultimoRitocco = 0;   // when lblStatus was last painted in a run
 
     QPushButton* cmdExit = nullptr;

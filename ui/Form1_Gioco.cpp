@@ -7,7 +7,7 @@
 #include "Testi.h"
 #include "modCarte.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <string>
 
@@ -94,5 +94,6 @@ void Form1::AbilitaComandi(const Flag& abilita)
         comando->setEnabled(si);
     }
     optStampa[FormaVideo]->setEnabled(si && ValoreStat() == 1);
-    QCoreApplication::processEvents();
+    repaint(); // what the user sees must not wait for the end of a report
+    QGuiApplication::sync();
 }

@@ -175,9 +175,23 @@ void Form1::MostraAvanzamento(std::string_view testo)
 {
     constexpr double ritocco = 0.015; // seconds
     lblStatus->setUpdatesEnabled(false);
-    MostraStato(testo);
+    lblStatus->setText(InQt(testo));
     const double adesso = SecondiTrascorsi();
     if (adesso - m_ultimoRitocco < ritocco) return;
     m_ultimoRitocco = adesso;
+    m_ritoccato = true;
+    // Sized and painted in one go: the window paints what a new size uncovers, and would leave out
+    // a label whose updates are off.
     lblStatus->setUpdatesEnabled(true);
+    lblStatus->adjustSize();
+    lblStatus->repaint();
+}
+
+// Lets pending events run once. A loop that never waits for events leaves drawings in the program's
+// own buffer, so that now and then they must be sent to the display.
+void Form1::Cedi()
+{
+    if (m_ritoccato) QGuiApplication::sync();
+    else QCoreApplication::processEvents();
+    m_ritoccato = false;
 }

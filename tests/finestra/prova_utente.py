@@ -147,6 +147,9 @@ class Utente(Prova):
         for opzione in [*REPORT, "optStampa3"]:
             finestra = self.lungo(opzione)
             finestra.fotografa("in-corso")
+            stato = finestra.stato()
+            self.assertGreater(len(set(stato)), 8) # there is a text
+            aspetta(lambda: finestra.stato() != stato, "l'avanzamento")
             inizio = time.monotonic()
             finestra.chiudi()
             self.assertEqual(finestra.esito(), 0)

@@ -148,13 +148,20 @@ class Finestra:
                                 "txt:-")
         return testo.split("#")[2][:6].upper()
 
-    def tavolo(self):
-        """The card table as bytes, to see whether it changed."""
+    def zona(self, x, y, larghezza, altezza):
+        """A part of the window as bytes, to see whether it changed."""
         foto = self.fotografa()
-        zona = "x".join(str(int(v * self.scala)) for v in (550, 388))
-        posto = "+".join(str(int(v * self.scala)) for v in (225, 21))
-        return subprocess.run(["convert", str(foto), "-crop", f"{zona}+{posto}", "rgb:-"],
-                              capture_output=True, check=True).stdout
+        x, y, larghezza, altezza = (int(v * self.scala) for v in (x, y, larghezza, altezza))
+        return subprocess.run(
+            ["convert", str(foto), "-crop", f"{larghezza}x{altezza}+{x}+{y}", "rgb:-"],
+            capture_output=True, check=True).stdout
+
+    def tavolo(self):
+        return self.zona(225, 21, 550, 388)
+
+    def stato(self):
+        """The status line."""
+        return self.zona(228, 418, 465, 18)
 
     def chiudi(self):
         """The close button."""
