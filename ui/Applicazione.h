@@ -27,6 +27,9 @@ public:
     // What the program returns: 0 until something failed.
     int CodiceUscita() const { return m_codice; }
 
+    // As if nothing had failed yet. For tests.
+    void DimenticaGuasto() { m_codice = 0; }
+
     // From now on a polite request from outside (log-out, Ctrl-C on the terminal) closes all
     // windows like their close buttons. Call it once.
     void ObbedisciAiSegnali();

@@ -3,6 +3,7 @@
 #include "Applicazione.h"
 #include "Finestra.h"
 #include "LibreriaCarte.h"
+#include "Messaggi.h"
 #include "Segnali.h"
 #include "Stampe.h"
 #include "Utente.h"
@@ -11,7 +12,10 @@
 #include <QClipboard>
 
 #include <fstream>
+#include <functional>
 #include <new>
+
+#include <unistd.h>
 
 using namespace aiuti;
 namespace fs = std::filesystem;
@@ -24,6 +28,39 @@ void Crea(const fs::path& percorso)
 {
     std::ofstream(percorso) << "qualcosa";
 }
+
+// Runs the program's event loop with this as its first event, until something ends it; returns the
+// program's exit code.
+int Esegui(const std::function<void()>& primo)
+{
+    auto* applicazione = static_cast<Applicazione*>(QCoreApplication::instance());
+    QTimer::singleShot(0, applicazione, primo);
+    QApplication::exec();
+    const int codice = applicazione->CodiceUscita();
+    applicazione->DimenticaGuasto();
+    return codice;
+}
+
+// Root may delete everything: while this lives, the process has an ordinary user's rights.
+class SenzaDiritti
+{
+public:
+    SenzaDiritti()
+    {
+        if (SonoRadice()) {
+            EXPECT_EQ(::seteuid(Nessuno), 0);
+        }
+        EXPECT_NE(::geteuid(), 0U);
+    }
+    ~SenzaDiritti()
+    {
+        if (::getuid() == 0) {
+            EXPECT_EQ(::seteuid(0), 0);
+        }
+    }
+    SenzaDiritti(const SenzaDiritti&) = delete;
+    SenzaDiritti& operator=(const SenzaDiritti&) = delete;
+};
 
 // A started library draws, a stopped one does not.
 bool LibreriaAvviata()
@@ -107,25 +144,18 @@ TEST_F(Finestra, CioCheEDiUnAltroNonSiTocca)
 // The help page cannot be deleted: that surfaces, but only after all the other steps.
 TEST_F(Finestra, UnGuastoNellaPaginaNonFermaGliAltriPassi)
 {
-    const int esito = ComeNessuno([] {
-        // A folder in which one's own files cannot be deleted, by a user whom that stops.
-        const fs::path cartella = fs::temp_directory_path() / "prova-chiusura";
-        fs::remove_all(cartella);
-        fs::create_directory(cartella);
-        Crea(cartella / "scalvino.htm");
-        fs::permissions(cartella, fs::perms::owner_read | fs::perms::owner_exec);
-        Stampe::AmbienteInUso.Cartella = cartella.string() + "/";
-        Form1 altra;
-        EXPECT_TRUE(altra.Carica());
-        Risponditore mano;
-        EXPECT_TRUE(altra.close());
-        ASSERT_EQ(mano.Visti.size(), 1U);
-        EXPECT_NE(mano.Visti[0].Testo.find("scalvino.htm"), std::string::npos);
-        EXPECT_FALSE(LibreriaAvviata());
-        fs::permissions(cartella, fs::perms::owner_all);
-        fs::remove_all(cartella);
-    });
-    EXPECT_EQ(esito, Riuscito);
+    const SenzaDiritti senza;
+    CartellaDiProva chiusa;
+    Crea(chiusa.File("scalvino.htm"));
+    fs::permissions(chiusa.Nome(), fs::perms::owner_read | fs::perms::owner_exec);
+    Stampe::AmbienteInUso.Cartella = chiusa.Nome();
+    Risponditore mano;
+    EXPECT_EQ(Esegui([this] { finestra->close(); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_NE(mano.Visti[0].Testo.find("scalvino.htm"), std::string::npos);
+    EXPECT_FALSE(LibreriaAvviata());
+    EXPECT_EQ(chiusa.Contenuto(), std::vector<std::string>{"scalvino.htm"});
+    fs::permissions(chiusa.Nome(), fs::perms::owner_all);
 }
 
 // ---- In the middle of a run ------------------------------------------------------------------
@@ -217,56 +247,74 @@ TEST_F(Finestra, UnaRichiestaDaFuoriFermaIlGiro)
 
 TEST_F(Finestra, UnGuastoDelReportFinisceIlProgramma)
 {
-    auto* applicazione = static_cast<Applicazione*>(QCoreApplication::instance());
-    const int codice = InUnFiglio([&] {
-        fs::create_directory(ambiente.Cartella.File("taglie.txt"));
-        Crea(ambiente.Cartella.File("scalvino.htm"));
-        Risponditore mano;
-        Scegli(FormaTxt, false);
-        Clicca("cmdTaglie");
-        ASSERT_EQ(mano.Visti.size(), 1U);
-        EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
-        EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Critical);
-        EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 75: ")) << mano.Visti[0].Testo;
-        EXPECT_NE(mano.Visti[0].Testo.find("taglie.txt"), std::string::npos);
-        EXPECT_TRUE(finestra->Chiusa());
-        EXPECT_EQ(ambiente.Cartella.Contenuto(), std::vector<std::string>{"taglie.txt"});
-        EXPECT_EQ(applicazione->CodiceUscita(), 1);
-        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    });
-    EXPECT_EQ(codice, Riuscito);
+    fs::create_directory(ambiente.Cartella.File("taglie.txt"));
+    Crea(ambiente.Cartella.File("scalvino.htm"));
+    Risponditore mano;
+    Scegli(FormaTxt, false);
+    EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
+    EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Critical);
+    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 75: ")) << mano.Visti[0].Testo;
+    EXPECT_NE(mano.Visti[0].Testo.find("taglie.txt"), std::string::npos);
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_EQ(ambiente.Cartella.Contenuto(), std::vector<std::string>{"taglie.txt"});
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(Finestra, UnTestoIncollatoCheNonENumeroFinisceIlProgramma)
 {
-    auto* applicazione = static_cast<Applicazione*>(QCoreApplication::instance());
-    const int codice = InUnFiglio([&] {
-        Risponditore mano;
-        QApplication::clipboard()->setText(QStringLiteral("dieci"));
-        QTest::keyClick(Numero(), Qt::Key_Insert, Qt::ShiftModifier);
-        ASSERT_EQ(mano.Visti.size(), 1U);
-        EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 13: ")) << mano.Visti[0].Testo;
-        EXPECT_TRUE(finestra->Chiusa());
-        EXPECT_EQ(applicazione->CodiceUscita(), 1);
-    });
-    EXPECT_EQ(codice, Riuscito);
+    Risponditore mano;
+    QApplication::clipboard()->setText(QStringLiteral("dieci"));
+    EXPECT_EQ(Esegui([this] { QTest::keyClick(Numero(), Qt::Key_Insert, Qt::ShiftModifier); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 13: ")) << mano.Visti[0].Testo;
+    EXPECT_TRUE(finestra->Chiusa());
 }
 
 TEST_F(Finestra, UnGuastoInUnaTagliaFinisceIlProgrammaDopoAverSbloccato)
 {
-    const int codice = InUnFiglio([&] {
-        Risponditore mano;
-        Scegli(FormaHtml, true);
-        Scrivi("5");
-        Stampe::AmbienteInUso.PreparaTaglia = [](std::int64_t taglia) {
-            if (taglia == 3) throw std::bad_alloc();
-            modCarte::MescolaMazzo();
-        };
-        Clicca("cmdTaglie");
-        ASSERT_EQ(mano.Visti.size(), 1U);
-        EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 7: ")) << mano.Visti[0].Testo;
-        EXPECT_TRUE(finestra->Chiusa());
-        EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
-    });
-    EXPECT_EQ(codice, Riuscito);
+    Risponditore mano;
+    Scegli(FormaHtml, true);
+    Scrivi("5");
+    Stampe::AmbienteInUso.PreparaTaglia = [](std::int64_t taglia) {
+        if (taglia == 3) throw std::bad_alloc();
+        modCarte::MescolaMazzo();
+    };
+    EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 7: ")) << mano.Visti[0].Testo;
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+}
+
+// A failure out of an event that comes in the middle of a run.
+TEST_F(Finestra, UnGuastoDuranteUnGiroLoFermaESiDiceUnaVoltaSola)
+{
+    Risponditore mano;
+    Scegli(FormaTxt, true);
+    Scrivi("9000");
+    int giri = 0;
+    Stampe::AmbienteInUso.Cedi = [&] {
+        if (++giri == 4) {
+            QTimer::singleShot(0, finestra.get(),
+                               [this] { Numero()->setText(QStringLiteral("dieci")); });
+        }
+        QCoreApplication::processEvents();
+    };
+    EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_EQ(giri, 4);
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+    EXPECT_FALSE(LibreriaAvviata());
+}
+
+TEST(Errori, IlMessaggioDiceNumeroTestoFileEMotivo)
+{
+    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::TipoNonCorrispondente)),
+              "Errore 13: " + std::string(TestoErrore(NumeroErrore::TipoNonCorrispondente)) + ".");
+    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::DiscoPieno, "non c'è posto", "/x/y")),
+              "Errore 61: " + std::string(TestoErrore(NumeroErrore::DiscoPieno)) +
+                  ".\r/x/y\rnon c'è posto");
 }
