@@ -88,18 +88,15 @@ bool Complete(const QSvgRenderer& figure)
     return Intera(figure, DorsoCarta);
 }
 
+// Of whole device pixels at every ratio, so that no edge is half a pixel.
 QImage Disegna(QSvgRenderer& figure, std::int32_t carta, qreal rapporto, QRgb angoli)
 {
-    const QSizeF misura(LarghezzaDiCarta * rapporto, AltezzaDiCarta * rapporto);
-    QImage immagine(QSize(static_cast<int>(std::ceil(misura.width())),
-                          static_cast<int>(std::ceil(misura.height()))),
-                    QImage::Format_ARGB32_Premultiplied);
-    immagine.fill(Qt::transparent);
+    const QSize misura(qRound(LarghezzaDiCarta * rapporto), qRound(AltezzaDiCarta * rapporto));
+    QImage immagine(misura, QImage::Format_RGB32);
+    immagine.fill(QColor(angoli));
     QPainter pennello(&immagine);
     pennello.setRenderHint(QPainter::Antialiasing);
-    const QRectF tutta(QPointF(0, 0), misura);
-    pennello.fillRect(tutta, QColor(angoli));
-    figure.render(&pennello, Elemento(carta), tutta);
+    figure.render(&pennello, Elemento(carta), QRectF(QPointF(0, 0), QSizeF(misura)));
     return immagine;
 }
 

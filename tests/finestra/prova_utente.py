@@ -206,6 +206,18 @@ class Utente(Prova):
             # No closing steps.
             self.assertTrue((finestra.cartella / "taglie.txt").exists())
 
+    def test_installato_trova_le_carte_nella_loro_cartella(self):
+        prefisso = Path(tempfile.mkdtemp(prefix="installato."))
+        self.addCleanup(shutil.rmtree, prefisso)
+        for cartella in ("bin", "share/scalvino"):
+            (prefisso / cartella).mkdir(parents=True)
+        shutil.copy2(SCALVINO, prefisso / "bin")
+        shutil.copy2(SCALVINO.with_name("carte.svg"), prefisso / "share/scalvino")
+        finestra = self.avvia(1, prefisso / "bin/scalvino").pronta()
+        aspetta(lambda: finestra.colore(230, 30) == VERDE, "il titolo", passo=0.03)
+        finestra.chiudi()
+        self.assertEqual(finestra.esito(), 0)
+
     def test_senza_cartella_temporanea_lo_si_dice(self):
         finestra = self.avvia(TMPDIR="/cartella/che/non/esiste")
         (riquadro, _), = aspetta(finestra.finestre, "il messaggio")

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QMenu>
 #include <QMimeData>
 
 #include <cmath>
@@ -241,6 +242,17 @@ TEST_F(Finestra, CtrlVNonPassaIlFiltro)
     QKeyEvent incolla(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier, QString(QChar(0x16)));
     QApplication::sendEvent(Numero(), &incolla);
     EXPECT_EQ(Numero()->text(), QStringLiteral("1"));
+}
+
+TEST_F(Finestra, IlMenuDelCampoEItaliano)
+{
+    const std::unique_ptr<QMenu> menu(Numero()->createStandardContextMenu());
+    std::string voci;
+    for (const auto* voce : menu->actions()) voci += voce->text().toStdString() + "\n";
+    for (const char* voce : {"Annulla", "Taglia", "Copia", "ncolla", "Elimina", "eleziona tutto"}) {
+        QString senzaTasto = QString::fromStdString(voci).remove(QLatin1Char('&'));
+        EXPECT_TRUE(senzaTasto.contains(QString::fromUtf8(voce))) << voce << " in " << voci;
+    }
 }
 
 TEST_F(Finestra, TrascinareTestoNelCampoNonSiPuo)

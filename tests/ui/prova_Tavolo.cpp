@@ -32,6 +32,13 @@ protected:
         return intera.scaled(550, 388, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
 
+    // The pixel of the screen where a pixel of the layout begins, untouched by scaling.
+    QColor Punto(int x, int y)
+    {
+        const qreal rapporto = Carte().Disegno().Rapporto;
+        return Carte().Disegno().Immagine.pixelColor(qRound(x * rapporto), qRound(y * rapporto));
+    }
+
     // The smallest box within zona that holds every pixel which differs from the background.
     QRect Inchiostro(const QRect& zona)
     {
@@ -122,9 +129,9 @@ TEST_F(Tavolo, ConservaIlDisegnoEUnNuovoSfondoLoRicopre)
     Carte().PrintText("Ciao", 1500, 1500, "Arial", 28, 400, 0, Falso, Falso, Falso);
     EXPECT_FALSE(Inchiostro({0, 0, 550, 388}).isNull());
     Carte().ImpostaSfondo({0, 0, 255});
-    EXPECT_EQ(Immagine().pixelColor(110, 110), QColor(0, 0, 255));
+    EXPECT_EQ(Punto(110, 110), QColor(0, 0, 255));
     Carte().Pulisci();
-    EXPECT_EQ(Immagine().pixelColor(0, 0), QColor(0, 0, 255));
+    EXPECT_EQ(Punto(0, 0), QColor(0, 0, 255));
     EXPECT_EQ(Carte().ColoreTesto(), QColor(0, 0, 0));
 }
 
@@ -156,9 +163,9 @@ TEST_F(Tavolo, LeCarteTroppoADestraSonoTagliate)
     Carte().Pulisci();
     Carte().cdtDraw(530, 20, 0, 0, {127, 127, 127});
     Carte().cdtDraw(-30, -40, 0, 0, {127, 127, 127});
-    EXPECT_EQ(Immagine().pixelColor(530, 20), Grigio);
-    EXPECT_TRUE(Vicini(Immagine().pixelColor(545, 60), Qt::white, 40));
-    EXPECT_TRUE(Vicini(Immagine().pixelColor(30, 10), Qt::white, 40));
+    EXPECT_EQ(Punto(530, 20), Grigio);
+    EXPECT_TRUE(Vicini(Punto(545, 60), Qt::white, 40));
+    EXPECT_TRUE(Vicini(Punto(30, 10), Qt::white, 40));
 }
 
 // ---- Sizes and faces -------------------------------------------------------------------------
@@ -249,11 +256,11 @@ TEST_F(Tavolo, CorsivoSottolineatoEBarratoSiVedono)
 TEST_F(Tavolo, IlTitoloHaColoriECarte)
 {
     const QImage immagine = Immagine();
-    EXPECT_EQ(immagine.pixelColor(0, 0), Verde);
-    EXPECT_EQ(immagine.pixelColor(549, 387), Verde);
-    EXPECT_EQ(immagine.pixelColor(90, 80), Grigio);         // outside corner of the first card
-    EXPECT_EQ(immagine.pixelColor(160 + 270, 140), Grigio); // and of the last, at its right
-    EXPECT_TRUE(Vicini(immagine.pixelColor(100, 82), Qt::white, 40));
+    EXPECT_EQ(Punto(0, 0), Verde);
+    EXPECT_EQ(Punto(549, 387), Verde);
+    EXPECT_EQ(Punto(90, 80), Grigio);   // outside corner of the first card
+    EXPECT_EQ(Punto(430, 140), Grigio); // and of the last, at its right
+    EXPECT_TRUE(Vicini(Punto(100, 82), Qt::white, 40));
     const QRect titolo = Inchiostro({0, 0, 550, 70});
     EXPECT_NEAR(titolo.left(), 80, 4);
     EXPECT_LT(titolo.bottom(), 60);
@@ -291,11 +298,10 @@ TEST_F(Tavolo, NelColpoOgniCosaStaNellaSuaFascia)
         EXPECT_LE(totale.bottom(), cima + 28);
         EXPECT_LT(totale.right(), 549);
     }
-    const QImage immagine = Immagine();
-    EXPECT_EQ(immagine.pixelColor(60, 70), Grigio);
-    EXPECT_EQ(immagine.pixelColor(60, 210), Grigio);
-    EXPECT_EQ(immagine.pixelColor(380, 100), Verde); // five cards end at 371
-    EXPECT_TRUE(Vicini(immagine.pixelColor(365, 150), Qt::white, 60));
+    EXPECT_EQ(Punto(60, 70), Grigio);
+    EXPECT_EQ(Punto(60, 210), Grigio);
+    EXPECT_EQ(Punto(380, 100), Verde); // five cards end at 371
+    EXPECT_TRUE(Vicini(Punto(365, 150), Qt::white, 60));
 }
 
 TEST_F(Tavolo, IlRiassuntoEntraNelTavolo)
