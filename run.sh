@@ -10,11 +10,19 @@ set -euo pipefail
 radice=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$radice/tools/pacchetti.sh"
 
-installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev
+# The window needs Qt, which a machine without a display is spared.
+finestra_si=OFF
+pacchetti=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
+if [ $# -eq 0 ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    finestra_si=ON
+    pacchetti+=(qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-wayland
+        fonts-liberation2 fonts-dejavu-core)
+fi
+installa_pacchetti "${pacchetti[@]}"
 echo "Compilo in $radice/build/run" >&2
 (
     cd "$radice"
-    cmake --preset run
+    cmake --preset run -DSCALVINO_UI=$finestra_si
     cmake --build --preset run
 ) >&2
 
@@ -24,7 +32,7 @@ if [ $# -gt 0 ]; then
     echo "Avvio: taglie $*" >&2
     exec "$taglie" "$@"
 fi
-if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ -x "$finestra" ]; then
+if [ "$finestra_si" = ON ]; then
     echo "Avvio la finestra" >&2
     exec "$finestra"
 fi

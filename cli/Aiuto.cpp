@@ -20,8 +20,8 @@ N è un numero intero da 1 in su; se manca vale 1, con --mazzi tutte quelle del
 FILE.
 
 Report:
-  -f, --forma FORMA        txt (normale), html, pdf o nessuna; video non c'è
-                           ancora
+  -f, --forma FORMA        txt (normale), html, pdf, video (le statistiche sul
+                           terminale) o nessuna
   -s, --statistiche        solo le statistiche generali, senza i singoli colpi
   -c, --cartella DIR       cartella del report (normale: quella corrente)
   -a, --apri               apre il report finito

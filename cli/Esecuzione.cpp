@@ -13,6 +13,7 @@
 #include "Percorsi.h"
 #include "Segnali.h"
 #include "Stampe.h"
+#include "SuperficieTesto.h"
 #include "modCarte.h"
 
 #include <algorithm>
@@ -164,7 +165,8 @@ struct Lavoro
     std::unique_ptr<FileDati> fileColpi;
     std::unique_ptr<Avanzamento> avanzamento;
     Stampe::Studio studio;
-    std::string daAprire; // the finished report, when it is to be opened
+    SuperficieTesto schermo; // the statistics of the form "video"
+    std::string daAprire;    // the finished report, when it is to be opened
     StileFinestra stile = StileFinestra::NormaleConFuoco;
 };
 
@@ -241,8 +243,10 @@ void ImpostaAmbiente(Lavoro& lavoro, const std::string& cartella)
     Stampe::AmbienteInUso = std::move(ambiente);
 }
 
-std::optional<Stampe::TotaliReport> FaiReport(const Opzioni& opzioni, double taglie)
+std::optional<Stampe::TotaliReport> FaiReport(Lavoro& lavoro)
 {
+    const Opzioni& opzioni = lavoro.opzioni;
+    const auto taglie = static_cast<double>(lavoro.taglie);
     const Stampe::EtichettaStato senzaEtichetta;
     switch (opzioni.FormaReport) {
     case Forma::Txt:
@@ -254,6 +258,8 @@ std::optional<Stampe::TotaliReport> FaiReport(const Opzioni& opzioni, double tag
     case Forma::Pdf:
         return opzioni.Statistiche ? Stampe::StatistichePdf(taglie, senzaEtichetta)
                                    : Stampe::StampaPdf(taglie);
+    case Forma::Video:
+        return Stampe::StatisticheVideo(taglie, lavoro.schermo, senzaEtichetta);
     default:
         return Stampe::SoloTotali(taglie, senzaEtichetta);
     }
@@ -303,7 +309,7 @@ void Esegui(const Opzioni& opzioni)
     ApriFile(lavoro);
     ImpostaAmbiente(lavoro, cartella);
 
-    const auto totali = FaiReport(opzioni, static_cast<double>(lavoro.taglie));
+    const auto totali = FaiReport(lavoro);
     ChiudiFile(lavoro);
     if (!totali) Interrompi(DescriviInterruzione(lavoro));
     if (!lavoro.daAprire.empty()) ApriReport(lavoro.daAprire, lavoro.stile);
@@ -311,6 +317,8 @@ void Esegui(const Opzioni& opzioni)
     if (opzioni.Dati != FormaDati::Nessuna) {
         const Corsa corsa{opzioni.Seme, SecondiTrascorsi() - inizio};
         ScriviUscita(TestoDati(opzioni.Dati, *totali, lavoro.studio, corsa));
+    } else if (opzioni.FormaReport == Forma::Video) {
+        ScriviUscita(lavoro.schermo.Testo());
     } else if (conReport && !opzioni.Quieto) {
         ScriviUscita(percorso + "\n");
     }

@@ -116,6 +116,9 @@ void RifiutaContraddizioni(const Opzioni& opzioni)
     if (!opzioni.Mazzi.empty() && opzioni.Seme) {
         Rifiuta("--seme", "con --mazzi le carte non si mescolano");
     }
+    if (opzioni.FormaReport == Forma::Video && opzioni.Dati != FormaDati::Nessuna) {
+        Rifiuta("--dati", "con -f video lo standard output è già delle statistiche");
+    }
     const bool piuLavori = opzioni.Lavori != 1;
     if (piuLavori && opzioni.Piena()) {
         Rifiuta("--lavori", "un report con tutti i colpi vuole un solo lavoro (oppure -s)");
@@ -124,13 +127,6 @@ void RifiutaContraddizioni(const Opzioni& opzioni)
         Rifiuta("--lavori",
                 "con --salva-mazzi e --colpi vale un solo lavoro: contano le taglie in ordine");
     }
-}
-
-void RifiutaFormeAssenti(Forma forma)
-{
-    if (forma != Forma::Video) return;
-    throw ErroreComando(UscitaRifiuto, "forma video",
-                        "non è ancora disponibile in questa versione");
 }
 
 // What the parser is told; the help text is our own.
@@ -222,7 +218,6 @@ Opzioni LeggiOpzioni(std::vector<std::string> argomenti)
     if (opzioni.Aiuto || opzioni.Versione) return opzioni;
     LeggiValori(opzioni, grezze, lettore);
     LeggiScelte(opzioni, grezze, lettore);
-    RifiutaFormeAssenti(opzioni.FormaReport);
     RifiutaContraddizioni(opzioni);
     if (opzioni.Lavori == 0) opzioni.Lavori = TuttiIProcessori();
     return opzioni;

@@ -91,8 +91,7 @@ private:
 };
 
 // Reads the arguments (without the program's name). ErroreComando with UscitaUso for anything
-// unknown, malformed or contradictory, with UscitaRifiuto for a form that is not available or
-// more than 2^53 shoes.
+// unknown, malformed or contradictory, with UscitaRifiuto for more than 2^53 shoes.
 Opzioni LeggiOpzioni(std::vector<std::string> argomenti);
 
 // The text of --help and of --version, UTF-8, ending in a line end.

@@ -11,8 +11,14 @@ endif()
 
 # Hardening of what is shipped; a debug build keeps the library's own checks instead.
 target_compile_options(scalvino_opzioni INTERFACE
-    $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>
-    $<$<AND:$<CONFIG:Release>,$<NOT:$<BOOL:$<TARGET_PROPERTY:POSITION_INDEPENDENT_CODE>>>>:-fPIE>)
+    $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+# What is built as -fPIC must not become -fPIE by a later option: objects of the shared library, and
+# all that uses Qt, which brings -fPIC. With -fPIE a program would get copies of Qt's class
+# descriptions, and Qt would not know its own widgets.
+set(indipendente $<BOOL:$<TARGET_PROPERTY:POSITION_INDEPENDENT_CODE>>)
+set(con_qt $<BOOL:$<TARGET_PROPERTY:SCALVINO_CON_QT>>)
+target_compile_options(scalvino_opzioni INTERFACE
+    $<$<AND:$<CONFIG:Release>,$<NOT:${indipendente}>,$<NOT:${con_qt}>>:-fPIE>)
 target_compile_definitions(scalvino_opzioni INTERFACE _GLIBCXX_ASSERTIONS)
 if(NOT WIN32)
     target_link_options(scalvino_opzioni INTERFACE

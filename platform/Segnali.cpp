@@ -1,6 +1,7 @@
 #include "Segnali.h"
 
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 
 #ifdef _WIN32
@@ -15,6 +16,10 @@ namespace {
 constinit std::atomic<bool> chiesta = false;
 static_assert(std::atomic<bool>::is_always_lock_free);
 
+// The end that the handler writes to; negative while nobody watches.
+constinit std::atomic<int> sveglia = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
+
 #ifndef _WIN32
 // A file of ours must not take the number of a channel that the caller has closed: messages would
 // end up in it. What stands in can be neither read nor written, so that using it stays an error.
@@ -28,9 +33,21 @@ void OccupaCanaliChiusi()
 }
 #endif
 
+void Sveglia()
+{
+#ifndef _WIN32
+    const int capo = sveglia.load(std::memory_order_relaxed);
+    if (capo < 0) return;
+    const int prima = errno; // whatever was interrupted may be about to read it
+    [[maybe_unused]] const auto scritti = ::write(capo, "", 1);
+    errno = prima;
+#endif
+}
+
 extern "C" void Segna(int /*segnale*/)
 {
     chiesta.store(true, std::memory_order_relaxed);
+    Sveglia();
     // Whichever comes next is the second one.
     for (const int segnale : {SIGINT, SIGTERM}) std::signal(segnale, SIG_DFL);
 }
@@ -52,6 +69,22 @@ void AscoltaInterruzioni()
     ::sigaction(SIGTERM, &azione, nullptr);
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
+
+int ApriCanaleInterruzioni() noexcept
+{
+#ifdef _WIN32
+    return -1;
+#else
+    int tubo[2];
+    if (::pipe(tubo) != 0) return -1;
+    for (const int capo : tubo) {
+        ::fcntl(capo, F_SETFD, FD_CLOEXEC);
+        ::fcntl(capo, F_SETFL, O_NONBLOCK);
+    }
+    sveglia.store(tubo[1], std::memory_order_relaxed);
+    return tubo[0];
 #endif
 }
 

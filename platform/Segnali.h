@@ -9,6 +9,11 @@ void AscoltaInterruzioni();
 // True once a request to stop has arrived. Any thread may ask.
 bool InterruzioneChiesta() noexcept;
 
+// Opens a descriptor that becomes readable when a request to stop arrives, for an event loop to
+// watch; negative where there is none. It stays open to the end of the program. Call it once,
+// before AscoltaInterruzioni().
+int ApriCanaleInterruzioni() noexcept;
+
 // As if the request had arrived (or had not): for tests.
 void ImpostaInterruzione(bool chiesta) noexcept;
 

@@ -1,4 +1,4 @@
-// The reports: simulations of N whole shoes written as text, HTML or PDF.
+// The reports: simulations of N whole shoes written as text, HTML or PDF, or drawn on a picture.
 //
 // Start here, then GiroTaglie.h (the run that all reports share), Stampe_Txt.cpp, Stampe_Html.cpp
 // and Stampe_Pdf.cpp (one layout each), FormatiNumero.h (how numbers look).
@@ -6,6 +6,7 @@
 
 #include "GiroTaglie.h"
 #include "Separatori.h"
+#include "Superficie.h"
 
 #include <array>
 #include <cstdint>
@@ -47,6 +48,13 @@ std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
 std::optional<TotaliReport> StampaPdf(double numeroTaglie);
 std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
                                            const EtichettaStato& etichettaStato);
+
+// The general statistics only, drawn on the card table or whatever else stands in for it. Deletes
+// an old "taglie.txt" first, as the text reports do, and writes no file; a run without a report
+// folder has none to delete. Writes the progress text and yields once per shoe. A stopped or failed
+// run leaves the picture as it was.
+std::optional<TotaliReport> StatisticheVideo(double numeroTaglie, Superficie& superficie,
+                                             const EtichettaStato& etichettaStato);
 
 // The run without a report: shoes, progress and totals as above, no file.
 std::optional<TotaliReport> SoloTotali(double numeroTaglie, const EtichettaStato& etichettaStato);

@@ -13,7 +13,7 @@ echo "clang-format"
 git ls-files '*.cpp' '*.h' | xargs "$formato" --dry-run --Werror
 
 echo "clang-tidy"
-git ls-files 'base/*.cpp' 'platform/*.cpp' 'engine/*.cpp' 'pdf/*.cpp' 'reports/*.cpp' 'cli/*.cpp' |
+git ls-files 'base/*.cpp' 'platform/*.cpp' 'engine/*.cpp' 'pdf/*.cpp' 'reports/*.cpp' 'cli/*.cpp' 'ui/*.cpp' |
     grep -v '_windows\.cpp$' |
     xargs -P "$(nproc)" -n 4 "$lint" -p build/release --quiet --extra-arg=-Wno-unknown-warning-option
 

@@ -141,11 +141,12 @@ TEST(Opzioni, AiutoEVersionePrimaDiOgniControllo)
     EXPECT_EQ(TestoVersione(), "taglie 1.0.0\n");
 }
 
-TEST(Opzioni, LeFormeCheMancanoSonoRifiutateChiaramente)
+TEST(Opzioni, VideoEOccupaLoStandardOutput)
 {
-    EXPECT_EQ(
-        Rifiuto({"-f", "video"}),
-        std::pair(3, std::string("forma video: non è ancora disponibile in questa versione")));
+    EXPECT_EQ(LeggiOpzioni({"-f", "video", "-j", "2"}).FormaReport, Forma::Video);
+    EXPECT_EQ(Rifiuto({"-f", "video", "--dati", "json"}),
+              std::pair(2, std::string("--dati: con -f video lo standard output è già delle "
+                                       "statistiche")));
 }
 
 TEST(Opzioni, ICaratteriUniciSonoDelSoloPdf)

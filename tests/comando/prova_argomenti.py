@@ -97,13 +97,6 @@ class ValoriDelleOpzioni(Prova):
                                 f"taglie: {opzione}: non vuole un valore")
         self.assertEqual(self.contenuto(), [])
 
-    def test_le_forme_che_non_ci_sono_ancora_sono_rifiutate(self):
-        for forma in ["video"]:
-            for altre in [[], ["-s"], ["--dati", "json"]]:
-                with self.subTest(forma=forma, altre=altre):
-                    self.errore(self.taglie("-f", forma, *altre), RIFIUTO, forma)
-        self.assertEqual(self.contenuto(), [])
-
     def test_le_contraddizioni_sono_uso_sbagliato(self):
         (self.cartella / "mazzi").write_text(buona_riga())
         for argomenti in [["-a", "-f", "nessuna"], ["-a", "--dati", "json"],

@@ -12,6 +12,7 @@
 #include <cstdlib>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -52,6 +53,27 @@ TEST(Segnali, IlSecondoPuoEssereLAltro)
                       std::raise(secondo);
                   }),
                   DaSegnale + secondo);
+    }
+}
+
+TEST(Segnali, LaRichiestaSvegliaChiGuardaIlCanale)
+{
+    for (const int segnale : {SIGINT, SIGTERM}) {
+        EXPECT_EQ(InUnFiglio([segnale] {
+                      const int canale = ApriCanaleInterruzioni();
+                      ASSERT_GE(canale, 0);
+                      AscoltaInterruzioni();
+                      pollfd guardia = {canale, POLLIN, 0};
+                      EXPECT_EQ(::poll(&guardia, 1, 0), 0);
+                      errno = EDOM;
+                      std::raise(segnale);
+                      EXPECT_EQ(errno, EDOM);
+                      EXPECT_EQ(::poll(&guardia, 1, 0), 1);
+                      EXPECT_TRUE(InterruzioneChiesta());
+                      // No program that is started gets it.
+                      EXPECT_EQ(::fcntl(canale, F_GETFD), FD_CLOEXEC);
+                  }),
+                  Riuscito);
     }
 }
 

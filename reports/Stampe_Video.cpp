@@ -1,0 +1,126 @@
+// Layout of the statistics drawn on the card table.
+
+#include "Ambiente.h"
+#include "ErroreRuntime.h"
+#include "FileNuovo.h"
+#include "FormatiNumero.h"
+#include "Stampe.h"
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace Stampe {
+
+namespace {
+
+constexpr std::string_view Faccia = "Verdana";
+constexpr std::int32_t AltezzaTitoletto = 20; // pixels
+constexpr std::int32_t AltezzaRiga = 16;
+
+// Columns and rows, in twips.
+constexpr float XTitoletto = 2500;
+constexpr float XEtichetta = 1000;
+constexpr float XValore = 3500;
+constexpr float XQuota = 4500;
+
+// A row of the table: what stands where. The share may be empty.
+struct RigaVideo
+{
+    float Y;
+    std::string_view Etichetta;
+    std::string Valore;
+    std::string Quota;
+};
+
+// The ten outcomes in the order of RigheGenerali; the combined ones are called shorter here.
+struct PostoEsito
+{
+    float Y;
+    std::string_view Etichetta;
+};
+
+constexpr std::array<PostoEsito, 10> PostiEsiti = {{
+    {2400, "Vincite Nero:"},
+    {2700, "Vincite Rosso:"},
+    {3000, "Colpi pari:"},
+    {3300, "Vincite Colore:"},
+    {3600, "Vincite Inverso:"},
+    {3900, "31 après:"},
+    {4300, "Nero-Colore:"},
+    {4600, "Nero-Inverso:"},
+    {4900, "Rosso-Colore:"},
+    {5200, "Rosso-Inverso:"},
+}};
+
+std::vector<RigaVideo> Tabella(double numeroTaglie, const TotaliReport& totali)
+{
+    const Separatori& cifre = AmbienteInUso.Cifre;
+    std::vector<RigaVideo> righe;
+    righe.push_back({1500, "Taglie:", MigliaiaConZero(std::llround(numeroTaglie), cifre), {}});
+    righe.push_back({1800, "Colpi totali:", MigliaiaConZero(totali.Colpi, cifre),
+                     DueDecimali(Rapporto(totali.Colpi, numeroTaglie), cifre)});
+    righe.push_back(
+        {2100, "Carte utilizzate:", MigliaiaConZero(totali.CarteUsate, cifre),
+         Percento(Rapporto(totali.CarteUsate, numeroTaglie, modCarte::CarteTaglia), cifre)});
+    for (std::size_t i = 0; i < PostiEsiti.size(); ++i) {
+        const std::int64_t totale = totali.*RigheGenerali[i].Totale;
+        righe.push_back({PostiEsiti[i].Y, PostiEsiti[i].Etichetta, MigliaiaConZero(totale, cifre),
+                         Percento(Rapporto(totale, totali.Colpi), cifre)});
+    }
+    return righe;
+}
+
+void DisegnaTitolo(Superficie& superficie)
+{
+    constexpr Colore grigio{127, 127, 127};
+    constexpr Colore rosso{255, 0, 0};
+    constexpr Colore nero{0, 0, 0};
+    constexpr std::int32_t punti = 20;
+    superficie.ImpostaFont("Arial Black", punti, Vero);
+    superficie.ImpostaPosizione(1120, 180);
+    superficie.ImpostaColoreTesto(grigio);
+    superficie.Stampa("SCALVINO");
+    superficie.ImpostaPosizione(1100, 160);
+    superficie.ImpostaColoreTesto(rosso);
+    superficie.Stampa("SCALVINO");
+    superficie.ImpostaColoreTesto(nero);
+}
+
+// Column after column: all labels, all values, all shares.
+void DisegnaTabella(Superficie& superficie, const std::vector<RigaVideo>& righe)
+{
+    PrintSemplice(superficie, "Simulazione taglie", XTitoletto, 750, Faccia, AltezzaTitoletto);
+    PrintSemplice(superficie, "Statistiche generali", XTitoletto, 1050, Faccia, AltezzaTitoletto);
+    for (const auto& riga : righe) {
+        PrintSemplice(superficie, riga.Etichetta, XEtichetta, riga.Y, Faccia, AltezzaRiga);
+    }
+    for (const auto& riga : righe) {
+        PrintSemplice(superficie, riga.Valore, XValore, riga.Y, Faccia, AltezzaRiga);
+    }
+    for (const auto& riga : righe) {
+        if (riga.Quota.empty()) continue;
+        PrintSemplice(superficie, riga.Quota, XQuota, riga.Y, Faccia, AltezzaRiga);
+    }
+}
+
+} // namespace
+
+std::optional<TotaliReport> StatisticheVideo(double numeroTaglie, Superficie& superficie,
+                                             const EtichettaStato& etichettaStato)
+{
+    TaglieDaFare(numeroTaglie); // refuses a bad number before the old report is gone
+    if (!AmbienteInUso.Cartella.empty()) TogliFile(PercorsoReport(NomeTxt));
+    const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);
+    if (!totali) return std::nullopt;
+
+    // All numbers before the first stroke: a percentage of nothing leaves the picture alone.
+    const auto righe = Tabella(numeroTaglie, *totali);
+    superficie.Pulisci();
+    DisegnaTitolo(superficie);
+    DisegnaTabella(superficie, righe);
+    superficie.Aggiorna();
+    return totali;
+}
+
+} // namespace Stampe

@@ -1,0 +1,191 @@
+"""A display of one's own with a small window manager, and the hands of a user on it.
+
+The environment names what is tested: SCALVINO the program, ARTEFATTI the folder that keeps the
+screenshots, LOCPATH the folder of the locales made for the tests. Needs Xvfb, openbox, xdotool,
+wmctrl and ImageMagick's import.
+"""
+
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+SCALVINO = Path(os.environ["SCALVINO"]).resolve()
+ARTEFATTI = Path(os.environ["ARTEFATTI"])
+
+# Patience with a loaded machine; nothing that goes well waits for it.
+ATTESA = 60
+
+# Middles of the controls, in pixels of the window at 100%.
+POSTI = {
+    "numTaglie": (158, 45), "optStampa0": (54, 104), "optStampa1": (54, 128),
+    "optStampa2": (54, 152), "optStampa3": (54, 175), "chkStat": (55, 200),
+    "cmdTaglie": (120, 241), "cmdMescola": (118, 303), "cmdColpo": (118, 340),
+    "cmdCancel": (118, 378), "cmdHelp": (120, 427), "cmdExit": (736, 429), "picCard": (500, 215),
+}
+
+
+def aspetta(condizione, cosa, secondi=ATTESA, passo=0.01):
+    """Waits until the condition holds and returns its value; fails naming the thing."""
+    fine = time.monotonic() + secondi
+    while True:
+        valore = condizione()
+        if valore:
+            return valore
+        if time.monotonic() > fine:
+            raise AssertionError(f"non è mai accaduto: {cosa}")
+        time.sleep(passo)
+
+
+def leggi(*comando, **opzioni):
+    return subprocess.run(comando, capture_output=True, text=True, check=False, **opzioni).stdout
+
+
+class Schermo:
+    """Xvfb with openbox; ends both at close()."""
+
+    def __init__(self, larghezza=1700, altezza=1050):
+        leggere, scrivere = os.pipe()
+        self.xvfb = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(scrivere), "-screen", "0", f"{larghezza}x{altezza}x24",
+             "-nolisten", "tcp"], pass_fds=[scrivere], stderr=subprocess.DEVNULL)
+        os.close(scrivere)
+        with os.fdopen(leggere) as canale:
+            self.nome = ":" + canale.readline().strip()
+        self.ambiente = {k: v for k, v in os.environ.items()
+                         if not k.startswith(("LC_", "QT_")) and k not in ("LANG", "LANGUAGE",
+                                                                           "WAYLAND_DISPLAY")}
+        self.casa = tempfile.mkdtemp(prefix="schermo.")
+        self.ambiente.update(DISPLAY=self.nome, LC_ALL="it_IT.UTF-8", XDG_RUNTIME_DIR=self.casa,
+                             HOME=self.casa, QT_QPA_PLATFORM="xcb")
+        self.openbox = subprocess.Popen(["openbox", "--sm-disable"], env=self.ambiente,
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        aspetta(lambda: "_NET_SUPPORTING_WM_CHECK" in self.fa("xprop", "-root"), "openbox")
+
+    def fa(self, *comando):
+        return leggi(*comando, env=self.ambiente)
+
+    def close(self):
+        for processo in (self.openbox, self.xvfb):
+            processo.terminate()
+            processo.wait()
+        shutil.rmtree(self.casa, ignore_errors=True)
+
+
+class Finestra:
+    """The program running on a display, in a temporary folder of its own."""
+
+    def __init__(self, schermo, scala=1, programma=SCALVINO, **variabili):
+        self.schermo = schermo
+        self.scala = scala
+        self.base = Path(tempfile.mkdtemp(prefix="finestra."))
+        self.cartella = self.base / "tmp"
+        self.cartella.mkdir()
+        self.registro = self.base / "aperti"
+        self._apritore()
+        ambiente = {**schermo.ambiente, "TMPDIR": str(self.cartella),
+                    "QT_SCALE_FACTOR": str(scala),
+                    "PATH": f"{self.base}:{schermo.ambiente['PATH']}", **variabili}
+        with (self.base / "errori").open("wb") as errori:
+            self.processo = subprocess.Popen([programma], cwd=self.base, env=ambiente,
+                                             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                             stderr=errori)
+
+    def _apritore(self):
+        """The desktop's handler, which only writes down what it is to open."""
+        apri = self.base / "xdg-open"
+        apri.write_text(f'#!/bin/sh\nprintf "%s\\n" "$#" "$@" >>{self.registro}\n')
+        apri.chmod(0o755)
+
+    def aperti(self):
+        """The paths that were opened, each given as the one argument."""
+        righe = self.registro.read_text().split("\n")[:-1] if self.registro.exists() else []
+        assert righe[::2] == ["1"] * (len(righe) // 2), righe
+        return righe[1::2]
+
+    def finestre(self):
+        """(id, title) of the windows of the program that are on the screen."""
+        righe = self.schermo.fa("wmctrl", "-l", "-p").splitlines()
+        campi = [riga.split(None, 4) for riga in righe]
+        return [(c[0], c[4]) for c in campi if len(c) == 5 and c[2] == str(self.processo.pid)]
+
+    def pronta(self):
+        # Of the window and a box on it, which share the title, the window comes first.
+        self.id = aspetta(self.finestre, "la finestra")[0][0]
+        self.schermo.fa("xdotool", "windowactivate", "--sync", self.id)
+        return self
+
+    def clicca(self, nome):
+        x, y = (round(v * self.scala) for v in POSTI[nome])
+        self.schermo.fa("xdotool", "mousemove", "--window", self.id, str(x), str(y), "click", "1")
+
+    def tasti(self, *tasti):
+        self.schermo.fa("xdotool", "key", "--clearmodifiers", *tasti)
+
+    def scrivi(self, testo):
+        """Replaces the number: a click into the field selects it."""
+        self.clicca("numTaglie")
+        time.sleep(0.1)
+        self.tasti("Home", "shift+End")
+        self.schermo.fa("xdotool", "type", testo)
+
+    def fotografa(self, nome=None, id=None):
+        """A picture of the window; kept under this name."""
+        percorso = (ARTEFATTI if nome else self.base) / f"{nome or 'foto'}.png"
+        percorso.parent.mkdir(parents=True, exist_ok=True)
+        self.schermo.fa("import", "-window", id or self.id, str(percorso))
+        return percorso
+
+    def colore(self, x, y):
+        """The colour at a pixel of the layout, "#RRGGBB"."""
+        foto = self.fotografa()
+        punto = f"1x1+{int(x * self.scala)}+{int(y * self.scala)}"
+        testo = self.schermo.fa("convert", str(foto), "-crop", punto, "+repage", "-depth", "8",
+                                "txt:-")
+        return testo.split("#")[2][:6].upper()
+
+    def zona(self, x, y, larghezza, altezza):
+        """A part of the window as bytes, to see whether it changed."""
+        foto = self.fotografa()
+        x, y, larghezza, altezza = (int(v * self.scala) for v in (x, y, larghezza, altezza))
+        return subprocess.run(
+            ["convert", str(foto), "-crop", f"{larghezza}x{altezza}+{x}+{y}", "rgb:-"],
+            capture_output=True, check=True).stdout
+
+    def tavolo(self):
+        return self.zona(225, 21, 550, 388)
+
+    def stato(self):
+        """The status line."""
+        return self.zona(228, 418, 465, 18)
+
+    def chiudi(self):
+        """The close button."""
+        self.schermo.fa("wmctrl", "-i", "-c", self.id)
+
+    def esito(self):
+        return self.processo.wait(timeout=ATTESA)
+
+    def close(self):
+        if self.processo.poll() is None:
+            self.processo.send_signal(signal.SIGKILL)
+            self.processo.wait()
+        shutil.rmtree(self.base, ignore_errors=True)
+
+
+class Prova(unittest.TestCase):
+    """A test with a display, shared by its class."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.schermo = Schermo()
+        cls.addClassCleanup(cls.schermo.close)
+
+    def avvia(self, *argomenti, **variabili):
+        finestra = Finestra(self.schermo, *argomenti, **variabili)
+        self.addCleanup(finestra.close)
+        return finestra

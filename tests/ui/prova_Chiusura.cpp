@@ -1,0 +1,320 @@
+// Closing, whichever way and whenever: the files of the program go, once, and nothing else does.
+
+#include "Applicazione.h"
+#include "Finestra.h"
+#include "LibreriaCarte.h"
+#include "Messaggi.h"
+#include "Segnali.h"
+#include "Stampe.h"
+#include "Utente.h"
+
+#include <QApplication>
+#include <QClipboard>
+
+#include <fstream>
+#include <functional>
+#include <new>
+
+#include <unistd.h>
+
+using namespace aiuti;
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::vector<std::string> Nostri = {"scalvino.htm", "taglie.htm", "taglie.pdf", "taglie.txt"};
+
+void Crea(const fs::path& percorso)
+{
+    std::ofstream(percorso) << "qualcosa";
+}
+
+// Runs the program's event loop with this as its first event, until something ends it; returns the
+// program's exit code.
+int Esegui(const std::function<void()>& primo)
+{
+    auto* applicazione = static_cast<Applicazione*>(QCoreApplication::instance());
+    QTimer::singleShot(0, applicazione, primo);
+    QApplication::exec();
+    const int codice = applicazione->CodiceUscita();
+    applicazione->DimenticaGuasto();
+    return codice;
+}
+
+// Root may delete everything: while this lives, the process has an ordinary user's rights.
+class SenzaDiritti
+{
+public:
+    SenzaDiritti()
+    {
+        if (SonoRadice()) {
+            EXPECT_EQ(::seteuid(Nessuno), 0);
+        }
+        EXPECT_NE(::geteuid(), 0U);
+    }
+    ~SenzaDiritti()
+    {
+        if (::getuid() == 0) {
+            EXPECT_EQ(::seteuid(0), 0);
+        }
+    }
+    SenzaDiritti(const SenzaDiritti&) = delete;
+    SenzaDiritti& operator=(const SenzaDiritti&) = delete;
+};
+
+// A started library draws, a stopped one does not.
+bool LibreriaAvviata()
+{
+    Tela tela{QImage(100, 100, QImage::Format_RGB32), 1};
+    tela.Immagine.fill(Qt::black);
+    cdtDraw(tela, 0, 0, 0, ModoFaccia, {127, 127, 127});
+    return tela.Immagine.pixelColor(35, 10) != QColor(Qt::black);
+}
+
+} // namespace
+
+TEST_F(Finestra, ChiudereTogliePaginaEReport)
+{
+    for (const auto& nome : Nostri) Crea(ambiente.Cartella.File(nome));
+    Crea(ambiente.Cartella.File("altro.txt"));
+    Crea(ambiente.Cartella.File("taglie.csv"));
+    EXPECT_TRUE(LibreriaAvviata());
+    EXPECT_TRUE(finestra->close());
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_EQ(ambiente.Cartella.Contenuto(), (std::vector<std::string>{"altro.txt", "taglie.csv"}));
+    EXPECT_FALSE(LibreriaAvviata());
+}
+
+TEST_F(Finestra, SenzaFileSiFermaLoStessoLaLibreria)
+{
+    EXPECT_TRUE(finestra->close());
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+    EXPECT_FALSE(LibreriaAvviata());
+}
+
+TEST_F(Finestra, EsciChiudeAncheAMetaPartita)
+{
+    Clicca("cmdMescola");
+    Clicca("cmdColpo");
+    Clicca("cmdExit");
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_FALSE(finestra->isVisible());
+    EXPECT_FALSE(LibreriaAvviata());
+}
+
+TEST_F(Finestra, IPassiDiChiusuraSiFannoUnaVoltaSola)
+{
+    EXPECT_TRUE(finestra->close());
+    Crea(ambiente.Cartella.File("taglie.txt"));
+    finestra->show();
+    EXPECT_TRUE(finestra->close());
+    EXPECT_EQ(ambiente.Cartella.Contenuto(), std::vector<std::string>{"taglie.txt"});
+}
+
+TEST_F(Finestra, UnaCartellaAlPostoDelleNostreResta)
+{
+    for (const auto& nome : Nostri) fs::create_directory(ambiente.Cartella.File(nome));
+    EXPECT_TRUE(finestra->close());
+    EXPECT_EQ(ambiente.Cartella.Contenuto(), Nostri);
+}
+
+TEST_F(Finestra, UnLegameSiToglieSenzaCioACuiPorta)
+{
+    const fs::path altrove = ambiente.Cartella.File("altrove");
+    Crea(altrove);
+    fs::create_symlink(altrove, ambiente.Cartella.File("scalvino.htm"));
+    EXPECT_TRUE(finestra->close());
+    EXPECT_EQ(ambiente.Cartella.Contenuto(), std::vector<std::string>{"altrove"});
+}
+
+TEST_F(Finestra, CioCheEDiUnAltroNonSiTocca)
+{
+    ASSERT_TRUE(SonoRadice()) << "needs root to give a file away";
+    for (const auto& nome : Nostri) {
+        Crea(ambiente.Cartella.File(nome));
+        Affida(ambiente.Cartella.File(nome), Nessuno);
+    }
+    Clicca("cmdHelp");
+    EXPECT_TRUE(ambiente.Aperti.empty());
+    EXPECT_TRUE(finestra->close());
+    EXPECT_EQ(ambiente.Cartella.Contenuto(), Nostri);
+    EXPECT_EQ(Byte(ambiente.Cartella.File("scalvino.htm")), "qualcosa");
+}
+
+// The help page cannot be deleted: that surfaces, but only after all the other steps.
+TEST_F(Finestra, UnGuastoNellaPaginaNonFermaGliAltriPassi)
+{
+    const SenzaDiritti senza;
+    CartellaDiProva chiusa;
+    Crea(chiusa.File("scalvino.htm"));
+    fs::permissions(chiusa.Nome(), fs::perms::owner_read | fs::perms::owner_exec);
+    Stampe::AmbienteInUso.Cartella = chiusa.Nome();
+    Risponditore mano;
+    EXPECT_EQ(Esegui([this] { finestra->close(); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_NE(mano.Visti[0].Testo.find("scalvino.htm"), std::string::npos);
+    EXPECT_FALSE(LibreriaAvviata());
+    EXPECT_EQ(chiusa.Contenuto(), std::vector<std::string>{"scalvino.htm"});
+    fs::permissions(chiusa.Nome(), fs::perms::owner_all);
+}
+
+// ---- In the middle of a run ------------------------------------------------------------------
+
+TEST_F(Finestra, ChiudereDuranteUnGiroLoFerma)
+{
+    for (const std::size_t forma : {FormaHtml, FormaPdf, FormaTxt, FormaVideo}) {
+        SCOPED_TRACE(forma);
+        Form1 altra;
+        altra.ImpostaAmbiente();
+        auto& inUso = Stampe::AmbienteInUso;
+        inUso.Cartella = ambiente.Cartella.Nome();
+        inUso.Apri = [this](const std::string& percorso, StileFinestra) {
+            ambiente.Aperti.push_back(percorso);
+        };
+        ASSERT_TRUE(altra.Carica());
+        altra.show();
+        Crea(ambiente.Cartella.File("scalvino.htm"));
+        altra.findChild<QCheckBox*>(QStringLiteral("chkStat"))->setChecked(true);
+        altra.findChild<QRadioButton*>(QStringLiteral("optStampa%1").arg(forma))->setChecked(true);
+        altra.findChild<QLineEdit*>(QStringLiteral("numTaglie"))->setText(QStringLiteral("9000"));
+        int giri = 0;
+        bool paginaAllora = false;
+        inUso.Cedi = [&] {
+            if (++giri == 3) {
+                EXPECT_TRUE(altra.close());
+                EXPECT_FALSE(altra.isVisible());
+                paginaAllora = fs::exists(ambiente.Cartella.File("scalvino.htm"));
+            }
+            QCoreApplication::processEvents();
+        };
+        altra.findChild<QPushButton*>(QStringLiteral("cmdTaglie"))->click();
+        EXPECT_EQ(giri, 3);
+        EXPECT_TRUE(paginaAllora); // the closing steps waited for the run
+        EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+        EXPECT_TRUE(ambiente.Aperti.empty());
+        EXPECT_FALSE(LibreriaAvviata());
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    }
+    Stampe::AmbienteInUso.Cedi = nullptr;
+    Stampe::AmbienteInUso.Fermare = [] { return false; };
+    std::int32_t misura = 0;
+    cdtInit(misura, misura);
+}
+
+TEST_F(Finestra, ChiudereDuranteUnReportCompletoLoLasciaFinire)
+{
+    Stampe::AmbienteInUso.TagliaFatta = [this](std::int64_t taglia) {
+        if (taglia == 1) {
+            QMetaObject::invokeMethod(finestra.get(), &QWidget::close, Qt::QueuedConnection);
+        }
+    };
+    Scegli(FormaTxt, false);
+    Scrivi("4");
+    Clicca("cmdTaglie");
+    EXPECT_EQ(ambiente.Aperti.size(), 1U); // it was finished and opened
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+}
+
+TEST_F(Finestra, ChiudereConUnaDomandaApertaNonAvviaIlGiro)
+{
+    Risponditore mano(QMessageBox::NoButton);
+    mano.Guarda = [](QMessageBox&) { QApplication::closeAllWindows(); };
+    Scegli(FormaTxt, true);
+    Scrivi("10001");
+    Clicca("cmdTaglie");
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_TRUE(ambiente.Aperti.empty());
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+}
+
+TEST_F(Finestra, UnaRichiestaDaFuoriFermaIlGiro)
+{
+    Scegli(FormaTxt, true);
+    Scrivi("9000");
+    int giri = 0;
+    Stampe::AmbienteInUso.Cedi = [&] {
+        if (++giri == 4) ImpostaInterruzione(true);
+        QCoreApplication::processEvents();
+    };
+    Clicca("cmdTaglie");
+    ImpostaInterruzione(false);
+    EXPECT_EQ(giri, 4);
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+}
+
+// ---- Failures --------------------------------------------------------------------------------
+
+TEST_F(Finestra, UnGuastoDelReportFinisceIlProgramma)
+{
+    fs::create_directory(ambiente.Cartella.File("taglie.txt"));
+    Crea(ambiente.Cartella.File("scalvino.htm"));
+    Risponditore mano;
+    Scegli(FormaTxt, false);
+    EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
+    EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Critical);
+    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 75: ")) << mano.Visti[0].Testo;
+    EXPECT_NE(mano.Visti[0].Testo.find("taglie.txt"), std::string::npos);
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_EQ(ambiente.Cartella.Contenuto(), std::vector<std::string>{"taglie.txt"});
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Finestra, UnTestoIncollatoCheNonENumeroFinisceIlProgramma)
+{
+    Risponditore mano;
+    QApplication::clipboard()->setText(QStringLiteral("dieci"));
+    EXPECT_EQ(Esegui([this] { QTest::keyClick(Numero(), Qt::Key_Insert, Qt::ShiftModifier); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 13: ")) << mano.Visti[0].Testo;
+    EXPECT_TRUE(finestra->Chiusa());
+}
+
+TEST_F(Finestra, UnGuastoInUnaTagliaFinisceIlProgrammaDopoAverSbloccato)
+{
+    Risponditore mano;
+    Scegli(FormaHtml, true);
+    Scrivi("5");
+    Stampe::AmbienteInUso.PreparaTaglia = [](std::int64_t taglia) {
+        if (taglia == 3) throw std::bad_alloc();
+        modCarte::MescolaMazzo();
+    };
+    EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 7: ")) << mano.Visti[0].Testo;
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+}
+
+// A failure out of an event that comes in the middle of a run.
+TEST_F(Finestra, UnGuastoDuranteUnGiroLoFermaESiDiceUnaVoltaSola)
+{
+    Risponditore mano;
+    Scegli(FormaTxt, true);
+    Scrivi("9000");
+    int giri = 0;
+    Stampe::AmbienteInUso.Cedi = [&] {
+        if (++giri == 4) {
+            QTimer::singleShot(0, finestra.get(),
+                               [this] { Numero()->setText(QStringLiteral("dieci")); });
+        }
+        QCoreApplication::processEvents();
+    };
+    EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_EQ(giri, 4);
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+    EXPECT_FALSE(LibreriaAvviata());
+}
+
+TEST(Errori, IlMessaggioDiceNumeroTestoFileEMotivo)
+{
+    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::TipoNonCorrispondente)),
+              "Errore 13: " + std::string(TestoErrore(NumeroErrore::TipoNonCorrispondente)) + ".");
+    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::DiscoPieno, "non c'è posto", "/x/y")),
+              "Errore 61: " + std::string(TestoErrore(NumeroErrore::DiscoPieno)) +
+                  ".\r/x/y\rnon c'è posto");
+}

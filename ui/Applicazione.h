@@ -1,0 +1,41 @@
+// The application object: the one place where whatever surfaces is shown and ends the program.
+#pragma once
+
+#include "ErroreRuntime.h"
+
+#include <QApplication>
+
+#include <exception>
+
+class Applicazione : public QApplication
+{
+    Q_OBJECT
+public:
+    // Reads Qt's own arguments. Numbers stay those of the "C" locale, texts of Qt are Italian.
+    Applicazione(int& argc, char** argv);
+
+    // Delivers an event; an exception out of its handler ends the program through Fallisci.
+    bool notify(QObject* ricevente, QEvent* evento) override;
+
+    // Shows one message box about the failure, closes all windows (with their closing steps) and
+    // leaves the event loop. Later failures are not shown any more: they follow from the first.
+    void Fallisci(const ErroreRuntime& errore);
+
+    // The failure being handled now, as a run-time error. Call it inside a catch block.
+    static ErroreRuntime ErroreInCorso();
+
+    // What the program returns: 0 until something failed.
+    int CodiceUscita() const { return m_codice; }
+
+    // As if nothing had failed yet. For tests.
+    void DimenticaGuasto() { m_codice = 0; }
+
+    // From now on a polite request from outside (log-out, Ctrl-C on the terminal) closes all
+    // windows like their close buttons. Call it once.
+    void ObbedisciAiSegnali();
+
+    static constexpr int UscitaErrore = 1;
+
+private:
+    int m_codice = 0;
+};

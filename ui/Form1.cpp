@@ -1,0 +1,161 @@
+#include "Form1.h"
+
+#include "Ambiente.h"
+#include "ErroreRuntime.h"
+#include "FileNuovo.h"
+#include "Generale.h"
+#include "LibreriaCarte.h"
+#include "Messaggi.h"
+#include "Misure.h"
+#include "Percorsi.h"
+#include "Segnali.h"
+#include "Separatori.h"
+#include "Stampe.h"
+#include "Testi.h"
+#include "modCarte.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+#include <exception>
+#include <functional>
+#include <string>
+
+Form1::Form1()
+{
+    constexpr int larghezza = 11760; // twips
+    constexpr int altezza = 6765;
+    InizializzaControlliComuni();
+    setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(InQt(NomeProgramma));
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                   Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
+    setFixedSize(Pixel(larghezza), Pixel(altezza));
+    CreaControlli();
+    OrdinaFuoco();
+    CollegaComandi();
+    m_tavolo = picCard;
+    numTaglie->setFocus();
+}
+
+void Form1::CollegaComandi()
+{
+    connect(cmdMescola, &QPushButton::clicked, this, &Form1::cmdMescola_Click);
+    connect(cmdColpo, &QPushButton::clicked, this, &Form1::cmdColpo_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &Form1::cmdCancel_Click);
+    connect(cmdTaglie, &QPushButton::clicked, this, &Form1::cmdTaglie_Click);
+    connect(cmdHelp, &QPushButton::clicked, this, &Form1::cmdHelp_Click);
+    connect(cmdExit, &QPushButton::clicked, this, &Form1::cmdExit_Click);
+    connect(chkStat, &QCheckBox::stateChanged, this, &Form1::chkStat_Click);
+    connect(numTaglie, &QLineEdit::textChanged, this, &Form1::numTaglie_Change);
+    numTaglie->installEventFilter(this);
+}
+
+bool Form1::Carica()
+{
+    SistemaMenu = MenuDiSistema(winId());
+    TogliComando(SistemaMenu, ComandoDimensiona, PerComando);
+    try {
+        cdtInit(LarghezzaCarta, AltezzaCarta);
+        MostraTitolo();
+    } catch (const ErroreRuntime& errore) {
+        if (errore.Numero() != NumeroErrore::FileNonTrovato) return true;
+        MsgBox(nullptr, "La libreria CARDS.DLL non è presente nel sistema.", QMessageBox::Warning);
+        return false;
+    } catch (const std::exception&) {
+        // Whatever else goes wrong here, the window opens and can be used.
+    }
+    return true;
+}
+
+void Form1::ImpostaAmbiente()
+{
+    Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
+    ambiente.Cartella = PercorsoTemp();
+    ambiente.Cifre = SeparatoriUtente();
+    ambiente.Fermare = [this] { return m_fermata || m_chiusa || InterruzioneChiesta(); };
+    ambiente.Cedi = [this] { Cedi(); };
+    ambiente.Avvisa = [this](const Stampe::Messaggio& messaggio) {
+        const bool esclama = messaggio.Figura == Stampe::Icona::Esclamazione;
+        MsgBox(this, messaggio.Testo, esclama ? QMessageBox::Warning : QMessageBox::Information,
+               QMessageBox::Ok, messaggio.Titolo);
+    };
+    ambiente.Apri = [](const std::string& percorso, StileFinestra stile) {
+        ApriConShell(percorso, stile);
+    };
+    Stampe::AmbienteInUso = std::move(ambiente);
+}
+
+// Escape reaches the window only while all controls are locked, that is in a run.
+void Form1::keyPressEvent(QKeyEvent* evento)
+{
+    if (m_inCorso && evento->key() == Qt::Key_Escape) m_fermata = true;
+    else QWidget::keyPressEvent(evento);
+}
+
+bool Form1::eventFilter(QObject* oggetto, QEvent* evento)
+{
+    if (oggetto == numTaglie && FiltraNumero(evento)) return true;
+    return QWidget::eventFilter(oggetto, evento);
+}
+
+// On every click, and whatever else changes the box.
+void Form1::chkStat_Click()
+{
+    if (ValoreStat() == 1) {
+        optStampa[FormaVideo]->setEnabled(true);
+        return;
+    }
+    if (optStampa[FormaVideo]->isChecked()) optStampa[FormaHtml]->setChecked(true);
+    optStampa[FormaVideo]->setEnabled(false);
+}
+
+// ---- Closing ---------------------------------------------------------------------------------
+
+// Closing is never refused, not even in a run: the window goes at once, the run ends at its next
+// yield, and only then do the closing steps follow, since it may still hold a report open.
+void Form1::closeEvent(QCloseEvent* evento)
+{
+    evento->accept();
+    m_chiusa = true;
+    if (!m_inCorso) Chiudi();
+}
+
+namespace {
+
+// What somebody else has put there in its place counts as absent.
+bool NostroOAssente(const std::string& percorso)
+{
+    try {
+        PretendiSostituibile(percorso);
+        return true;
+    } catch (const ErroreRuntime&) {
+        return false;
+    }
+}
+
+void EliminaGuida()
+{
+    const std::string percorso = Stampe::PercorsoReport(Generale::NomeGuida);
+    if (modCarte::FileEsiste(percorso) != Falso && NostroOAssente(percorso)) TogliFile(percorso);
+}
+
+} // namespace
+
+void Form1::Chiudi()
+{
+    if (m_chiusuraFatta) return;
+    m_chiusuraFatta = true;
+    std::exception_ptr primo;
+    for (const auto& passo : std::initializer_list<std::function<void()>>{
+             EliminaGuida, Stampe::EliminaReport, cdtTerm}) {
+        try {
+            passo();
+        } catch (...) {
+            // One failing step must not keep the others from running.
+            if (!primo) primo = std::current_exception();
+        }
+    }
+    if (primo) std::rethrow_exception(primo);
+}

@@ -1,0 +1,99 @@
+// One shoe played coup by coup, and the lock on all commands.
+
+#include "Form1.h"
+
+#include "ErroreRuntime.h"
+#include "Schermate.h"
+#include "Testi.h"
+#include "modCarte.h"
+
+#include <QGuiApplication>
+
+#include <string>
+
+namespace {
+
+// The record at this index of the shoe, split; error 9 outside it.
+const std::string& Record(std::int16_t indice)
+{
+    const auto& colpi = modCarte::Colpi;
+    const auto posto = static_cast<std::size_t>(indice);
+    if (indice < 0 || posto >= colpi.size()) {
+        throw ErroreRuntime(NumeroErrore::IndiceFuoriIntervallo);
+    }
+    return colpi[posto];
+}
+
+bool EUltimo(std::int16_t indice)
+{
+    return static_cast<std::size_t>(indice) + 1 == modCarte::Colpi.size();
+}
+
+} // namespace
+
+void Form1::cmdMescola_Click()
+{
+    MostraStato("Scalvino - Programma freeware - Versione " + std::string(VersioneProgramma));
+    cmdColpo->setEnabled(true);
+    cmdCancel->setEnabled(true);
+    // Before the button is locked: the focus must not wander off to the next one.
+    cmdColpo->setFocus();
+    cmdMescola->setEnabled(false);
+    m_tavolo->Pulisci();
+    modCarte::SimulaTaglia();
+    schermate::NuovaTaglia(*m_tavolo);
+    m_tavolo->Aggiorna();
+    colpoCorrente = 1;
+}
+
+void Form1::cmdColpo_Click()
+{
+    if (EUltimo(colpoCorrente)) {
+        UltimoColpo();
+        return;
+    }
+    m_tavolo->Pulisci();
+    schermate::Colpo(*m_tavolo, colpoCorrente, modCarte::DividiColpo(Record(colpoCorrente)));
+    m_tavolo->Aggiorna();
+    ++colpoCorrente;
+}
+
+void Form1::UltimoColpo()
+{
+    m_tavolo->Pulisci();
+    cmdCancel->setFocus();
+    cmdColpo->setEnabled(false);
+    schermate::FineTaglia(*m_tavolo, colpoCorrente, modCarte::DividiColpo(Record(colpoCorrente)),
+                          modCarte::Statistiche);
+    m_tavolo->Aggiorna();
+    ++colpoCorrente;
+}
+
+void Form1::cmdCancel_Click()
+{
+    MostraStato("");
+    cmdMescola->setEnabled(true);
+    cmdMescola->setFocus();
+    cmdColpo->setEnabled(false);
+    cmdCancel->setEnabled(false);
+    MostraTitolo();
+}
+
+void Form1::AbilitaComandi(const Flag& abilita)
+{
+    const bool si = abilita != Falso;
+    for (QWidget* comando : std::initializer_list<QWidget*>{
+             Label1, numTaglie, optStampa[FormaHtml], optStampa[FormaPdf], optStampa[FormaTxt],
+             chkStat, cmdTaglie, cmdMescola}) {
+        comando->setEnabled(si);
+    }
+    cmdColpo->setEnabled(false);
+    cmdCancel->setEnabled(false);
+    for (QWidget* comando :
+         std::initializer_list<QWidget*>{cmdHelp, cmdExit, Frame1, Frame2, Frame3}) {
+        comando->setEnabled(si);
+    }
+    optStampa[FormaVideo]->setEnabled(si && ValoreStat() == 1);
+    repaint(); // what the user sees must not wait for the end of a report
+    QGuiApplication::sync();
+}

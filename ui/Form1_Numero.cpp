@@ -1,0 +1,130 @@
+// The field with the number of shoes.
+
+#include "Form1.h"
+
+#include "Ambiente.h"
+#include "NumeroUtente.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QChar Invio(13);
+constexpr QChar Annulla(27);
+
+bool Cifra(QChar carattere)
+{
+    return carattere >= QLatin1Char('0') && carattere <= QLatin1Char('9');
+}
+
+// Digits and, as editing keys, backspace, tab, line feed and delete.
+bool Passa(QChar carattere)
+{
+    const auto codice = carattere.unicode();
+    constexpr char16_t cancella = 0x7F;
+    return Cifra(carattere) || codice == 8 || codice == 9 || codice == 10 || codice == cancella;
+}
+
+bool SoloCifre(const QString& testo)
+{
+    return std::all_of(testo.begin(), testo.end(), Cifra);
+}
+
+// The window was left or a menu opened: the field keeps its place and its selection.
+bool Passeggero(Qt::FocusReason motivo)
+{
+    return motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason;
+}
+
+} // namespace
+
+bool Form1::FiltraNumero(QEvent* evento)
+{
+    switch (evento->type()) {
+    case QEvent::KeyPress:
+        return numTaglie_KeyPress(static_cast<QKeyEvent*>(evento));
+    case QEvent::InputMethod:
+        return FiltraScrittura(static_cast<QInputMethodEvent*>(evento));
+    case QEvent::FocusIn:
+        numTaglie_GotFocus(static_cast<QFocusEvent*>(evento)->reason());
+        return false;
+    case QEvent::FocusOut:
+        numTaglie_LostFocus(static_cast<QFocusEvent*>(evento)->reason());
+        return false;
+    case QEvent::MouseButtonRelease:
+        // The press has put the caret somewhere; a click selects all, dragging selects a part.
+        if (m_clicDaFinire && !numTaglie->hasSelectedText()) SelezionaNumero();
+        m_clicDaFinire = false;
+        return false;
+    default:
+        return false;
+    }
+}
+
+// By the characters that a key gives, not by the key: layouts differ.
+bool Form1::numTaglie_KeyPress(QKeyEvent* evento)
+{
+    const QString testo = evento->text();
+    // Tab backwards gives one character or another, or none, depending on the platform.
+    if (testo.isEmpty() || evento->key() == Qt::Key_Backtab) return false;
+    if ((evento->modifiers() & Qt::AltModifier) != 0) {
+        evento->ignore(); // a command of the window or the desktop, not a character of the field
+        return true;
+    }
+    if (testo == Invio) {
+        focusNextChild();
+        return true;
+    }
+    if (testo == Annulla) {
+        focusPreviousChild();
+        return true;
+    }
+    return !std::all_of(testo.begin(), testo.end(), Passa);
+}
+
+// Dead keys and composed characters come this way, past every key press.
+bool Form1::FiltraScrittura(QInputMethodEvent* evento)
+{
+    return !SoloCifre(evento->commitString()) || !SoloCifre(evento->preeditString());
+}
+
+void Form1::numTaglie_GotFocus(Qt::FocusReason motivo)
+{
+    const bool ritorno = m_fuocoSospeso && Passeggero(motivo);
+    m_fuocoSospeso = false;
+    if (ritorno) return;
+    m_clicDaFinire = motivo == Qt::MouseFocusReason;
+    SelezionaNumero();
+}
+
+void Form1::numTaglie_LostFocus(Qt::FocusReason motivo)
+{
+    m_fuocoSospeso = Passeggero(motivo);
+    const QString testo = numTaglie->text();
+    if (testo.isEmpty() || testo == QLatin1String("0")) numTaglie->setText(QStringLiteral("1"));
+}
+
+void Form1::SelezionaNumero()
+{
+    numTaglie->selectAll();
+}
+
+void Form1::numTaglie_Change()
+{
+    const QString testo = numTaglie->text();
+    if (testo.isEmpty() || testo == QLatin1String("0")) {
+        numTaglie->setText(QStringLiteral("1")); // comes back here with the new text
+        SelezionaNumero();
+        return;
+    }
+    cmdTaglie->setText(NumeroTaglie() <= 1 ? QStringLiteral("Simula taglia")
+                                           : QStringLiteral("Simula taglie"));
+}
+
+double Form1::NumeroTaglie() const
+{
+    return NumeroUtente(numTaglie->text().trimmed().toStdString(), Stampe::AmbienteInUso.Cifre);
+}

@@ -1,0 +1,197 @@
+// The batch run: limits, the report, the commands before and after.
+
+#include "Form1.h"
+
+#include "Ambiente.h"
+#include "ErroreRuntime.h"
+#include "Messaggi.h"
+#include "Numeri.h"
+#include "Orologio.h"
+#include "Stampe.h"
+#include "Testi.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace {
+
+// What a full report may hold at most.
+struct Limite
+{
+    double Massimo;
+    const char* Messaggio;
+    const char* Testo;
+};
+
+// By report form.
+constexpr std::array<Limite, 3> Limiti = {{
+    {50, "Il numero massimo di taglie visualizzabili in HTML è 50", "50"},
+    {20, "Il numero massimo di taglie visualizzabili in PDF è 20", "20"},
+    {500, "Il numero massimo di taglie visualizzabili in TXT è 500", "500"},
+}};
+
+constexpr double TaglieSenzaDomanda = 10000;
+
+// The pointer of the whole screen, for as long as this lives.
+class Clessidra
+{
+public:
+    Clessidra() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~Clessidra() { QGuiApplication::restoreOverrideCursor(); }
+    Clessidra(const Clessidra&) = delete;
+    Clessidra& operator=(const Clessidra&) = delete;
+    Clessidra(Clessidra&&) = delete;
+    Clessidra& operator=(Clessidra&&) = delete;
+};
+
+// These two say that the request made no sense; the program is as sound as before.
+bool SoloDaDire(NumeroErrore numero)
+{
+    return numero == NumeroErrore::ChiamataNonValida || numero == NumeroErrore::DivisionePerZero;
+}
+
+} // namespace
+
+// 0 unchecked, 1 checked, 2 neither; Qt numbers them otherwise.
+int Form1::ValoreStat() const
+{
+    if (chkStat->checkState() == Qt::Unchecked) return 0;
+    return chkStat->checkState() == Qt::Checked ? 1 : 2;
+}
+
+std::size_t Form1::FormaScelta() const
+{
+    const auto scelta = std::find_if(optStampa.begin(), optStampa.end(),
+                                     [](const auto* opzione) { return opzione->isChecked(); });
+    return static_cast<std::size_t>(scelta - optStampa.begin());
+}
+
+Flag Form1::ControllaLimiti()
+{
+    const double numero = NumeroIniziale(numTaglie->text().toStdString());
+    if (ValoreStat() == 0) {
+        const std::size_t forma = FormaScelta();
+        if (forma >= Limiti.size() || !(numero > Limiti[forma].Massimo)) return Falso;
+        MsgBox(this, Limiti[forma].Messaggio, QMessageBox::Warning);
+        numTaglie->setText(QString::fromLatin1(Limiti[forma].Testo));
+        return Vero;
+    }
+    if (ValoreStat() == 1 && numero > TaglieSenzaDomanda) {
+        const auto risposta = MsgBox(this,
+                                     "Oltre le 10.000 taglie si rischiano lunghi tempi di attesa "
+                                     "e si stressa la memoria.\rVuoi comunque continuare?",
+                                     QMessageBox::Question, QMessageBox::Yes | QMessageBox::No);
+        return ComeFlag(risposta != QMessageBox::Yes);
+    }
+    return Falso;
+}
+
+void Form1::cmdTaglie_Click()
+{
+    if (ControllaLimiti() != Falso || m_chiusa) return;
+    const QPointer<QWidget> fuoco = focusWidget();
+    MostraTitolo();
+    MostraStato("Elaborazione taglie in corso. Attendere...");
+    m_inCorso = true;
+    m_fermata = false;
+    m_ultimoRitocco = 0;
+    try {
+        AbilitaComandi(Falso);
+        EseguiReport();
+    } catch (...) {
+        Restituisci(fuoco);
+        throw;
+    }
+    Restituisci(fuoco);
+}
+
+// Runs the report behind the hourglass. What the user is only told does not end the program.
+void Form1::EseguiReport()
+{
+    try {
+        const Clessidra clessidra;
+        if (!m_chiusa) ChiamaReport();
+        return;
+    } catch (const ErroreRuntime& errore) {
+        if (!SoloDaDire(errore.Numero())) throw;
+        if (!m_chiusa) MsgBox(this, TestoMessaggio(errore), QMessageBox::Warning);
+    }
+}
+
+void Form1::ChiamaReport()
+{
+    const double taglie = NumeroTaglie();
+    const bool statistiche = ValoreStat() != 0;
+    const Stampe::EtichettaStato etichetta = [this](std::string_view testo) {
+        MostraAvanzamento(testo);
+    };
+    switch (FormaScelta()) {
+    case FormaHtml:
+        statistiche ? Stampe::StatisticheHtml(taglie, etichetta) : Stampe::StampaHtml(taglie);
+        break;
+    case FormaPdf:
+        statistiche ? Stampe::StatistichePdf(taglie, etichetta) : Stampe::StampaPdf(taglie);
+        break;
+    case FormaTxt:
+        statistiche ? Stampe::StatisticheTxt(taglie, etichetta) : Stampe::StampaTxt(taglie);
+        break;
+    case FormaVideo:
+        if (statistiche) Stampe::StatisticheVideo(taglie, *m_tavolo, etichetta);
+        break;
+    default:
+        break;
+    }
+}
+
+// Gives the commands back after a run, however it ended, or finishes a closing that came in it.
+void Form1::Restituisci(QWidget* fuoco)
+{
+    // Clicks that came while the commands were locked find them locked.
+    QCoreApplication::processEvents();
+    m_inCorso = false;
+    lblStatus->setUpdatesEnabled(true);
+    if (m_chiusa) {
+        Chiudi();
+        return;
+    }
+    AbilitaComandi(Vero);
+    MostraStato("");
+    if (fuoco != nullptr && fuoco->isEnabled()) fuoco->setFocus();
+    else cmdMescola->setFocus();
+}
+
+void Form1::MostraStato(std::string_view testo)
+{
+    lblStatus->setText(InQt(testo));
+    lblStatus->adjustSize();
+}
+
+// Painting costs more than playing a shoe: the caption is always the latest, its picture is at
+// most so old.
+void Form1::MostraAvanzamento(std::string_view testo)
+{
+    constexpr double ritocco = 0.015; // seconds
+    lblStatus->setUpdatesEnabled(false);
+    lblStatus->setText(InQt(testo));
+    const double adesso = SecondiTrascorsi();
+    if (adesso - m_ultimoRitocco < ritocco) return;
+    m_ultimoRitocco = adesso;
+    m_ritoccato = true;
+    // Sized and painted in one go: the window paints what a new size uncovers, and would leave out
+    // a label whose updates are off.
+    lblStatus->setUpdatesEnabled(true);
+    lblStatus->adjustSize();
+    lblStatus->repaint();
+}
+
+// Lets pending events run once. A loop that never waits for events leaves drawings in the program's
+// own buffer, so that now and then they must be sent to the display.
+void Form1::Cedi()
+{
+    if (m_ritoccato) QGuiApplication::sync();
+    else QCoreApplication::processEvents();
+    m_ritoccato = false;
+}

@@ -1,0 +1,57 @@
+#include "Messaggi.h"
+
+#include "Numeri.h"
+
+#include <QAbstractButton>
+
+#include <array>
+
+namespace {
+
+struct TestoPulsante
+{
+    QMessageBox::StandardButton Pulsante;
+    const char* Testo;
+};
+
+// The desktop's own theme would caption them in its language.
+constexpr std::array<TestoPulsante, 3> Pulsanti = {{
+    {QMessageBox::Ok, "OK"},
+    {QMessageBox::Yes, "&Sì"},
+    {QMessageBox::No, "&No"},
+}};
+
+QMessageBox::StandardButton Primo(QMessageBox::StandardButtons pulsanti)
+{
+    return (pulsanti & QMessageBox::Yes) != 0 ? QMessageBox::Yes : QMessageBox::Ok;
+}
+
+} // namespace
+
+QMessageBox::StandardButton MsgBox(QWidget* padre, std::string_view testo, QMessageBox::Icon icona,
+                                   QMessageBox::StandardButtons pulsanti, std::string_view titolo)
+{
+    QMessageBox messaggio(padre);
+    messaggio.setWindowTitle(InQt(titolo));
+    messaggio.setTextFormat(Qt::PlainText);
+    messaggio.setText(InQt(testo).replace(QLatin1Char('\r'), QLatin1Char('\n')));
+    messaggio.setIcon(icona);
+    messaggio.setStandardButtons(pulsanti);
+    messaggio.setDefaultButton(Primo(pulsanti));
+    for (const auto& [pulsante, didascalia] : Pulsanti) {
+        if (auto* bottone = messaggio.button(pulsante)) {
+            bottone->setText(QString::fromUtf8(didascalia));
+        }
+    }
+    return static_cast<QMessageBox::StandardButton>(messaggio.exec());
+}
+
+std::string TestoMessaggio(const ErroreRuntime& errore)
+{
+    std::string testo = "Errore " + TestoNumero(static_cast<std::int64_t>(errore.Numero())) + ": " +
+                        std::string(errore.Testo()) + ".";
+    for (const auto* parte : {&errore.File(), &errore.Motivo()}) {
+        if (!parte->empty()) testo.append("\r").append(*parte);
+    }
+    return testo;
+}

@@ -1,0 +1,19 @@
+// The modal message boxes.
+#pragma once
+
+#include "ErroreRuntime.h"
+#include "Testi.h"
+
+#include <QMessageBox>
+
+#include <string_view>
+
+// Shows a box and waits for its button. Texts are UTF-8; a carriage return begins a new line. The
+// first button is the default one, and all read Italian whatever the desktop's language. Closing a
+// box with Yes and No means No. padre: the window it belongs to, or nullptr.
+QMessageBox::StandardButton MsgBox(QWidget* padre, std::string_view testo, QMessageBox::Icon icona,
+                                   QMessageBox::StandardButtons pulsanti = QMessageBox::Ok,
+                                   std::string_view titolo = NomeProgramma);
+
+// The number and the text of a run-time error, with file and reason where there is one.
+std::string TestoMessaggio(const ErroreRuntime& errore);

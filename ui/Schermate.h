@@ -1,0 +1,37 @@
+// The three screens of a game: what they show and where. No widget is known here.
+#pragma once
+
+#include "Superficie.h"
+#include "modCarte.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace schermate {
+
+using Campi = std::array<std::string_view, modCarte::NumeroCampi>;
+
+// Each draws its elements on a cleared surface, which is not refreshed here.
+
+// Five backs and the captions of a new shoe.
+void NuovaTaglia(Superficie& tavolo);
+
+// Coup number numero from the fields of its record.
+void Colpo(Superficie& tavolo, std::int16_t numero, const Campi& campi);
+
+// The final record, the one with this number, and the counts of its shoe. Error 13 or 6 when a
+// total is no 16-bit number.
+void FineTaglia(Superficie& tavolo, std::int16_t numero, const Campi& campi,
+                const modCarte::StatisticheTaglia& statistiche);
+
+// The caption of an outcome, verb in the plural for an ordinary coup and in the singular for the
+// last one; empty for a record without outcome.
+std::string DidascaliaEsito(const Campi& campi, bool ultimo);
+
+// Pixels from one card of a row to the next, for so many cards.
+std::int32_t PassoColpo(int carte);
+std::int32_t PassoFinale(int carte);
+
+} // namespace schermate

@@ -1,0 +1,42 @@
+#include "Ambiente.h"
+#include "Applicazione.h"
+#include "Form1.h"
+
+#include <QIcon>
+
+namespace {
+
+// The one of 32 by 32 in 16 colours, and every other size from the same motif.
+QIcon Icona()
+{
+    QIcon icona(QStringLiteral(":/scalvino.ico"));
+    icona.addFile(QStringLiteral(":/scalvino.svg"));
+    return icona;
+}
+
+int Avvia(Applicazione& applicazione)
+{
+    applicazione.ObbedisciAiSegnali();
+    QApplication::setWindowIcon(Icona());
+    Form1 finestra;
+    finestra.ImpostaAmbiente();
+    if (!finestra.Carica()) return Applicazione::UscitaErrore;
+    finestra.show();
+    const int esito = QApplication::exec();
+    return applicazione.CodiceUscita() != 0 ? applicazione.CodiceUscita() : esito;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Applicazione applicazione(argc, argv);
+    int esito = Applicazione::UscitaErrore;
+    try {
+        esito = Avvia(applicazione);
+    } catch (...) {
+        applicazione.Fallisci(Applicazione::ErroreInCorso());
+    }
+    Stampe::AmbienteInUso = {}; // it refers to the window that is gone
+    return esito;
+}
