@@ -8,7 +8,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 
 installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev \
     libgtest-dev libgmock-dev libbenchmark-dev python3 locales chromium \
-    qpdf poppler-utils mupdf-tools ghostscript fonts-liberation2 fonts-urw-base35 \
+    qpdf poppler-utils mupdf-tools ghostscript fonts-liberation fonts-liberation2 fonts-urw-base35 \
     libtiff-dev python3-pil python3-fonttools pkg-config zbar-tools \
     qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-gtk-platformtheme fonts-dejavu-core \
     xvfb openbox xdotool wmctrl imagemagick x11-utils
