@@ -8,10 +8,16 @@ with the product.  It builds the file in memory.
 import json
 import os
 
+from codici import Codici
+from codificatori import ALzw
 from disegno import Disegno
+from immagini import Immagini, SEMI
 from moduli import Moduli
+from navigazione import Navigazione
 from numeri import Byte, ErroreScrittore, Espandi, Numero, Singolo, StringaPdf
 from testo import Testo
+from trame import Trame
+from truetype import LeggiFont
 from xmp import Pacchetto
 
 CREATORE = "Scalvino 1.0"
@@ -42,7 +48,7 @@ with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "larghezze.js
     LARGHEZZE = json.load(_archivio)
 
 
-class Scrittore(Testo, Disegno, Moduli):
+class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
     """One object writes one document."""
 
     # Readings that a correct writer may differ in without changing any
@@ -75,6 +81,9 @@ class Scrittore(Testo, Disegno, Moduli):
         self.spazioCaratteri, self.spazioParole, self.scalaTesto = 0.0, 0.0, 100.0
         self.IniziaDisegno()
         self.IniziaModuli()
+        self.IniziaNavigazione()
+        self.IniziaImmagini()
+        self.IniziaTrame()
 
     # -- bytes -------------------------------------------------------------
 
@@ -175,16 +184,20 @@ class Scrittore(Testo, Disegno, Moduli):
         return nome
 
     def EndDoc(self):
+        profilo = self.prWriteOutlines() if self.segnalibri else 0
         if self.caratteri:
             self.prWriteFonts()
+        if self.immagini:
+            self.prWriteImages()
         metadati = self.Metadati()
-        self.Catalogo(metadati)
+        self.prWriteGradients()
+        self.Catalogo(profilo, metadati)
         self.prInitObj(3)
         self.prPrint("<< /Type /Encoding /BaseEncoding /#t >>", "WinAnsiEncoding")
         self.prEndObj()
-        for numero in (5, 6):
+        for numero, trame in ((5, ""), (6, self.risorseTrame)):
             self.prInitObj(numero)
-            self.prWriteRaw(self.Risorse())
+            self.prWriteRaw(self.Risorse(trame))
             self.prEndObj()
         self.AlberoPagine()
         self.Coda()
@@ -204,9 +217,13 @@ class Scrittore(Testo, Disegno, Moduli):
         self.prEndObj()
         return metadati
 
-    def Catalogo(self, metadati):
-        testo = ("<< /Type /Catalog\r/Pages 4 0 R\r/PageLayout /OneColumn\r"
-                 "/PageMode /UseNone\r/Lang (it) \r")
+    def Catalogo(self, profilo, metadati):
+        testo = "<< /Type /Catalog\r/Pages 4 0 R\r"
+        if profilo:
+            testo += f"/Outlines {profilo} 0 R\r"
+        testo += "/PageLayout /OneColumn\r/PageMode "
+        testo += "/UseOutlines" if profilo else "/UseNone"
+        testo += "\r/Lang (it) \r"
         if self.etichette:
             testo += f"/PageLabels << /Nums [ {self.etichette} ] >>\r"
         testo += ("/ViewerPreferences << /HideToolbar false /DisplayDocTitle true "
@@ -215,13 +232,21 @@ class Scrittore(Testo, Disegno, Moduli):
         self.prWriteRaw(testo)
         self.prEndObj()
 
-    def Risorse(self):
+    def Risorse(self, trame):
         testo = "<<\r"
         if self.risorseCaratteri:
             testo += f"/Font <<\r{self.risorseCaratteri}>>\r"
-        testo += "/ProcSet [/PDF /Text ]\r"
-        if self.risorseModuli:
-            testo += f"/XObject <<\r{self.risorseModuli}>>\r"
+        testo += "/ProcSet [/PDF /Text"
+        if self.immagini:
+            testo += " /ImageB /ImageC /ImageI"
+        testo += " ]\r"
+        disegni = self.risorseImmagini + "\r" if self.immagini else ""
+        disegni += self.risorseModuli
+        if disegni:
+            testo += f"/XObject <<\r{disegni}>>\r"
+        if trame:
+            testo += ("/ColorSpace << /xxCSxx [ /Pattern /DeviceRGB ] >> \r"
+                      f"/Pattern <<\r{trame}>>\r")
         return testo + ">>"
 
     def AlberoPagine(self):
@@ -254,7 +279,8 @@ class Scrittore(Testo, Disegno, Moduli):
 
     def BeginPage(self, orientamento=0, etichetta=0, prefisso="", primo=-1):
         self.pagine += 1
-        pagina = self.prInitObj()
+        self.annotazioni = []
+        pagina = self.paginaCorrente = self.prInitObj()
         self.prPrint("<< /Type /Page /Parent #i 0 R /Contents #i 0 R\r"
                      + ("/Rotate 90\r" if orientamento == 1 else "")
                      + "/Annots #i 0 R >>", 4, pagina + 1, pagina + 3)
@@ -289,8 +315,9 @@ class Scrittore(Testo, Disegno, Moduli):
         oggetto = self.prInitObj()
         self.prPrint("#i", lunghezza)
         self.prEndObj()
+        elenco = self.prWriteAnnotations(oggetto + 2)
         self.prInitObj(oggetto + 1)
-        self.prPrint("[ #t ]", "")
+        self.prPrint("[ #t ]", elenco)
         self.prEndObj()
 
     # -- fonts -------------------------------------------------------------
@@ -300,26 +327,33 @@ class Scrittore(Testo, Disegno, Moduli):
         if corpo != 0:
             self.corpo = corpo
         self.linee = (bool(stile & 4), bool(stile & 8), bool(stile & 16))
-        nome = Byte(famiglia).replace(" ", "").upper()
-        nome = SINONIMI.get(nome, nome)
-        variante = stile & 3
+        self.carattere = self.TrovaCarattere(Byte(famiglia), stile & 3)
+
+    def TrovaCarattere(self, famiglia, variante):
+        """Index of the entry of a family, added when none is found."""
+        nome = Normale(famiglia)
         base = FAMIGLIE.get(nome, "Arial")
         trovato = self.CercaCarattere(nome, variante, base)
-        if trovato is None:
-            self.caratteri.append({
-                "base": base + SUFFISSI[variante],
-                "chiave": (base + SUFFISSI[variante]).upper(),
-                "larghezze": LARGHEZZE[f"{base} {variante}"],
-                "discesa": DISCESE[base],
-            })
-            trovato = len(self.caratteri) - 1
-        self.carattere = trovato
+        if trovato is not None:
+            return trovato
+        return self.AggiungiCarattere({
+            "base": base + SUFFISSI[variante],
+            "chiave": (base + SUFFISSI[variante]).upper(),
+            "larghezze": LARGHEZZE[f"{base} {variante}"],
+            "discesa": DISCESE[base],
+            "font": None,
+        })
+
+    def AggiungiCarattere(self, voce):
+        self.caratteri.append(voce)
+        return len(self.caratteri) - 1
 
     def CercaCarattere(self, nome, variante, base):
         """Index of the entry to use again, None when one must be added.
 
         Stored keys are all upper case and hold the full base name, so that
-        only plain Arial, Symbol and ZapfDingbats are ever found.
+        only plain Arial, Symbol and ZapfDingbats are ever found, and fonts
+        from files.
         """
         chiave = nome
         if nome in CON_SUFFISSO:
@@ -329,9 +363,19 @@ class Scrittore(Testo, Disegno, Moduli):
         for indice, voce in enumerate(self.caratteri):
             if voce["chiave"] == chiave:
                 return indice
-            if self.condividi and voce["base"] == base + SUFFISSI[variante]:
+        for indice, voce in enumerate(self.caratteri):
+            if self.condividi and not voce["font"] and voce["base"] == base + SUFFISSI[variante]:
                 return indice
         return None
+
+    def AddFont(self, file, nome, incorpora=True):
+        font = LeggiFont(os.path.join(SEMI, file))
+        if incorpora and not font.incorporabile:
+            raise ErroreScrittore(f"{file} forbids embedding")
+        self.AggiungiCarattere({
+            "base": font.nome, "chiave": Normale(Byte(nome)), "larghezze": font.larghezze,
+            "discesa": font.discesa, "font": font, "incorpora": incorpora,
+        })
 
     def SetFontSize(self, corpo):
         self.corpo = Singolo(corpo)
@@ -362,8 +406,49 @@ class Scrittore(Testo, Disegno, Moduli):
             oggetto = self.prInitObj()
             self.risorseCaratteri += f"/{nome} {oggetto} 0 R \r"
             self.prPrint("<< /Type /Font /Subtype /#t /Name /#t /BaseFont /#t "
-                         "/FirstChar 0 /LastChar 255", "Type1", nome, voce["base"])
+                         "/FirstChar 0 /LastChar 255",
+                         "TrueType" if voce["font"] else "Type1", nome, voce["base"])
             if voce["base"].upper() not in ("SYMBOL", "ZAPFDINGBATS"):
                 self.prPrint("/Encoding #i 0 R", 3)
+            if voce["font"]:
+                self.Larghezze(oggetto, voce["larghezze"])
             self.prWriteRaw(" >>")
             self.prEndObj()
+            if voce["font"]:
+                self.Descrittore(voce["font"], voce["incorpora"])
+
+    def Larghezze(self, oggetto, larghezze):
+        self.prPrint("/FontDescriptor #i 0 R", oggetto + 1)
+        self.prWriteRaw("/Widths [")
+        for codice in range(0, 256, 16):
+            self.prWriteRaw("".join(f"{Numero(v)} " for v in larghezze[codice:codice + 16]))
+        self.prWriteRaw("]")
+
+    def Descrittore(self, font, incorpora):
+        descrittore = self.prInitObj()
+        self.prPrint("<< /Type /FontDescriptor /FontName /#t #t ", font.nome, font.descrittore)
+        if incorpora:
+            self.prPrint("/FontFile2 #i 0 R >>", descrittore + 1)
+        else:
+            self.prWriteRaw(">>")
+        self.prEndObj()
+        if incorpora:
+            self.FileDelFont(font.dati)
+
+    def FileDelFont(self, dati):
+        flusso = self.prInitObj()
+        self.prPrint("<< /Filter /LZWDecode /Length #i 0 R /Length1 #i 0 R >>",
+                     flusso + 1, flusso + 2)
+        codici = ALzw(dati)
+        self.Flusso(codici, False)
+        # The line end after the codes is not counted here.
+        for numero in (len(codici), len(dati)):
+            self.prInitObj()
+            self.prPrint("#i", numero)
+            self.prEndObj()
+
+
+def Normale(famiglia):
+    """The name that a family is searched by."""
+    nome = famiglia.replace(" ", "").upper()
+    return SINONIMI.get(nome, nome)

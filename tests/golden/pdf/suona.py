@@ -34,7 +34,9 @@ OPERAZIONI = frozenset((
     "MakeAxisRotation", "MakeAxisSkewing", "BeginGraphicSpace", "EndGraphicSpace",
     "BeginTable", "BeginRow", "EndRow", "BeginColumn", "EndColumn", "EndTable",
     "Version", "DrawTextBox", "SetFont", "SetFontSize", "SetColorFill",
-    "SetColorLine", "ToColor", "ShareFonts",
+    "SetColorLine", "ToColor", "ShareFonts", "AddBookmark", "AddNoteIcon", "AddNoteBox",
+    "AddNoteStamp", "AddWebLink", "FilterDecode", "DrawImage", "AddFont", "prToASCII85",
+    "DrawEAN13", "DrawCODE39", "BeginTiling", "EndTiling", "SetLinearFill", "SetRadialFill",
 ))
 
 
