@@ -8,7 +8,8 @@ Sources (Debian packages fonts-liberation2 and fonts-urw-base35):
   same advance widths; the glyph of a code is that of its Windows-1252
   character, and a code without a glyph takes the width of ".notdef";
 - Symbol and ZapfDingbats: the AFM files of StandardSymbolsPS and D050000L,
-  by their built-in codes.
+  by their built-in codes, but for the apple that the free face puts at code
+  128, where the Symbol encoding has nothing (ISO 32000-1, D.5).
 
 Needs python3-fonttools.  Only this script needs it: the table is kept.
 """
@@ -69,7 +70,7 @@ def Afm(nome):
             codice, larghezza, glifo = int(campi[0][1]), int(campi[1][1]), campi[2][1]
             if glifo == ".notdef":
                 senza = larghezza
-            elif codice >= 0:
+            elif codice >= 0 and glifo != "apple":
                 codificati[codice] = larghezza
     return [codificati.get(codice, senza) for codice in range(256)]
 
