@@ -17,7 +17,6 @@ LARGHEZZA = 468
 LARGHEZZA_FOGLIO = 400  # of a page of A4, which is twice as high
 MARGINE = 6
 COLORI = 200
-COLORI_FOGLIO = 48  # a page of A4 has little of each
 CORNICE = (190, 190, 190)
 UNA_PER_PAGINA = {"galleria"}
 
@@ -73,8 +72,7 @@ def immagini(percorso):
 
 def ridotta(figura):
     """With a palette of its own; dithered only where the colours do not suffice."""
-    colori = COLORI if figura.width > LARGHEZZA_FOGLIO else COLORI_FOGLIO
-    scelti = figura.quantize(colori, dither=Image.Dither.NONE).getpalette()[:3 * colori]
+    scelti = figura.quantize(COLORI, dither=Image.Dither.NONE).getpalette()[:3 * COLORI]
     terne = zip(scelti[0::3], scelti[1::3], scelti[2::3])
     # The averages of whites and of blacks are the paper's and the ink's.
     puliti = [(255,) * 3 if min(terna) > 246 else (0,) * 3 if max(terna) < 12 else terna

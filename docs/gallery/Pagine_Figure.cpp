@@ -110,7 +110,7 @@ void Code39(clsPDFCreator& pdf)
 {
     pdf.DrawCODE39("TAGLIA 31", 26, 116, 18, true, 1.3F);
     Didascalia(pdf, 65, 147, "lettere, cifre e - . $ / + % e spazio");
-    pdf.DrawCODE39("Nero/Rosso", 26, 158, 14, true, 1);
+    pdf.DrawCODE39("Nero Rosso", 26, 158, 14, true, 1);
     Didascalia(pdf, 79, 184, "le minuscole costano due caratteri");
     pdf.SetColorFill(Rosso);
     pdf.DrawCODE39("ROSSO", 128, 116, 18, true, 1.2F, 3);
