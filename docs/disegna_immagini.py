@@ -16,7 +16,8 @@ from PIL import Image, ImageChops
 LARGHEZZA = 468
 LARGHEZZA_FOGLIO = 400  # of a page of A4, which is twice as high
 MARGINE = 6
-COLORI = 200
+COLORI = 180
+COLORI_RARI = 40
 CORNICE = (190, 190, 190)
 UNA_PER_PAGINA = {"galleria"}
 
@@ -72,7 +73,12 @@ def immagini(percorso):
 
 def ridotta(figura):
     """With a palette of its own; dithered only where the colours do not suffice."""
-    scelti = figura.quantize(COLORI, dither=Image.Dither.NONE).getpalette()[:3 * COLORI]
+    # Most of them by area; some by extent, for the few red pixels that one looks at on a green page.
+    scelti = []
+    for quanti, metodo in [(COLORI, Image.Quantize.MEDIANCUT),
+                           (COLORI_RARI, Image.Quantize.MAXCOVERAGE)]:
+        scelta = figura.quantize(quanti, method=metodo, dither=Image.Dither.NONE)
+        scelti += scelta.getpalette()[:3 * quanti]
     terne = zip(scelti[0::3], scelti[1::3], scelti[2::3])
     # The averages of whites and of blacks are the paper's and the ink's.
     puliti = [(255,) * 3 if min(terna) > 246 else (0,) * 3 if max(terna) < 12 else terna

@@ -14,7 +14,7 @@ int main(int argc, char** argv)
     // Bars alone, lower and of the usual module width.
     pdf.DrawEAN13("978014300723", 92, 8, false, 12);
     pdf.DrawEAN13("978014300723", 92, 26, true, 12);
-    // As wide as it becomes: 16 modules at a ratio of 2.5 for each of "*TAGLIA 7*".
+    // As wide as its text is long: 14.5 modules for each character of "*TAGLIA 7*".
     pdf.DrawCODE39("TAGLIA 7", 16, 52, 15, true, 1.4F);
     // Small letters take two characters each; bars three times as wide as narrow ones.
     pdf.SetColorFill("#1F4E3D");

@@ -3,13 +3,13 @@
 
 namespace {
 
-constexpr float Degree = 3.6F; // of each percent
+constexpr float Percent = 3.6F; // in degrees
 
-// The circle is drawn first: a slice of a pie starts and ends at the centre.
+// The arc goes on to the centre and is closed there.
 void Slice(clsPDFCreator& pdf, float from, float to, const char* color)
 {
     pdf.SetColorFill(color);
-    pdf.DrawArc(42, 38, 28, from * Degree, to * Degree, 0);
+    pdf.DrawArc(42, 38, 28, from * Percent, to * Percent, 0);
     pdf.DrawLineTo(42, 38, 7);
 }
 
