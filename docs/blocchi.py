@@ -10,8 +10,8 @@ from pathlib import Path
 
 QUI = Path(__file__).parent
 MANUALE = QUI / "pdf-writer.md"
-BLOCCO = re.compile(r"(?P<testa>Source: \[`esempi/(?P<nome>\w+)\.cpp`\]\(esempi/(?P=nome)\.cpp\)\n\n"
-                    r"```cpp\n)(?P<codice>.*?)```\n", re.DOTALL)
+BLOCCO = re.compile(r"(?P<testa>Source: \[`esempi/(?P<nome>\w+)\.cpp`\]"
+                    r"\(esempi/(?P=nome)\.cpp\)\n\n```cpp\n)(?P<codice>.*?)```\n", re.DOTALL)
 
 
 def blocchi(testo):

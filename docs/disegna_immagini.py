@@ -73,7 +73,7 @@ def immagini(percorso):
 
 def ridotta(figura):
     """With a palette of its own; dithered only where the colours do not suffice."""
-    # Most of them by area; some by extent, for the few red pixels that one looks at on a green page.
+    # Most by area; some by extent, for the few red pixels that one looks at on a green page.
     scelti = []
     for quanti, metodo in [(COLORI, Image.Quantize.MEDIANCUT),
                            (COLORI_RARI, Image.Quantize.MAXCOVERAGE)]:

@@ -26,8 +26,8 @@ PAGINE = 15
 AGGIUNTE = {"SetClock", "ShareFonts"}
 
 ATTESE = [
-    "tutte le operazioni di clsPDFCreator", "12 Motivi e sfumature", "Rosso 31 Times New Roman, corsivo",
-    "àèéìòù ç ñ ü ß € « » – — … ‰ ½ © ® ™", "sta in mezzo", "tutto insieme",
+    "tutte le operazioni di clsPDFCreator", "12 Motivi e sfumature",
+    "Rosso 31 Times New Roman, corsivo", "àèéìòù ç ñ ü ß € « » – — … ‰ ½ © ® ™", "sta in mezzo", "tutto insieme",
     "16: in basso", "rientro di 6 mm, righe: 10", "restano dove sono, salvo a trentuno.",
     "Fuchsia", "ToColor con ciano, magenta, giallo e nero", "raggio 50",
     "DrawCurveB: il primo è l'inizio", "DrawArc da 0 a 45, 90 ... 360 gradi",
@@ -130,7 +130,8 @@ class Galleria(unittest.TestCase):
 
     def test_i_codici_a_barre_si_leggono(self):
         figura = self.cartella / "codici"
-        fai("pdftoppm", "-r", "300", "-f", "12", "-l", "12", "-png", "-singlefile", self.pdf, figura)
+        pagina = ["-f", "12", "-l", "12", "-singlefile"]
+        fai("pdftoppm", "-r", "300", *pagina, "-png", self.pdf, figura)
         letti = fai("zbarimg", "-q", f"{figura}.png")
         self.assertEqual(set(letti.splitlines()), CODICI)
 
@@ -145,7 +146,8 @@ class Galleria(unittest.TestCase):
         trovate = [(riga["index"], riga["label"].get("/P", "").removeprefix("u:"),
                     riga["label"].get("/S"), riga["label"].get("/St", 1))
                    for riga in json.loads(fatto.stdout)["pagelabels"]]
-        self.assertEqual(trovate, [(0, "Copertina", None, 1), (1, "", "/D", 1), (14, "A-", "/D", 1)])
+        self.assertEqual(trovate, [(0, "Copertina", None, 1), (1, "", "/D", 1),
+                                   (14, "A-", "/D", 1)])
 
     def test_i_segnalibri_sono_uno_per_foglio_e_per_sezione(self):
         fatto = esegui("mutool", "show", self.pdf, "outline")

@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Draws all pictures of the manual and of the README again and writes the sources of the examples
+# into the manual. Look at the pictures before you commit them.
+#
+#   docs/rigenera.sh BUILD     a build folder, for example build/release
+set -euo pipefail
+docs=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+costruiti=$(cd "$1" && pwd)
+font=/usr/share/fonts/truetype/liberation2
+lavoro=$(mktemp -d)
+trap 'rm -rf "$lavoro"' EXIT
+cd "$lavoro"
+
+for esempio in "$docs"/esempi/*.cpp; do
+    nome=$(basename "$esempio" .cpp)
+    case $nome in
+    figure) altro=("$docs/figure") ;;
+    font_propri) altro=("$font/LiberationSerif-BoldItalic.ttf") ;;
+    *) altro=() ;;
+    esac
+    # One of them shows on purpose what a missing picture gives.
+    "$costruiti/docs/esempi/$nome" "$nome.pdf" "${altro[@]}" >/dev/null
+done
+"$costruiti/docs/gallery/galleria" galleria.pdf "$docs/figure" \
+    "$font/LiberationSerif-BoldItalic.ttf" "$font/LiberationMono-Regular.ttf"
+"$costruiti/bin/taglie" 1 --forma pdf --seme 1 --numeri it >/dev/null
+mv taglie.pdf taglie-pdf.pdf
+"$costruiti/bin/taglie" 100000 --forma pdf --statistiche --seme 1 --numeri it >/dev/null
+mv taglie.pdf taglie-pdf-statistiche.pdf
+
+/usr/bin/python3 "$docs/disegna_immagini.py" "$docs/immagini" ./*.pdf
+/usr/bin/python3 "$docs/blocchi.py"
