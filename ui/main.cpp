@@ -23,6 +23,8 @@ int Avvia(Applicazione& applicazione)
     if (!finestra.Carica()) return Applicazione::UscitaErrore;
     finestra.show();
     const int esito = QApplication::exec();
+    // A session that ends may stop the event loop without closing any window.
+    if (!finestra.Chiusa()) finestra.close();
     return applicazione.CodiceUscita() != 0 ? applicazione.CodiceUscita() : esito;
 }
 

@@ -12,6 +12,7 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
 #include <map>
 
 using namespace aiuti;
@@ -378,13 +379,18 @@ TEST_F(Finestra, IlNumeroSiLeggeConISegniDellUtente)
     EXPECT_EQ(Pulsante("cmdTaglie")->text(), QStringLiteral("Simula taglie"));
 }
 
-TEST_F(Finestra, IlReportOccupatoSiDice)
+TEST_F(Finestra, UnPdfOccupatoSiDiceENonSiTocca)
 {
     Risponditore mano;
-    Stampe::AmbienteInUso.Avvisa(
-        {"Ombrivento",
-         "Il file è già aperto e in uso.\rChiudere il file aperto e rilanciare la stampa.",
-         Stampe::Icona::Informazione});
+    const auto percorso = ambiente.Cartella.File("taglie.pdf");
+    std::ofstream(percorso) << "vecchio";
+    const std::ifstream lettore(percorso); // as a viewer holds it
+    Scegli(FormaPdf, false);
+    Clicca("cmdTaglie");
+    EXPECT_EQ(Byte(percorso), "vecchio");
+    EXPECT_TRUE(ambiente.Aperti.empty());
+    EXPECT_TRUE(Pulsante("cmdTaglie")->isEnabled());
+    EXPECT_EQ(Stato(), "");
     EXPECT_EQ(mano.Visti, (std::vector{Riquadro{"Ombrivento",
                                                 "Il file è già aperto e in uso.\nChiudere il file "
                                                 "aperto e rilanciare la stampa.",
