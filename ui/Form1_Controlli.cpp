@@ -74,7 +74,7 @@ constexpr std::array<Controllo, 20> Controlli = {{
 // The title stands in the frame's upper line, as the fixed positions inside the frames expect. The
 // line is seen on light and dark desktops alike, which no colour of the palette promises.
 constexpr const char* StileCornice =
-    "QGroupBox { border: 1px solid rgba(127, 127, 127, 55%); border-radius: 3px; margin-top: 7px; }"
+    "QGroupBox { border: 1px solid #8c8c8c; border-radius: 3px; margin-top: 7px; }"
     "QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: 7px;"
     " padding: 0 2px; }";
 

@@ -152,7 +152,7 @@ void Colpo(Superficie& tavolo, std::int16_t numero, const Campi& campi)
 
     const std::string esito = DidascaliaEsito(campi, false);
     const bool pari = campi[modCarte::CampoEsito] == "E";
-    const float x = !pari ? 2200 : esito == "31 APRES" ? 3000 : 2700;
+    const float x = !pari ? 2200.0F : esito == "31 APRES" ? 3000.0F : 2700.0F;
     if (!esito.empty()) Titoletto(tavolo, esito, x, 4900);
     Nota(tavolo, "Premi 'Colpo successivo --->' per proseguire nella partita", 2000, 5400);
 }
