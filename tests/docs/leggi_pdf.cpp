@@ -6,8 +6,8 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <regex>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -15,13 +15,18 @@ namespace {
 // that its length does not count.
 bool FineDelFont(const aiuti::PdfLetto& pdf, const std::string& difetto)
 {
-    static const std::regex forma("oggetto ([0-9]+): /Length ([0-9]+), ma i byte sono ([0-9]+)");
-    constexpr long crCrLf = 3;
-    std::smatch parti;
-    if (!std::regex_match(difetto, parti, forma)) return false;
-    const auto& oggetto = pdf.Oggetto(std::stoi(parti[1]));
-    return oggetto.find("/Length1") != oggetto.npos &&
-           std::stol(parti[3]) - std::stol(parti[2]) == crCrLf;
+    constexpr std::string_view fine = "\r\r\n";
+    for (std::size_t i = 0; i < std::min(pdf.Oggetti.size(), pdf.Dati.size()); ++i) {
+        const auto& dati = pdf.Dati[i];
+        if (!dati || !dati->ends_with(fine)) continue;
+        if (pdf.Oggetti[i].find("/Length1") == std::string::npos) continue;
+        const std::size_t byte = dati->size();
+        if (difetto == "oggetto " + std::to_string(i + 1) + ": /Length " +
+                           std::to_string(byte - fine.size()) + ", ma i byte sono " +
+                           std::to_string(byte))
+            return true;
+    }
+    return false;
 }
 
 int Leggi(const char* nome)
