@@ -184,7 +184,7 @@ void clsPDFCreator::State::WriteImage(std::int32_t number, std::int32_t object,
     auto encoded =
         Encode(std::move(picture.Pixels), picture.IsJpeg ? "/DCTDecode " : "", ImageFilters);
     Out.prLine("<< /Type /XObject /Subtype /Image /Name /_IMG_", number, " /Width ", picture.Width,
-               " /Height ", picture.Height, " ", encoded.Filters);
+               " /Height ", picture.Height, " ", encoded.Filters, " ");
     if (indexed) {
         const auto entries = static_cast<std::int32_t>(picture.Palette.size() / 3);
         Out.prLine("/BitsPerComponent ", picture.BitsPerPixel, " /ColorSpace [/Indexed /DeviceRGB ",

@@ -83,7 +83,10 @@ private:
             Difetto(n, "flusso senza /Length");
             return;
         }
-        const std::string vera = std::to_string(Dati(n)->size());
+        // The length of an embedded font is that of its encoded bytes, without the line end after.
+        const bool carattere = Voce(Oggetto(n), "Length1").Tipo == TipoPdf::Numero;
+        const std::size_t fine = carattere && Dati(n)->ends_with("\r\r\n") ? 3 : 0;
+        const std::string vera = std::to_string(Dati(n)->size() - fine);
         if (lunghezza.Testo != vera)
             Difetto(n, "/Length " + lunghezza.Testo + ", ma i byte sono " + vera);
     }
