@@ -26,6 +26,15 @@ Applicazione::Applicazione(int& argc, char** argv)
     }
 }
 
+void Applicazione::Proteggi(const std::function<void()>& gestore)
+{
+    try {
+        gestore();
+    } catch (...) {
+        static_cast<Applicazione*>(instance())->Fallisci(ErroreInCorso());
+    }
+}
+
 bool Applicazione::notify(QObject* ricevente, QEvent* evento)
 {
     try {

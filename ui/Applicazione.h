@@ -5,7 +5,7 @@
 
 #include <QApplication>
 
-#include <exception>
+#include <functional>
 
 class Applicazione : public QApplication
 {
@@ -14,7 +14,11 @@ public:
     // Reads Qt's own arguments. Numbers stay those of the "C" locale, texts of Qt are Italian.
     Applicazione(int& argc, char** argv);
 
-    // Delivers an event; an exception out of its handler ends the program through Fallisci.
+    // Runs a handler of the window; an exception out of it ends the program through Fallisci and
+    // goes no further, since Qt's own code cleans nothing up on its way.
+    static void Proteggi(const std::function<void()>& gestore);
+
+    // Delivers an event. The last resort for an exception that came by another way.
     bool notify(QObject* ricevente, QEvent* evento) override;
 
     // Shows one message box about the failure, closes all windows (with their closing steps) and

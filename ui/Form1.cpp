@@ -1,6 +1,7 @@
 #include "Form1.h"
 
 #include "Ambiente.h"
+#include "Applicazione.h"
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
 #include "Generale.h"
@@ -41,14 +42,19 @@ Form1::Form1()
 
 void Form1::CollegaComandi()
 {
-    connect(cmdMescola, &QPushButton::clicked, this, &Form1::cmdMescola_Click);
-    connect(cmdColpo, &QPushButton::clicked, this, &Form1::cmdColpo_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &Form1::cmdCancel_Click);
-    connect(cmdTaglie, &QPushButton::clicked, this, &Form1::cmdTaglie_Click);
-    connect(cmdHelp, &QPushButton::clicked, this, &Form1::cmdHelp_Click);
-    connect(cmdExit, &QPushButton::clicked, this, &Form1::cmdExit_Click);
-    connect(chkStat, &QCheckBox::stateChanged, this, &Form1::chkStat_Click);
-    connect(numTaglie, &QLineEdit::textChanged, this, &Form1::numTaglie_Change);
+    const auto collega = [this](auto* controllo, auto segnale, void (Form1::*gestore)()) {
+        connect(controllo, segnale, this, [this, gestore] {
+            Applicazione::Proteggi([this, gestore] { (this->*gestore)(); });
+        });
+    };
+    collega(cmdMescola, &QPushButton::clicked, &Form1::cmdMescola_Click);
+    collega(cmdColpo, &QPushButton::clicked, &Form1::cmdColpo_Click);
+    collega(cmdCancel, &QPushButton::clicked, &Form1::cmdCancel_Click);
+    collega(cmdTaglie, &QPushButton::clicked, &Form1::cmdTaglie_Click);
+    collega(cmdHelp, &QPushButton::clicked, &Form1::cmdHelp_Click);
+    collega(cmdExit, &QPushButton::clicked, &Form1::cmdExit_Click);
+    collega(chkStat, &QCheckBox::stateChanged, &Form1::chkStat_Click);
+    collega(numTaglie, &QLineEdit::textChanged, &Form1::numTaglie_Change);
     numTaglie->installEventFilter(this);
 }
 
@@ -119,7 +125,7 @@ void Form1::closeEvent(QCloseEvent* evento)
 {
     evento->accept();
     m_chiusa = true;
-    if (!m_inCorso) Chiudi();
+    if (!m_inCorso) Applicazione::Proteggi([this] { Chiudi(); });
 }
 
 namespace {
