@@ -352,7 +352,7 @@ public:
     // free on both sides is the caller's: 11 modules left and 7 right of an EAN-13, 10 on either
     // side of a Code 39. ModuleWidth, of the narrowest bar, in points: 0.8 when not positive, at
     // most 2. ShowText writes the text under the bars and adds a font to the document; the present
-    // one stays.
+    // one stays. The current point moves to (X, Y).
 
     // Code: 12 digits; a 13th is ignored, the check digit is always the right one. BarHeight in
     // user units, 69 modules when not positive; the guard bars are 5 modules longer. Error 5 for
@@ -413,7 +413,7 @@ public:
 
     // How the data of all images are encoded, added up: 1 run-length, 2 LZW, 4 ASCII base-85, 8
     // hexadecimal; 0 at first. JPEG data take 4 and 8 only. What stands when EndDoc writes them
-    // counts.
+    // counts. 12 is better avoided: one widespread reader hangs on some palettes encoded so.
     void FilterDecode(std::int32_t Filters);
 
 private:

@@ -36,8 +36,8 @@ constexpr std::array<std::string_view, 14> Stamps = {
 
 constexpr std::array<std::string_view, 4> Highlights = {" /H /N", " /H /I", " /H /O", " /H /P"};
 
-constexpr std::array<std::string_view, 5> BorderStyles = {"/S /S", "/S /D /D [ 3 ]", "/S /B",
-                                                          "/S /I", "/S /U"};
+constexpr std::array<std::string_view, 5> BorderStyles = {" /S /S", " /S /D /D [ 3 ]", " /S /B",
+                                                          " /S /I", " /S /U"};
 
 // The lines of an annotation, joined by CR.
 class Annotation
@@ -152,7 +152,7 @@ void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Wi
     if (Align == 1 || Align == 2) note.Line("/Q " + std::to_string(Align));
     std::string border = "/BS << /Type /Border /W ";
     pdf::prAppendNumber(border, BorderWidth);
-    note.Line(border + " " + std::string(Choice(BorderStyles, BorderStyle)) + " >>");
+    note.Line(border + std::string(Choice(BorderStyles, BorderStyle)) + " >>");
     m->Annotations.push_back(note.Finished());
 }
 
