@@ -189,6 +189,18 @@ TEST(SetFont, UnaFamigliaColNomeDiUnaChiaveNonSiTrova)
                 ElementsAre("Arial,Bold"));
 }
 
+TEST(SetFont, UnaChiaveCercataInvanoSiTrovaQuandoCE)
+{
+    EXPECT_THAT(CaratteriDi([](clsPDFCreator& pdf) {
+                    pdf.SetFont("Courier New", 8);
+                    pdf.SetFont("arial,bold", 8); // not there yet: a plain Arial
+                    pdf.SetFont("Arial", 8, 1);
+                    pdf.SetFont("arial,bold", 8);
+                    EXPECT_FLOAT_EQ(pdf.TextLength("A"), 5.776F); // 722 thousandths of 8
+                }),
+                ElementsAre("CourierNew", "Arial", "Arial,Bold"));
+}
+
 TEST(SetFont, ConCorpoZeroTieneQuelloDiPrima)
 {
     clsPDFCreator pdf;

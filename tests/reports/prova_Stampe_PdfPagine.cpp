@@ -140,6 +140,16 @@ TEST(StampaPdf, UnPariMostraQuattroLineette)
                             "7", "\xA9", "3", "\xAA", "A", "\xAA"));
 }
 
+TEST(StampaPdf, ISegniStannoInAltoAlCentroDellaCella)
+{
+    // 10 points of leading less 2.2 of descent; the dash of Symbol is 0.549 em wide, the dot 0.46.
+    const auto letto = Pieno("uno_trentuno");
+    const std::string& pagina = letto.Contenuto(1);
+    EXPECT_EQ(Conta(pagina, "1 0 0 -1 0 7.8 Tm\r\n11.428 0 Td (-) Tj"), 12U); // three ties
+    EXPECT_EQ(Conta(pagina, "1 0 0 -1 0 7.8 Tm\r\n11.873 0 Td (\xB7) Tj"), 50U);
+    EXPECT_EQ(Conta(pagina, "1 0 0 -1 0 7.8 Tm\r\n14.173 0 Td () Tj"), 50U);
+}
+
 TEST(StampaPdf, UnaVincitaMostraDuePunti)
 {
     const auto letto = Pieno("uno_trentuno");
