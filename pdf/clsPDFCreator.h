@@ -66,12 +66,14 @@ public:
     // Leaves the file as it is: a document without EndDoc stays incomplete.
     ~clsPDFCreator();
 
+    // An object moved from may only be destroyed or given another one.
     clsPDFCreator(clsPDFCreator&&) noexcept;
     clsPDFCreator& operator=(clsPDFCreator&&) noexcept;
     clsPDFCreator(const clsPDFCreator&) = delete;
     clsPDFCreator& operator=(const clsPDFCreator&) = delete;
 
-    // Replaces the clock and takes the creation date from it. Call it before BeginDoc.
+    // Replaces the clock, both of its functions, and takes the creation date from it. Call it
+    // before BeginDoc.
     void SetClock(Clock NewClock);
 
     // With true a font already in use is used again, where otherwise SetFont adds one to the

@@ -1,6 +1,5 @@
 // Barcodes: EAN-13 (ISO/IEC 15420) and Code 39 (ISO/IEC 16388).
 
-#include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
 #include <algorithm>
@@ -149,7 +148,7 @@ void clsPDFCreator::DrawEAN13(std::string_view Code, float X, float Y, bool Show
     constexpr double usualHeight = 69; // modules
     constexpr double guardReach = 5;   // modules that guards reach into the text line
     m->Require(X, Y, BarHeight, ModuleWidth);
-    const std::string digits = WithCheckDigit(InWindows1252(Code));
+    const std::string digits = WithCheckDigit(std::string(Code));
     const double module = m->Units(ModuleOf(ModuleWidth));
     const double height = BarHeight > 0 ? BarHeight : usualHeight * module;
     const double guards = height + guardReach * module;
@@ -175,7 +174,7 @@ void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float He
     constexpr double usualHeight = 40; // modules
     constexpr double textSize = 10;    // modules, like the distance of its baseline from the bars
     m->Require(X, Y, Height, ModuleWidth, Ratio);
-    const std::string text = InWindows1252(Code);
+    const std::string text(Code); // ASCII is the same in every encoding, and all else is refused
     const double narrow = m->Units(ModuleOf(ModuleWidth));
     const double wide = narrow * (Ratio > 0 ? static_cast<double>(Ratio) : usualRatio);
     const double height = Height > 0 ? Height : usualHeight * narrow;

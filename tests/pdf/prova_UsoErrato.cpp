@@ -42,7 +42,7 @@ void Confronta(const std::optional<ErroreRuntime>& errore, NumeroErrore numero,
 // Every operation that needs a document refuses to work on this writer.
 void NessunDocumento(clsPDFCreator& pdf)
 {
-    for (const auto* operazioni : {&Disegni, &Strutture}) {
+    for (const auto* operazioni : {&Disegni, &Aggiunte, &Strutture}) {
         for (const auto& operazione : *operazioni) {
             SCOPED_TRACE(operazione.Nome);
             Confronta(ErroreDi([&] { operazione.Chiama(pdf, operazione.Argomenti); }),
@@ -235,7 +235,7 @@ TEST(UsoErrato, TestoSenzaCarattereEUnErroreCheNonScriveNiente)
 TEST(NumeriErrati, NonFinitiSonoUnErroreCheNonScriveNiente)
 {
     const std::string atteso = UnaPaginaCon([](clsPDFCreator&) {});
-    for (const auto* operazioni : {&Disegni, &Impostazioni}) {
+    for (const auto* operazioni : {&Disegni, &Aggiunte, &Impostazioni, &Segnalibri}) {
         for (const auto& operazione : *operazioni) {
             const std::string byte = UnaPaginaCon([&](clsPDFCreator& pdf) {
                 for (std::size_t quale = 0; quale < operazione.Argomenti.size(); ++quale) {
@@ -271,6 +271,45 @@ TEST(NumeriErrati, EnormiSonoScrittiComeSonoInUnFileIntero)
             EXPECT_THAT(aiuti::LeggiPdf(byte).Difetti, testing::IsEmpty()) << nome << valore;
         }
     }
+}
+
+TEST(NumeriErrati, AggiunteEnormiDannoUnFileIntero)
+{
+    for (const float valore : {Massimo, -Massimo, std::numeric_limits<float>::denorm_min(), 0.0F}) {
+        for (const auto* operazioni : {&Aggiunte, &Segnalibri}) {
+            for (const auto& operazione : *operazioni) {
+                const std::string byte = UnaPaginaCon([&](clsPDFCreator& pdf) {
+                    operazione.Chiama(pdf, Numeri(operazione.Argomenti.size(), valore));
+                });
+                EXPECT_THAT(aiuti::LeggiPdf(byte).Difetti, testing::IsEmpty())
+                    << operazione.Nome << valore;
+            }
+        }
+    }
+}
+
+TEST(UsoErrato, FileETestiSbagliatiNonCambianoIlDocumento)
+{
+    const CartellaDiProva cartella;
+    const std::string atteso = UnaPaginaCon([](clsPDFCreator&) {});
+    const std::string manca = cartella.Nome() + "manca.gif";
+    const std::string font = cartella.Nome() + "manca.ttf";
+    const std::string avuto = UnaPaginaCon([&](clsPDFCreator& pdf) {
+        Confronta(ErroreDi([&] { pdf.DrawImage(manca, 1, 2, 3, 4); }),
+                  NumeroErrore::PercorsoNonTrovato, "file o cartella inesistente", manca);
+        Confronta(ErroreDi([&] { pdf.DrawImage("foto.png", 1, 2, 3, 4); }),
+                  NumeroErrore::ChiamataNonValida, "non è un'immagine .BMP, .GIF, .JPG o .JPEG",
+                  "foto.png");
+        Confronta(ErroreDi([&] { pdf.AddFont(font, "Mio"); }), NumeroErrore::PercorsoNonTrovato,
+                  "file o cartella inesistente", font);
+        Confronta(ErroreDi([&] { pdf.DrawEAN13("12345", 1, 2); }), NumeroErrore::ChiamataNonValida,
+                  "un EAN-13 vuole 12 o 13 cifre", "\"12345\"");
+        Confronta(ErroreDi([&] { pdf.DrawCODE39("caffè", 1, 2); }), NumeroErrore::ChiamataNonValida,
+                  "il Code 39 ha solo i caratteri ASCII", "\"caffè\"");
+        Confronta(ErroreDi([&] { pdf.SetLinearFill({}, 1, 2, 3, 4); }),
+                  NumeroErrore::ChiamataNonValida, "una sfumatura vuole dei colori");
+    });
+    EXPECT_TRUE(avuto == atteso);
 }
 
 TEST(NumeriErrati, ImpostazioniEnormiDannoUnFileIntero)

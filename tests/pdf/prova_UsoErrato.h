@@ -89,6 +89,43 @@ inline const std::vector<Operazione> Disegni = {
     {"SetColorLine", {}, [](auto& pdf, auto&) { pdf.SetColorLine("red"); }},
 };
 
+// Notes, pictures, bar codes and gradients, which write into a page, too, or belong to one.
+inline const std::vector<Operazione> Aggiunte = {
+    {"AddNoteIcon", {1, 2}, [](auto& pdf, auto& n) { pdf.AddNoteIcon("nota", 1, n[0], n[1]); }},
+    {"AddNoteBox",
+     {1, 2, 3, 4, 10, 1},
+     [](auto& pdf, auto& n) {
+         pdf.AddNoteBox("nota", n[0], n[1], n[2], n[3], n[4], "red", 1, n[5]);
+     }},
+    {"AddNoteStamp",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) { pdf.AddNoteStamp("nota", n[0], n[1], n[2], n[3]); }},
+    {"AddWebLink",
+     {1, 2, 3, 4, 1},
+     [](auto& pdf, auto& n) { pdf.AddWebLink("http://a.b", n[0], n[1], n[2], n[3], 1, n[4]); }},
+    {"DrawImage",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) {
+         pdf.DrawImage(SCALVINO_SEMI "/gif/1bit.gif", n[0], n[1], n[2], n[3]);
+     }},
+    {"DrawEAN13",
+     {1, 2, 3, 1},
+     [](auto& pdf, auto& n) { pdf.DrawEAN13("400638133393", n[0], n[1], true, n[2], n[3]); }},
+    {"DrawCODE39",
+     {1, 2, 3, 1, 2},
+     [](auto& pdf, auto& n) { pdf.DrawCODE39("A", n[0], n[1], n[2], true, n[3], n[4]); }},
+    {"SetLinearFill",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) {
+         pdf.SetLinearFill({"red", "blue"}, n[0], n[1], n[2], n[3]);
+     }},
+    {"SetRadialFill",
+     {1, 2, 3, 4, 5, 6},
+     [](auto& pdf, auto& n) {
+         pdf.SetRadialFill({"red", "blue"}, n[0], n[1], n[2], n[3], n[4], n[5]);
+     }},
+};
+
 // Those that begin and end something in the file.
 inline const std::vector<Operazione> Strutture = {
     {"EndDoc", {}, [](auto& pdf, auto&) { pdf.EndDoc(); }},
@@ -96,6 +133,8 @@ inline const std::vector<Operazione> Strutture = {
     {"EndPage", {}, [](auto& pdf, auto&) { pdf.EndPage(); }},
     {"BeginObject", {}, [](auto& pdf, auto&) { pdf.BeginObject("Modulo", 7); }},
     {"EndObject", {}, [](auto& pdf, auto&) { pdf.EndObject(); }},
+    {"BeginTiling", {}, [](auto& pdf, auto&) { pdf.BeginTiling("Trama", 0, 0, 1, 1, 1, 1); }},
+    {"EndTiling", {}, [](auto& pdf, auto&) { pdf.EndTiling(); }},
 };
 
 // Those that need no document, but numbers that are finite.
@@ -105,6 +144,13 @@ inline const std::vector<Operazione> Impostazioni = {
     {"SetPaperSize", {1, 2}, [](auto& pdf, auto& n) { pdf.SetPaperSize(255, n[0], n[1]); }},
     {"SetFont", {1}, [](auto& pdf, auto& n) { pdf.SetFont("Arial", n[0], 31); }},
     {"SetFontSize", {1}, [](auto& pdf, auto& n) { pdf.SetFontSize(n[0]); }},
+};
+
+// A bookmark needs no document either, but stands in it.
+inline const std::vector<Operazione> Segnalibri = {
+    {"AddBookmark",
+     {1, 2, 3, 4, 5},
+     [](auto& pdf, auto& n) { pdf.AddBookmark("voce", 1, 3, n[0], n[1], n[2], n[3], n[4]); }},
 };
 
 } // namespace errato
