@@ -205,7 +205,7 @@ GHOSTSCRIPT = [
     # The frame around the faults, which stand in lines of their own.
     r"The following (errors|warnings) were encountered at least once while processing this file:",
     r" +\*\*\*\* (This file had errors|The file was produced by:|>>>> |Please notify the author|"
-    r"file that it does not conform|specification\.).*",
+    r"file that it does not conform|specificatio.\.).*",
 ]
 
 # Both are faults of the appearance that it makes itself for a stamp, which has none of its own.
