@@ -90,7 +90,8 @@ bool StessoNome(const std::string& uno, const std::string& altro)
     std::error_code errore;
     const auto completo = [&errore](const std::string& nome) {
         // Absolute first: of a name that does not exist the rest is taken as it stands.
-        return std::filesystem::weakly_canonical(std::filesystem::absolute(nome, errore), errore);
+        return std::filesystem::weakly_canonical(
+            std::filesystem::absolute(percorsi::Cammino(nome), errore), errore);
     };
     return completo(uno) == completo(altro) && !errore;
 }

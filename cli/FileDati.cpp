@@ -1,6 +1,7 @@
 #include "FileDati.h"
 
 #include "ErroreRuntime.h"
+#include "Percorsi.h"
 
 #include <filesystem>
 #include <system_error>
@@ -12,7 +13,7 @@ void PretendiFileDati(const std::string& percorso)
     // A name that the user gave may well be a link on purpose (a device's name is one): replacing
     // it would take away something that is in use elsewhere.
     std::error_code errore;
-    if (std::filesystem::is_symlink(percorso, errore)) {
+    if (std::filesystem::is_symlink(percorsi::Cammino(percorso), errore)) {
         throw ErroreRuntime(NumeroErrore::AccessoAlFile,
                             "è un collegamento, serve il nome di un file ordinario", percorso);
     }

@@ -24,6 +24,9 @@ if(NOT WIN32)
     target_link_options(scalvino_opzioni INTERFACE
         $<$<AND:$<CONFIG:Release>,$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>>:-pie>
         $<$<CONFIG:Release>:-Wl,-z,relro,-z,now,-z,noexecstack>)
+else()
+    # Here the stack protector is a library, which only this option brings in.
+    target_link_options(scalvino_opzioni INTERFACE $<$<CONFIG:Release>:-fstack-protector-strong>)
 endif()
 
 if(SCALVINO_SANITIZE)

@@ -24,7 +24,7 @@ bool FileOrdinario(const std::string& percorso);
 bool StessoFile(const std::string& percorso, const std::string& altro);
 
 // Remembers which very file stands under a name, so that another one put there later is told from
-// it. Not copyable. Where the system gives files no numbers (Windows) every file passes.
+// it. Not copyable.
 class Impronta
 {
 public:
@@ -56,7 +56,9 @@ private:
     void Ancora() noexcept;
 
     std::string m_percorso;
-    int m_ancora = -1; // keeps the number of the file from being given to another one
+    // A descriptor or handle that keeps the number of the file from being given to another one.
+    static constexpr std::intptr_t SenzaAncora = -1;
+    std::intptr_t m_ancora = SenzaAncora;
     std::uint64_t m_dispositivo = 0;
     std::uint64_t m_indice = 0;
 };

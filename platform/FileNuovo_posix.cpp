@@ -127,7 +127,7 @@ Impronta::Impronta(std::string percorso, int descrittore)
 
 Impronta::~Impronta()
 {
-    if (m_ancora >= 0) ::close(m_ancora);
+    if (m_ancora != SenzaAncora) ::close(static_cast<int>(m_ancora));
 }
 
 // A file system may give the number of a removed file to the next one at once: while the file is

@@ -2,9 +2,12 @@
 
 #include "ErroreSistema.h"
 #include "Numeri.h"
+#include "Percorsi.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <vector>
 
 #include <fcntl.h>
@@ -20,7 +23,18 @@ namespace {
 #ifdef _WIN32
 int Apri(const char* percorso)
 {
-    return ::_open(percorso, _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+    const int descrittore = ::_open(percorso, _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+    if (descrittore >= 0 || errno != EACCES) return descrittore;
+    // The system refuses folders without saying that they are some.
+    std::error_code errore;
+    const bool cartella = std::filesystem::is_directory(percorsi::Cammino(percorso), errore);
+    errno = cartella ? EISDIR : EACCES;
+    return -1;
+}
+// Else the library would end the text at a Ctrl-Z.
+void PreparaIngressoStandard()
+{
+    ::_setmode(0, _O_BINARY);
 }
 int ApriSenzaAttesa(const char* percorso)
 {
@@ -45,6 +59,7 @@ int Apri(const char* percorso)
 {
     return ::open(percorso, O_RDONLY | O_CLOEXEC);
 }
+void PreparaIngressoStandard() {}
 int ApriSenzaAttesa(const char* percorso)
 {
     return ::open(percorso, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
@@ -72,6 +87,7 @@ public:
         : m_standard(percorso == "-")
     {
         if (m_standard) {
+            PreparaIngressoStandard();
             m_descrittore = IngressoStandard;
             return;
         }

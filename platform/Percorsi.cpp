@@ -19,7 +19,7 @@ namespace {
 void PretendiCartella(const std::string& cartella)
 {
     std::error_code errore;
-    const auto voce = std::filesystem::status(cartella, errore);
+    const auto voce = std::filesystem::status(percorsi::Cammino(cartella), errore);
     if (std::filesystem::is_directory(voce)) return;
     throw ErroreRuntime(
         NumeroErrore::PercorsoNonTrovato,
@@ -40,7 +40,7 @@ std::string CartellaCompleta(const std::string& cartella)
 {
     PretendiCartella(cartella);
     std::error_code errore;
-    const std::filesystem::path data(cartella);
+    const std::filesystem::path data = percorsi::Cammino(cartella);
     // ".." after a link leads to the parent of the link's target, which only the system knows.
     const bool risale = std::find(data.begin(), data.end(), "..") != data.end();
     const auto assoluta = risale ? std::filesystem::canonical(data, errore)
@@ -55,7 +55,7 @@ std::string CartellaCompleta(const std::string& cartella)
 std::string PercorsoCompleto(const std::string& percorso)
 {
     std::error_code errore;
-    const auto assoluto = std::filesystem::absolute(percorso, errore);
+    const auto assoluto = std::filesystem::absolute(percorsi::Cammino(percorso), errore);
     if (errore) {
         throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella corrente non esiste",
                             percorso);

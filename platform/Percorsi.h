@@ -1,6 +1,7 @@
 // Folders: where reports go and how a folder's name is completed.
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 // The temporary folder of the user, ending in the platform's separator. Windows: as GetTempPathA
@@ -19,6 +20,10 @@ std::string PercorsoCompleto(const std::string& percorso);
 std::string ConSeparatore(std::string cartella);
 
 namespace percorsi {
+
+// A name as all calls of the program take it, in the form of the C++ library, which on Windows
+// would read its bytes otherwise: there names are UTF-8, elsewhere they are bytes.
+std::filesystem::path Cammino(const std::string& nome);
 
 // The system's own answers, one file per platform: empty where there is none.
 std::string CartellaTempDelSistema();

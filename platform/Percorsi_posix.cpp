@@ -6,6 +6,11 @@
 
 namespace percorsi {
 
+std::filesystem::path Cammino(const std::string& nome)
+{
+    return nome;
+}
+
 std::string CartellaTempDelSistema()
 {
     const char* scelta = std::getenv("TMPDIR");

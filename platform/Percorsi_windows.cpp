@@ -7,6 +7,11 @@
 
 namespace percorsi {
 
+std::filesystem::path Cammino(const std::string& nome)
+{
+    return std::u8string(nome.begin(), nome.end());
+}
+
 std::string CartellaTempDelSistema()
 {
     std::array<char, LunghezzaMassima> nome{};
@@ -21,7 +26,7 @@ std::string CartellaDelProgramma()
     const DWORD lunghezza =
         GetModuleFileNameA(nullptr, nome.data(), static_cast<DWORD>(nome.size()));
     if (lunghezza == 0 || lunghezza >= nome.size()) return ".";
-    return std::filesystem::path(std::string(nome.data(), lunghezza)).parent_path().string();
+    return Cammino(std::string(nome.data(), lunghezza)).parent_path().string();
 }
 
 bool Separatore(char c)

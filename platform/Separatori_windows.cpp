@@ -30,6 +30,7 @@ Separatori SeparatoriUtente()
     Separatori separatori;
     const std::string decimali = Voce(LOCALE_SDECIMAL);
     if (!decimali.empty()) separatori.Decimali = decimali;
-    separatori.Migliaia = Voce(LOCALE_STHOUSAND);
+    // "0" stands for digits that are not grouped, whatever the mark.
+    if (!Voce(LOCALE_SGROUPING).starts_with('0')) separatori.Migliaia = Voce(LOCALE_STHOUSAND);
     return separatori;
 }

@@ -34,9 +34,39 @@ constexpr std::int32_t Normale = 0;
 constexpr std::int32_t Grassetto = 1;
 constexpr float Mezzeria = 10.5F;
 
+// The file of a document that is removed again unless it was finished.
+class FileProvvisorio
+{
+public:
+    FileProvvisorio() = default;
+    ~FileProvvisorio()
+    {
+        if (m_impronta && !m_finito) m_impronta->Togli();
+    }
+    FileProvvisorio(const FileProvvisorio&) = delete;
+    FileProvvisorio& operator=(const FileProvvisorio&) = delete;
+    FileProvvisorio(FileProvvisorio&&) = delete;
+    FileProvvisorio& operator=(FileProvvisorio&&) = delete;
+
+    void Segna(const std::string& percorso) { m_impronta.emplace(percorso); }
+
+    void Tieni()
+    {
+        m_impronta->Pretendi(); // nobody else's file is opened as the report
+        m_finito = true;
+    }
+
+private:
+    std::optional<Impronta> m_impronta;
+    bool m_finito = false;
+};
+
 // A document that is removed again unless it was finished.
 class Documento
 {
+    // Before the writer, so that it goes after it: not every system removes a file that is open.
+    FileProvvisorio m_file;
+
 public:
     Documento()
         : m_percorso(PercorsoReport(NomePdf))
@@ -50,14 +80,10 @@ public:
         Pdf.Orientation(0);
         Pdf.PDFReader(0);
         Pdf.BeginDoc(m_percorso);
-        m_impronta.emplace(m_percorso);
+        m_file.Segna(m_percorso);
     }
 
-    ~Documento()
-    {
-        if (m_impronta && !m_finito) m_impronta->Togli();
-    }
-
+    ~Documento() = default;
     Documento(const Documento&) = delete;
     Documento& operator=(const Documento&) = delete;
     Documento(Documento&&) = delete;
@@ -68,8 +94,7 @@ public:
     {
         PiePagina();
         Pdf.EndDoc();
-        m_impronta->Pretendi(); // nobody else's file is opened as the report
-        m_finito = true;
+        m_file.Tieni();
         AmbienteInUso.Apri(m_percorso, StileFinestra::MassimizzataConFuoco);
     }
 
@@ -91,8 +116,6 @@ private:
     }
 
     std::string m_percorso;
-    std::optional<Impronta> m_impronta;
-    bool m_finito = false;
 };
 
 void TestaPagina(clsPDFCreator& pdf, float altezzaTitolo)

@@ -41,11 +41,13 @@ public:
     ~CartellaDiProva();
     CartellaDiProva(const CartellaDiProva&) = delete;
     CartellaDiProva& operator=(const CartellaDiProva&) = delete;
-    std::string Nome() const { return m_cartella.string() + "/"; }
+    std::string Nome() const { return m_cartella.string() + Separatore; }
     std::filesystem::path File(std::string_view nome) const { return m_cartella / nome; }
     std::vector<std::string> Contenuto() const; // names, sorted
 
 private:
+    static constexpr char Separatore =
+        static_cast<char>(std::filesystem::path::preferred_separator);
     std::filesystem::path m_cartella;
 };
 

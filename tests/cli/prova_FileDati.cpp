@@ -1,7 +1,6 @@
 // The raw data files: whole shoes, replaced safely.
 
 #include "Aiuti.h"
-#include "ErroreRuntime.h"
 #include "FileDati.h"
 
 #include <gtest/gtest.h>
@@ -43,23 +42,4 @@ TEST(FileDati, MolteTaglieArrivanoSulDiscoPrimaDellaFine)
     EXPECT_GE(std::filesystem::file_size(cartella.File("dati")), 64U * 1024);
     dati.Chiudi();
     EXPECT_EQ(std::filesystem::file_size(cartella.File("dati")), 100000U);
-}
-
-TEST(FileDati, UnCollegamentoERifiutatoERimane)
-{
-    const CartellaDiProva cartella;
-    std::ofstream(cartella.File("altro")) << "altro";
-    std::filesystem::create_symlink(cartella.File("altro"), cartella.File("freccia"));
-    std::filesystem::create_symlink("/dev/null", cartella.File("nulla"));
-    for (const auto* nome : {"freccia", "nulla"}) {
-        try {
-            FileDati dati(cartella.File(nome).string());
-            FAIL() << "no error";
-        } catch (const ErroreRuntime& errore) {
-            EXPECT_EQ(errore.Motivo(), "è un collegamento, serve il nome di un file ordinario");
-            EXPECT_EQ(errore.File(), cartella.File(nome).string());
-        }
-        EXPECT_TRUE(std::filesystem::is_symlink(cartella.File(nome)));
-    }
-    EXPECT_EQ(Byte(cartella.File("altro")), "altro");
 }

@@ -6,14 +6,12 @@
 #include "Aiuti.h"
 #include "PaginaDiProva.h"
 #include "Scritture.h"
-#include "Utente.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <limits>
 #include <string>
@@ -387,21 +385,4 @@ TEST(NumeriErrati, InteriAiLimiti)
                     testing::StartsWith(
                         "%PDF-1." + std::to_string(3 + static_cast<std::int64_t>(valore)) + "\r"));
     }
-}
-
-// ---- Opening ---------------------------------------------------------------------------------
-
-TEST(OpenDoc, SenzaUnProgrammaCheApreEUnErrore)
-{
-    const CartellaDiProva cartella;
-    const std::string nome = cartella.Nome() + "prova.pdf";
-    EXPECT_EQ(aiuti::InUnFiglio([&] {
-                  ::setenv("PATH", cartella.Nome().c_str(), 1);
-                  clsPDFCreator pdf;
-                  pdf.BeginDoc(nome);
-                  pdf.EndDoc();
-                  Confronta(ErroreDi([&pdf] { pdf.OpenDoc(); }), NumeroErrore::FileNonTrovato,
-                            "nessun programma può aprire il file", nome);
-              }),
-              aiuti::Riuscito);
 }

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -70,6 +71,26 @@ public:
     }
 };
 
+// Why a write fails, and how that is told.
+struct Ragione
+{
+    int Codice;
+    NumeroErrore Numero;
+    const char* Motivo;
+};
+
+inline constexpr Ragione Pieno = {ENOSPC, NumeroErrore::DiscoPieno, "spazio esaurito sul disco"};
+inline constexpr Ragione Rotto = {EIO, NumeroErrore::ErroreInputOutput, "errore del dispositivo"};
+
+// The error of a run has this reason and names the report.
+inline void Confronta(const ErroreRuntime& errore, const Ragione& ragione,
+                      const std::filesystem::path& report)
+{
+    EXPECT_EQ(errore.Numero(), ragione.Numero);
+    EXPECT_EQ(errore.Motivo(), ragione.Motivo);
+    EXPECT_EQ(errore.File(), report.string());
+}
+
 inline void Scrivi(const std::filesystem::path& percorso, const std::string& testo)
 {
     std::ofstream file(percorso, std::ios::binary | std::ios::trunc);
@@ -110,6 +131,12 @@ inline std::optional<std::string> Contenuto(const std::filesystem::path& percors
 {
     if (!std::filesystem::exists(std::filesystem::symlink_status(percorso))) return std::nullopt;
     return aiuti::Byte(percorso);
+}
+
+// Title and two whole shoes.
+inline std::string DueTaglie()
+{
+    return StatiInteri(aiuti::Dorato(Operazioni[0].Dorato), 3)[2];
 }
 
 } // namespace guasti

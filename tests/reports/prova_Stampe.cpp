@@ -346,23 +346,6 @@ TEST(StampaHtml, SiFermaAncheFraILink)
     EXPECT_TRUE(prova.Cartella.Contenuto().empty());
 }
 
-TEST(StampaHtml, UnFileMessoAlSuoPostoNonSiApreNeSiTocca)
-{
-    for (const bool statistiche : {false, true}) {
-        AmbienteDiProva prova;
-        const double taglie = Prepara(prova, Casi[2]);
-        const auto percorso = prova.Cartella.File("taglie.htm");
-        AmbienteInUso.TagliaFatta = [&](std::int64_t fatte) {
-            if (fatte != 2) return;
-            std::filesystem::remove(percorso);
-            std::ofstream(percorso) << "altrui";
-        };
-        EXPECT_THROW(statistiche ? StatisticheHtml(taglie, {}) : StampaHtml(taglie), ErroreRuntime);
-        EXPECT_EQ(Byte(percorso), "altrui");
-        EXPECT_TRUE(prova.Aperti.empty());
-    }
-}
-
 TEST(StampaTxt, UnFileMessoAlSuoPostoNonSiTocca)
 {
     AmbienteDiProva prova;
@@ -370,7 +353,7 @@ TEST(StampaTxt, UnFileMessoAlSuoPostoNonSiTocca)
     const auto percorso = prova.Cartella.File("taglie.txt");
     AmbienteInUso.TagliaFatta = [&](std::int64_t fatte) {
         if (fatte != 2) return;
-        std::filesystem::remove(percorso);
+        std::filesystem::rename(percorso, prova.Cartella.File("suo"));
         std::ofstream(percorso) << "altrui";
     };
     EXPECT_THROW(StampaTxt(taglie), ErroreRuntime);

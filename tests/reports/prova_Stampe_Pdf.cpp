@@ -4,20 +4,18 @@
 #include "prova_Stampe_Pdf.h"
 
 #include "ErroreRuntime.h"
+#include "LettoreDiFile.h"
 #include "PdfProdotti.h"
+#include "Regole.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 using namespace Stampe;
 using namespace stampepdf;
@@ -97,10 +95,10 @@ TEST(StampePdf, LeProprietaDelDocumento)
     for (const auto& letto : {Pieno("uno_trentuno"), Statistiche("uno_trentuno")}) {
         EXPECT_EQ(letto.Versione, "1.3");
         EXPECT_THAT(letto.Oggetto(1),
-                    testing::MatchesRegex("<<\r/Title \\(Scalvino\\)\r/Author \\(Vellarmo\\)\r"
-                                          "/Creator \\([^)]+\\)\r/Producer \\(Vellarmo\\)\r"
-                                          "/CreationDate \\(D:20260102030405Z\\+01'00'\\)\r"
-                                          "/Subject \\(Scalvino\\)\r/Keywords \\(\\)\r>>"));
+                    aiuti::Segue("<<\r/Title \\(Scalvino\\)\r/Author \\(Vellarmo\\)\r"
+                                 "/Creator \\([^)]+\\)\r/Producer \\(Vellarmo\\)\r"
+                                 "/CreationDate \\(D:20260102030405Z\\+01'00'\\)\r"
+                                 "/Subject \\(Scalvino\\)\r/Keywords \\(\\)\r>>"));
         EXPECT_THAT(letto.Oggetto(4), HasSubstr("/MediaBox [0 0 596 842]\r/CropBox [0 0 596 842]\r"
                                                 "/Kids ["));
     }
@@ -171,41 +169,13 @@ TEST(StampePdf, UnDocumentoInUsoSiAvvisaESiLascia)
         Prova prova("tre");
         const auto percorso = prova.Cartella.File("taglie.pdf");
         std::ofstream(percorso) << "aperto";
-        const int tenuto = ::open(percorso.c_str(), O_RDONLY | O_CLOEXEC);
-        ASSERT_GE(tenuto, 0);
-        const int altro = ::open(percorso.c_str(), O_RDONLY | O_CLOEXEC);
-        const bool siSa = ::fcntl(altro, F_SETLEASE, F_WRLCK) != 0 && errno == EAGAIN;
-        ::close(altro);
-        if (!siSa) GTEST_SKIP() << "no leases on this file system";
+        if (!aiuti::SiSaChiTiene(percorso)) GTEST_SKIP() << "no leases on this file system";
+        const aiuti::LettoreDiFile tenuto(percorso);
         AmbienteInUso.PreparaTaglia = [](std::int64_t) { ADD_FAILURE() << "a shoe was dealt"; };
         EXPECT_EQ(statistiche ? StatistichePdf(3, {}) : StampaPdf(3), std::nullopt);
-        ::close(tenuto);
         ASSERT_EQ(prova.Messaggi.size(), 1U);
         EXPECT_EQ(prova.Messaggi[0].Titolo, "Ombrivento");
         EXPECT_EQ(Byte(percorso), "aperto");
         EXPECT_THAT(prova.Aperti, IsEmpty());
     }
-}
-
-TEST(StampePdf, UnCollegamentoPenzolanteValeComeInUso)
-{
-    Prova prova("tre");
-    std::filesystem::create_symlink("bersaglio", prova.Cartella.File("taglie.pdf"));
-    EXPECT_EQ(StampaPdf(3), std::nullopt);
-    EXPECT_EQ(prova.Messaggi.size(), 1U);
-    EXPECT_THAT(prova.Cartella.Contenuto(), ElementsAre("taglie.pdf")); // the link
-}
-
-TEST(StampePdf, UnFileMessoAlSuoPostoNonSiApreNeSiTocca)
-{
-    Prova prova("tre");
-    const auto percorso = prova.Cartella.File("taglie.pdf");
-    AmbienteInUso.TagliaFatta = [&](std::int64_t fatte) {
-        if (fatte != 2) return;
-        std::filesystem::remove(percorso);
-        std::ofstream(percorso) << "altrui";
-    };
-    EXPECT_THROW(StampaPdf(3), ErroreRuntime);
-    EXPECT_EQ(Byte(percorso), "altrui");
-    EXPECT_THAT(prova.Aperti, IsEmpty());
 }

@@ -3,6 +3,7 @@
 #include "prova_Stampe_Pdf.h"
 
 #include "ErroreRuntime.h"
+#include "Regole.h"
 
 using namespace Stampe;
 using namespace stampepdf;
@@ -79,20 +80,19 @@ TEST(StampaPdf, IlSottotitoloTieneIlGrassettoDelTitolo)
     // No font is added: size 12 in the second font of the page.
     const auto letto = Pieno("uno_trentuno");
     EXPECT_THAT(letto.Contenuto(1),
-                testing::ContainsRegex("/_FNT_2 12 Tf 12 TL\r\n"
-                                       "1 0 0 -1 [0-9.]+ 56.693 Tm \\(Taglia\\) Tj\r\n"));
+                aiuti::HaUnaParteCheSegue("/_FNT_2 12 Tf 12 TL\r\n"
+                                          "1 0 0 -1 [0-9.]+ 56.693 Tm \\(Taglia\\) Tj\r\n"));
     EXPECT_THAT(letto.Contenuto(1), HasSubstr("/_FNT_3 8 Tf 8 TL\r\n"));
 }
 
 TEST(StampaPdf, IlPiePaginaALDueEAlDiciannove)
 {
     // "di 1" is 1.528 em wide in Times.
-    EXPECT_THAT(
-        PiePagina(Pieno("uno_trentuno")),
-        testing::MatchesRegex("q\r\nBT\r\n/_FNT_[0-9]+ 6 Tf 6 TL\r\n"
-                              "1 0 0 -1 56.693 822.047 Tm \\(Scalvino \xA9 2026\\) Tj\r\nET\r\n"
-                              "BT\r\n/_FNT_[0-9]+ 6 Tf 6 TL\r\n"
-                              "1 0 0 -1 529.415 822.047 Tm \\(di 1\\) Tj\r\nET\r\nQ\r\n"));
+    EXPECT_THAT(PiePagina(Pieno("uno_trentuno")),
+                aiuti::Segue("q\r\nBT\r\n/_FNT_[0-9]+ 6 Tf 6 TL\r\n"
+                             "1 0 0 -1 56.693 822.047 Tm \\(Scalvino \xA9 2026\\) Tj\r\nET\r\n"
+                             "BT\r\n/_FNT_[0-9]+ 6 Tf 6 TL\r\n"
+                             "1 0 0 -1 529.415 822.047 Tm \\(di 1\\) Tj\r\nET\r\nQ\r\n"));
 }
 
 // ---- Rows ------------------------------------------------------------------------------------
@@ -185,13 +185,13 @@ TEST(StampaPdf, UnaCartaRossaEPoiDiNuovoNero)
     ASSERT_NE(carta, std::string::npos);
     const auto inizio = pagina.rfind("BT\r\n", carta);
     const auto fine = pagina.find("0 0 0 rg\r\n", carta);
-    EXPECT_THAT(pagina.substr(inizio, fine + 10 - inizio),
-                testing::MatchesRegex(
-                    "BT\r\n/_FNT_[0-9]+ 8 Tf 8 TL\r\n1 0 0 -1 0 842 Tm\r\n"
-                    "1 0 0 -1 5.669 10.808 Tm\r\n-3.227 0 Td \\(10\\) Tj 3.227 0 Td T\\*\r\r\n"
-                    "ET\r\n1 0 0 rg\r\n"
-                    "BT\r\n/_FNT_[0-9]+ 10 Tf 10 TL\r\n1 0 0 -1 0 842 Tm\r\n"
-                    "1 0 0 -1 11.339 8.469 Tm\r\n\\(\xA8\\) Tj T\\*\r\r\nET\r\n0 0 0 rg\r\n"));
+    EXPECT_THAT(
+        pagina.substr(inizio, fine + 10 - inizio),
+        aiuti::Segue("BT\r\n/_FNT_[0-9]+ 8 Tf 8 TL\r\n1 0 0 -1 0 842 Tm\r\n"
+                     "1 0 0 -1 5.669 10.808 Tm\r\n-3.227 0 Td \\(10\\) Tj 3.227 0 Td T\\*\r\r\n"
+                     "ET\r\n1 0 0 rg\r\n"
+                     "BT\r\n/_FNT_[0-9]+ 10 Tf 10 TL\r\n1 0 0 -1 0 842 Tm\r\n"
+                     "1 0 0 -1 11.339 8.469 Tm\r\n\\(\xA8\\) Tj T\\*\r\r\nET\r\n0 0 0 rg\r\n"));
 }
 
 TEST(StampaPdf, SoloCuoriEQuadriSonoRossiEDopoOgniCartaSiTornaNero)
@@ -319,10 +319,12 @@ TEST(StatistichePdf, ITitoliELaTabellaAlLoroPosto)
     const std::string pagina = Statistiche("uno_trentuno").Contenuto(1);
     EXPECT_THAT(pagina, HasSubstr(" 261.469 36.85 Tm (SCALVINO) Tj\r\n"));
     // 3 and 3.5 cm; both in the bold font of the title.
-    EXPECT_THAT(pagina, testing::ContainsRegex("/_FNT_2 12 Tf 12 TL\r\n1 0 0 -1 [0-9.]+ 85.039 Tm "
-                                               "\\(Simulazione taglie\\) Tj\r\n"));
-    EXPECT_THAT(pagina, testing::ContainsRegex("/_FNT_2 10 Tf 10 TL\r\n1 0 0 -1 [0-9.]+ 99.213 Tm "
-                                               "\\(Statistiche generali\\) Tj\r\n"));
+    EXPECT_THAT(pagina,
+                aiuti::HaUnaParteCheSegue("/_FNT_2 12 Tf 12 TL\r\n1 0 0 -1 [0-9.]+ 85.039 Tm "
+                                          "\\(Simulazione taglie\\) Tj\r\n"));
+    EXPECT_THAT(pagina,
+                aiuti::HaUnaParteCheSegue("/_FNT_2 10 Tf 10 TL\r\n1 0 0 -1 [0-9.]+ 99.213 Tm "
+                                          "\\(Statistiche generali\\) Tj\r\n"));
     EXPECT_THAT(pagina, HasSubstr("\r\nq\r\n0.283 w\r\nq\r\n1 0 0 1 127.559 113.386 cm\r\n"));
     EXPECT_EQ(Conta(pagina, "1 0 0 1 127.559 "), 14U);
     EXPECT_EQ(Conta(pagina, "\r\n0 0 340.157 14.173 re\r\nS\r\n"), 2U); // 12 cm, and the next row
