@@ -270,7 +270,7 @@ public:
     // The width of Text in user units with the present font, spacing and scaling; 0 without a font.
     float TextLength(std::string_view Text) const;
 
-    // The font size in user units; 0 before the first font.
+    // The font size in user units; 0 until one is given.
     float TextHeight() const;
 
     // Returns any Bytes as ASCII base-85 (ISO 32000-1, 7.4.3), with "~>" at the end. Needs no
