@@ -493,7 +493,7 @@ public:
     void DrawImage(const std::string& FileName, float X, float Y, float Width, float Height,
                    std::string_view Key = {});
 
-    // ---- Colours -------------------------------------------------------------------------------
+    // ---- Colours, fonts of one's own -----------------------------------------------------------
 
     // The Color of areas and text from here to the end of the page (ISO 32000-1, 8.6.8).
     // PatternColor: that of a tiling of kind 2. An empty Color changes nothing.
