@@ -17,6 +17,9 @@ from pathlib import Path
 SCALVINO = Path(os.environ["SCALVINO"]).resolve()
 ARTEFATTI = Path(os.environ["ARTEFATTI"])
 
+# Ignored where the tests run in the background, and inherited by whatever they start.
+signal.signal(signal.SIGINT, signal.default_int_handler)
+
 # Patience with a loaded machine; nothing that goes well waits for it.
 ATTESA = 60
 
