@@ -3,7 +3,7 @@
     disegna_schermate.py FOLDER BUILD REPORT.htm     writes FOLDER/finestra.png and taglie-html.png
 
 BUILD is a build folder with the window. The coup on its table is another one each time: the window
-has no seed. Needs Xvfb, openbox, xdotool, wmctrl, ImageMagick and Chromium.
+has no seed. Needs Xvfb, openbox, xdotool, wmctrl, x11-utils, ImageMagick and Chromium.
 """
 
 import os
@@ -43,9 +43,10 @@ def finestra(costruiti, lavoro):
             prima = programma.tavolo()
             programma.clicca(pulsante)
             schermo.aspetta(lambda: programma.tavolo() != prima, pulsante)
-        video.fa("xdotool", "mousemove", "0", "0")
+        programma.scosta()
         time.sleep(0.5)
-        return Image.open(programma.fotografa("finestra")).convert("RGB")
+        programma.fotografa("finestra")
+        return Image.open(lavoro / "finestra.png").convert("RGB")
     finally:
         programma.close()
         video.close()
