@@ -271,6 +271,7 @@ TEST_F(Finestra, UnGuastoDelReportFinisceIlProgramma)
     ASSERT_EQ(mano.Visti.size(), 1U);
     EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
     EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Critical);
+    EXPECT_EQ(mano.Visti[0].Pulsanti, std::vector<std::string>{"OK"});
     EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 75: ")) << mano.Visti[0].Testo;
     EXPECT_NE(mano.Visti[0].Testo.find("taglie.txt"), std::string::npos);
     EXPECT_TRUE(finestra->Chiusa());

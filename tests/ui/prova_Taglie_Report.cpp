@@ -63,6 +63,13 @@ TEST_F(Finestra, LeCifreAVideoSonoQuelleDelReportDorato)
     Scegli(FormaVideo, true);
     Scrivi("12");
     Clicca("cmdTaglie");
+    const auto schermata = registro->UltimaSchermata();
+    ASSERT_GT(schermata.size(), 9U);
+    EXPECT_EQ(Nomi(schermata.begin(), schermata.begin() + 9),
+              (Nomi{"pulisci", "font Arial Black 20 grassetto", "posto 1120 180",
+                    "colore 127,127,127", "stampa SCALVINO", "posto 1100 160", "colore 255,0,0",
+                    "stampa SCALVINO", "colore 0,0,0"}));
+    EXPECT_EQ(schermata.back(), "aggiorna");
     EXPECT_EQ(registro->Testi(), (Nomi{"Simulazione taglie",
                                        "Statistiche generali",
                                        "Taglie:",

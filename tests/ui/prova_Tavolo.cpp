@@ -159,6 +159,18 @@ TEST_F(Tavolo, CioCheSiVedeEIlDisegno)
     EXPECT_LT(Scarto(vista, Carte().Disegno().Immagine), 0.01);
 }
 
+TEST_F(Tavolo, RidisegnatoRicominciaDaiColoriDiAllora)
+{
+    Carte().Pulisci();
+    Carte().PrintText("Prima", 1500, 1500, "Arial", 28, 400, 0, Falso, Falso, Falso);
+    Carte().ImpostaColoreTesto({255, 0, 0});
+    Carte().PrintText("Dopo", 1500, 3000, "Arial", 28, 400, 0, Falso, Falso, Falso);
+    const QImage prima = Carte().Disegno().Immagine;
+    Carte().Disegno().Immagine = QImage(10, 10, QImage::Format_RGB32);
+    Carte().repaint();
+    EXPECT_EQ(Carte().Disegno().Immagine, prima);
+}
+
 // At once, not when events are dealt with again: a report may keep the thread busy until its end.
 TEST_F(Tavolo, AggiornareDipingeSubito)
 {
