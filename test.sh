@@ -19,9 +19,12 @@ echo "Eseguo le prove"
 esito=0
 ctest --preset release --parallel "$(nproc)" "$@" || esito=$?
 
-# ctest names the tests it skipped, but not those skipped inside a program that passed.
+# ctest counts programs. How many tests they hold, and which of these were skipped inside a program
+# that passed, stands only in its log.
 registro=build/release/Testing/Temporary/LastTest.log
-saltate=$(grep -aE "\.\.\. skipped '" "$registro" || true)
+awk '/^\[=+\] [0-9]+ tests? from .* ran\./ || /^Ran [0-9]+ tests? in / { n += $2 }
+    END { print "Prove eseguite dentro i programmi: " n + 0 }' "$registro"
+saltate=$(grep -aE "\.\.\. skipped '|^\[  SKIPPED \] .* \([0-9]+ ms\)$" "$registro" || true)
 echo "Prove saltate dentro altre: $(grep -c . <<<"$saltate" || true)"
 [ -z "$saltate" ] || echo "$saltate"
 exit "$esito"
