@@ -22,12 +22,12 @@ sys.path.append(str(QUI.parent / "finestra"))
 os.environ.update(COSTRUITA="", CMAKE="cmake", COMPONENTI="", SCALVINO="/usr/bin/scalvino")
 os.environ.setdefault("ARTEFATTI", tempfile.gettempdir() + "/scalvino-schermate")
 
-# pylint: disable=wrong-import-position
 import schermo
 from comune import Prova, albero, differenze, fai, tenuta
 
 COMPONENTI = {"scalvino": "programma", "taglie": "comando", "libclspdfcreator-dev": "libreria",
               "scalvino-doc": "documentazione"}
+VERDE = "69E600" # of the title screen
 ROOT = [] if os.geteuid() == 0 else ["sudo"]
 APT = [*ROOT, "env", "DEBIAN_FRONTEND=noninteractive", "LC_ALL=C"]
 
@@ -141,9 +141,10 @@ class Pacchetti(Prova):
         finestra = schermo.Finestra(visto)
         self.addCleanup(finestra.close)
         finestra.pronta()
-        schermo.aspetta(lambda: finestra.colore(230, 30) == "69E600", "il titolo")
+        schermo.aspetta(lambda: finestra.colore(230, 30) == VERDE, "il titolo")
+        prima = finestra.tavolo()
         finestra.clicca("cmdMescola")
-        schermo.aspetta(lambda: finestra.colore(230, 30) != "", "le carte")
+        schermo.aspetta(lambda: finestra.tavolo() != prima, "le carte")
         finestra.fotografa("pacchetto")
         finestra.chiudi()
         self.assertEqual(finestra.esito(), 0)
