@@ -121,7 +121,7 @@ void RifiutaFileDoppi(const Opzioni& opzioni, const std::string& percorsoReport)
 // Before the first of these files is replaced: one that cannot be must not cost the others.
 void PretendiScrivibili(const Opzioni& opzioni, const std::string& percorsoReport)
 {
-    if (!percorsoReport.empty()) PretendiSostituibile(percorsoReport);
+    if (!percorsoReport.empty()) PretendiCreabile(percorsoReport);
     for (const auto* file : {&opzioni.SalvaMazzi, &opzioni.Colpi}) {
         if (!file->empty()) PretendiFileDati(*file);
     }

@@ -16,7 +16,7 @@ void PretendiFileDati(const std::string& percorso)
         throw ErroreRuntime(NumeroErrore::AccessoAlFile,
                             "è un collegamento, serve il nome di un file ordinario", percorso);
     }
-    PretendiSostituibile(percorso);
+    PretendiCreabile(percorso);
 }
 
 FileDati::FileDati(const std::string& percorso)

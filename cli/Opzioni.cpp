@@ -26,12 +26,31 @@ struct Grezze
     throw ErroreComando(UscitaUso, cosa, perche);
 }
 
+// The short switches before a value that none of them wants: "-s" of "-s=1". The parser is left
+// with "-=1" only.
+std::string InterruttoreConValore(const std::vector<std::string>& argomenti,
+                                  std::string_view avanzato)
+{
+    if (!avanzato.starts_with("-=")) return {};
+    const auto valore = avanzato.substr(1);
+    for (const std::string_view argomento : argomenti) {
+        const bool breve = argomento.starts_with("-") && !argomento.starts_with("--");
+        if (breve && argomento != avanzato && argomento.ends_with(valore)) {
+            return std::string(argomento.substr(0, argomento.size() - valore.size()));
+        }
+    }
+    return {};
+}
+
 // A missing value comes as "--name: ..." from the parser.
-[[noreturn]] void TraduciErrore(const CLI::App& lettore, const CLI::ParseError& errore)
+[[noreturn]] void TraduciErrore(const CLI::App& lettore, const CLI::ParseError& errore,
+                                const std::vector<std::string>& argomenti)
 {
     const auto inattesi = lettore.remaining();
     if (!inattesi.empty()) {
         const std::string& primo = inattesi.front();
+        const std::string interruttore = InterruttoreConValore(argomenti, primo);
+        if (!interruttore.empty()) Rifiuta(interruttore, "non vuole un valore");
         const bool opzione = primo.size() > 1 && primo.front() == '-';
         Rifiuta(primo, opzione ? "opzione sconosciuta" : "argomento di troppo");
     }
@@ -203,17 +222,17 @@ void LeggiValori(Opzioni& opzioni, const Grezze& grezze, const CLI::App& lettore
 
 } // namespace
 
-Opzioni LeggiOpzioni(std::vector<std::string> argomenti)
+Opzioni LeggiOpzioni(const std::vector<std::string>& argomenti)
 {
     Opzioni opzioni;
     Grezze grezze;
     CLI::App lettore;
     Dichiara(lettore, grezze, opzioni);
-    std::reverse(argomenti.begin(), argomenti.end()); // the parser takes them from the back
     try {
-        lettore.parse(argomenti);
+        // The parser takes them from the back and empties the list.
+        lettore.parse(std::vector<std::string>(argomenti.rbegin(), argomenti.rend()));
     } catch (const CLI::ParseError& errore) {
-        TraduciErrore(lettore, errore);
+        TraduciErrore(lettore, errore, argomenti);
     }
     if (opzioni.Aiuto || opzioni.Versione) return opzioni;
     LeggiValori(opzioni, grezze, lettore);

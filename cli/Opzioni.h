@@ -92,7 +92,7 @@ private:
 
 // Reads the arguments (without the program's name). ErroreComando with UscitaUso for anything
 // unknown, malformed or contradictory, with UscitaRifiuto for more than 2^53 shoes.
-Opzioni LeggiOpzioni(std::vector<std::string> argomenti);
+Opzioni LeggiOpzioni(const std::vector<std::string>& argomenti);
 
 // The text of --help and of --version, UTF-8, ending in a line end.
 std::string TestoAiuto();

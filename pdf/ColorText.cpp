@@ -1,10 +1,12 @@
 #include "ColorText.h"
 
-#include "Number.h"
+#include "LetterCase.h"
 #include "Numeri.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 namespace pdf {
 
@@ -33,17 +35,6 @@ constexpr std::array<NamedColor, 12> NamedColors = {{
     {"BLUE", "#0000FF"},
 }};
 
-char Upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool SameName(std::string_view color, std::string_view name)
-{
-    return std::equal(color.begin(), color.end(), name.begin(), name.end(),
-                      [](char c, char upper) { return Upper(c) == upper; });
-}
-
 // p percent of darkness; outside 0 to 100 there is nothing whiter or blacker.
 std::string Grey(std::string_view percent)
 {
@@ -53,23 +44,68 @@ std::string Grey(std::string_view percent)
     return ColorDigits({component, component, component});
 }
 
-int DigitValue(char c)
+// The value of each hexadecimal digit, NoDigit for all other characters.
+constexpr std::int8_t NoDigit = -1;
+constexpr std::array<std::int8_t, 256> DigitValues = [] {
+    std::array<std::int8_t, 256> values = {};
+    values.fill(NoDigit);
+    for (std::int8_t value = 0; value < 16; ++value) {
+        constexpr std::string_view upper = "0123456789ABCDEF";
+        constexpr std::string_view lower = "0123456789abcdef";
+        const auto place = static_cast<std::size_t>(value);
+        values[static_cast<unsigned char>(upper[place])] = value;
+        values[static_cast<unsigned char>(lower[place])] = value;
+    }
+    return values;
+}();
+
+int DigitAt(std::string_view text, std::size_t place)
 {
-    if (c >= '0' && c <= '9') return c - '0';
-    const char upper = Upper(c);
-    return upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : -1;
+    return place < text.size() ? DigitValues[static_cast<unsigned char>(text[place])] : NoDigit;
+}
+
+// A component as a part of 1 in thousandths: "0", "0.004" and so on to "1". A table of pages is
+// mostly frames, and each changes its colour four times.
+struct ComponentText
+{
+    std::array<char, 5> Text;
+    std::uint8_t Length;
+};
+
+constexpr ComponentText TextOfComponent(int component)
+{
+    const int thousandths = (component * 2000 + LargestComponent) / (2 * LargestComponent);
+    const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
+    const ComponentText text = {{digit(thousandths / 1000), '.', digit(thousandths / 100),
+                                 digit(thousandths / 10), digit(thousandths)},
+                                0};
+    std::uint8_t length = 5;
+    while (length > 2 && text.Text[length - 1] == '0') --length;
+    return {text.Text, length == 2 ? std::uint8_t{1} : length};
+}
+
+constexpr std::array<ComponentText, LargestComponent + 1> ComponentTexts = [] {
+    std::array<ComponentText, LargestComponent + 1> texts = {};
+    for (int component = 0; component <= LargestComponent; ++component) {
+        texts[static_cast<std::size_t>(component)] = TextOfComponent(component);
+    }
+    return texts;
+}();
+
+char* PutComponent(char* at, int component)
+{
+    const ComponentText& known = ComponentTexts[static_cast<std::size_t>(component)];
+    std::memcpy(at, known.Text.data(), known.Text.size());
+    return at + known.Length;
 }
 
 // The number at the front of a pair of digits, up to the first that is none.
-int PairValue(std::string_view pair)
+int PairValue(std::string_view color, std::size_t place)
 {
-    int value = 0;
-    for (const char c : pair) {
-        const int digit = DigitValue(c);
-        if (digit < 0) break;
-        value = value * 16 + digit;
-    }
-    return value;
+    const int high = DigitAt(color, place);
+    const int low = DigitAt(color, place + 1);
+    if (high == NoDigit) return 0;
+    return low == NoDigit ? high : high * 16 + low;
 }
 
 } // namespace
@@ -79,27 +115,31 @@ std::string prNamedColor(std::string_view color)
     if (IsDigits(color)) return std::string(color);
     if (!color.empty() && color.front() == '%') return Grey(color.substr(1));
     for (const auto& named : NamedColors) {
-        if (SameName(color, named.Name)) return std::string(named.Digits);
+        if (SameInUpperCase(color, named.Name)) return std::string(named.Digits);
     }
     return std::string(color);
 }
 
 std::array<int, 3> ColorComponents(std::string_view color)
 {
-    const auto pair = [color](std::size_t place) {
-        return place < color.size() ? PairValue(color.substr(place, 2)) : 0;
-    };
-    return {pair(1), pair(3), pair(5)};
+    return {PairValue(color, 1), PairValue(color, 3), PairValue(color, 5)};
+}
+
+char* prPutColor(char* at, std::string_view digits)
+{
+    const auto [red, green, blue] = ColorComponents(digits);
+    at = PutComponent(at, red);
+    *at++ = ' ';
+    at = PutComponent(at, green);
+    *at++ = ' ';
+    return PutComponent(at, blue);
 }
 
 std::string ColorNumbers(std::string_view digits)
 {
-    std::string text;
-    for (const int component : ColorComponents(digits)) {
-        if (!text.empty()) text.push_back(' ');
-        prAppendNumber(text, static_cast<double>(component) / LargestComponent);
-    }
-    return text;
+    std::array<char, LongestColor> text;
+    const char* end = prPutColor(text.data(), digits);
+    return std::string(text.data(), static_cast<std::size_t>(end - text.data()));
 }
 
 std::string ColorDigits(const std::array<int, 3>& components)

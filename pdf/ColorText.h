@@ -2,7 +2,7 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,8 +22,12 @@ inline bool IsDigits(std::string_view color)
 // Red, green and blue, 0 to 255, of a colour in digits. Missing digits count as 0.
 std::array<int, 3> ColorComponents(std::string_view color);
 
-// The components as PDF writes them, from 0 to 1 with blanks between.
+// The components of a colour in digits as PDF writes them, from 0 to 1 with blanks between.
 std::string ColorNumbers(std::string_view digits);
+
+// The same written to a place with room for LongestColor; returns the place after it.
+inline constexpr std::size_t LongestColor = 17;
+char* prPutColor(char* at, std::string_view digits);
 
 // "#" and the three components as two upper-case hexadecimal digits each.
 std::string ColorDigits(const std::array<int, 3>& components);

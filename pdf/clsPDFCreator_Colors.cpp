@@ -8,7 +8,7 @@ void clsPDFCreator::SetColorFill(std::string_view Color, std::string_view Patter
 {
     m->Require();
     if (Color.empty()) return;
-    m->SetFill(InWindows1252(Color), InWindows1252(PatternColor));
+    m->SetFill(Color, PatternColor);
     m->FillChosen = true;
 }
 
@@ -16,7 +16,7 @@ void clsPDFCreator::SetColorLine(std::string_view Color, std::string_view Patter
 {
     m->Require();
     if (Color.empty()) return;
-    m->SetLine(InWindows1252(Color), InWindows1252(PatternColor));
+    m->SetLine(Color, PatternColor);
 }
 
 std::string clsPDFCreator::ColorOf(const float* values, std::size_t count)
@@ -35,52 +35,44 @@ void clsPDFCreator::SetLineStyle(float Width, std::int32_t Cap, std::int32_t Joi
     m->SetDash(DashOn, DashOff);
 }
 
+// In digits or the name of a pattern, as the document writes it.
+std::string clsPDFCreator::State::Resolved(std::string_view color)
+{
+    return pdf::IsDigits(color) ? std::string(color) : pdf::prNamedColor(InWindows1252(color));
+}
+
 void clsPDFCreator::State::SetFill(std::string_view color, std::string_view patternColor)
 {
-    FillColor = pdf::prNamedColor(color);
+    FillColor = Resolved(color);
     WriteFill(FillColor, patternColor);
 }
 
 void clsPDFCreator::State::SetLine(std::string_view color, std::string_view patternColor)
 {
-    LineColor = pdf::prNamedColor(color);
+    LineColor = Resolved(color);
     WriteLineColor(LineColor, patternColor);
 }
 
+// Red, green and blue, or a pattern in the colour space of patterns, or an uncoloured pattern with
+// its colour (ISO 32000-1, 8.6.8).
 void clsPDFCreator::State::WriteFill(std::string_view resolved, std::string_view patternColor)
 {
-    WriteColor({" rg", " cs", " scn"}, resolved, patternColor);
+    if (pdf::IsDigits(resolved)) return Out.prLine(pdf::Components{resolved}, " rg");
+    WritePattern(" cs", " scn", resolved, patternColor);
 }
 
 void clsPDFCreator::State::WriteLineColor(std::string_view resolved, std::string_view patternColor)
 {
-    WriteColor({" RG", " CS", " SCN"}, resolved, patternColor);
+    if (pdf::IsDigits(resolved)) return Out.prLine(pdf::Components{resolved}, " RG");
+    WritePattern(" CS", " SCN", resolved, patternColor);
 }
 
-// Red, green and blue from 0 to 1.
-const std::string& clsPDFCreator::State::ComponentsOf(std::string_view digits)
+void clsPDFCreator::State::WritePattern(std::string_view space, std::string_view use,
+                                        std::string_view name, std::string_view color)
 {
-    constexpr std::size_t mostKept = 16;
-    for (const auto& known : ColorTexts) {
-        if (known.Digits == digits) return known.Components;
-    }
-    if (ColorTexts.size() == mostKept) ColorTexts.clear();
-    return ColorTexts.emplace_back(ColorText{std::string(digits), pdf::ColorNumbers(digits)})
-        .Components;
-}
-
-// The operators of ISO 32000-1, 8.6.8: a colour, or a pattern in the colour space of patterns, or
-// an uncoloured pattern with its colour.
-void clsPDFCreator::State::WriteColor(const ColorOperators& operators, std::string_view color,
-                                      std::string_view patternColor)
-{
-    if (pdf::IsDigits(color)) return Out.prLine(ComponentsOf(color), operators.Color);
-    const std::string resolved = pdf::prNamedColor(patternColor);
-    if (!pdf::IsDigits(resolved)) {
-        return Out.prLine("/Pattern", operators.Space, " /", color, operators.Pattern);
-    }
-    Out.prLine("/xxCSxx", operators.Space, " ", ComponentsOf(resolved), " /", color,
-               operators.Pattern);
+    const std::string resolved = Resolved(color);
+    if (!pdf::IsDigits(resolved)) return Out.prLine("/Pattern", space, " /", name, use);
+    Out.prLine("/xxCSxx", space, " ", pdf::Components{resolved}, " /", name, use);
 }
 
 void clsPDFCreator::State::SetLineWidth(double width)

@@ -1,6 +1,7 @@
 // Fonts: the table of those that the document uses, and measuring with the present one.
 
 #include "Encoders.h"
+#include "LetterCase.h"
 #include "LetturaFile.h"
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
@@ -54,9 +55,7 @@ const StandardFont& StandardOf(std::string_view key)
 std::string Upper(std::string_view text)
 {
     std::string upper(text);
-    for (char& c : upper) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
+    std::transform(upper.begin(), upper.end(), upper.begin(), pdf::UpperCase);
     return upper;
 }
 
@@ -83,8 +82,8 @@ std::string StyleSuffix(bool bold, bool italic)
 // purpose.
 bool HasOwnEncoding(std::string_view baseFont)
 {
-    const std::string name = Upper(baseFont);
-    return name == "SYMBOL" || name == "ZAPFDINGBATS";
+    return pdf::SameInUpperCase(baseFont, "SYMBOL") ||
+           pdf::SameInUpperCase(baseFont, "ZAPFDINGBATS");
 }
 
 std::uint16_t InWidth(float width)

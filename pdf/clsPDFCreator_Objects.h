@@ -1,6 +1,7 @@
 // The indirect objects of the file being written: numbers, positions, lines and bytes.
 #pragma once
 
+#include "ColorText.h"
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
 #include "Number.h"
@@ -28,10 +29,14 @@ inline void prRequireRoom(std::int32_t count, std::string_view what)
     if (count >= LargestCount) prNoRoom(what);
 }
 
-// A piece of a line that is no text as it stands.
+// Pieces of a line that are no text as it stands.
 struct Escaped
 {
     std::string_view Text; // as the inside of a literal string
+};
+struct Components
+{
+    std::string_view Digits; // of a colour, as red, green and blue from 0 to 1
 };
 
 // Writes one file from front to back. Every failed write is an ErroreRuntime; after one, every
@@ -101,6 +106,7 @@ private:
     }
     static std::size_t Bound(std::string_view text) { return text.size(); }
     static std::size_t Bound(const Escaped& text) { return 2 * text.Text.size(); }
+    static constexpr std::size_t Bound(const Components&) { return LongestColor; }
     static constexpr std::size_t Bound(double) { return LongestNumber; }
     static constexpr std::size_t Bound(std::int32_t) { return LongestNumber; }
 
@@ -115,6 +121,7 @@ private:
         return std::copy(text.begin(), text.end(), at);
     }
     static char* Put(char* at, const Escaped& text) { return prPutPDFString(at, text.Text); }
+    static char* Put(char* at, const Components& color) { return prPutColor(at, color.Digits); }
     static char* Put(char* at, double number) { return prPutNumber(at, number); }
     static char* Put(char* at, std::int32_t number) { return prPutInteger(at, number); }
 

@@ -165,13 +165,6 @@ struct clsPDFCreator::State
     std::string BoxText;              // what it writes
 
     // ---- Graphics
-    // Colours in digits with their components as they are written, the last few of them.
-    struct ColorText
-    {
-        std::string Digits;
-        std::string Components;
-    };
-    std::vector<ColorText> ColorTexts;
     std::string FillColor = "#000000";
     std::string LineColor = "#000000";
     bool FillChosen = false; // by the caller, on this page or reusable object
@@ -284,17 +277,13 @@ struct clsPDFCreator::State
                          std::int32_t options) const;
 
     // ---- _Colors, _Paths, _Axes. Lengths in user units
+    static std::string Resolved(std::string_view color);
     void SetFill(std::string_view color, std::string_view patternColor = {});
     void SetLine(std::string_view color, std::string_view patternColor = {});
     void WriteFill(std::string_view resolved, std::string_view patternColor = {});
     void WriteLineColor(std::string_view resolved, std::string_view patternColor = {});
-    struct ColorOperators
-    {
-        std::string_view Color, Space, Pattern; // each with a blank before it
-    };
-    void WriteColor(const ColorOperators& operators, std::string_view color,
-                    std::string_view patternColor);
-    const std::string& ComponentsOf(std::string_view digits);
+    void WritePattern(std::string_view space, std::string_view use, std::string_view name,
+                      std::string_view color);
     void SetLineWidth(double width);
     void SetDash(double on, double off);
     void prPaintOp(std::int32_t options);

@@ -1,7 +1,5 @@
 // Tables: nested frames, each with a coordinate system of its own.
 
-#include "ColorText.h"
-#include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
 void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, float LineWidth,
@@ -75,9 +73,9 @@ clsPDFCreator::State::Style clsPDFCreator::State::StyleOf(std::string_view fill,
 {
     constexpr float keep = -1;
     Style style = inherited;
-    if (!fill.empty()) style.Fill = pdf::prNamedColor(InWindows1252(fill));
+    if (!fill.empty()) style.Fill = Resolved(fill);
     if (lineWidth != keep) style.LineWidth = lineWidth;
-    if (!lineColor.empty()) style.LineColor = pdf::prNamedColor(InWindows1252(lineColor));
+    if (!lineColor.empty()) style.LineColor = Resolved(lineColor);
     return style;
 }
 

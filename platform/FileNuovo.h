@@ -16,6 +16,10 @@ void TogliFile(const std::string& percorso);
 // The error that TogliFile would raise about percorso, without touching anything.
 void PretendiSostituibile(const std::string& percorso);
 
+// The error that creating percorso anew would raise, as far as it shows without touching anything:
+// that of TogliFile, or of a folder that takes no new entry.
+void PretendiCreabile(const std::string& percorso);
+
 // True when percorso names an ordinary file: no folder, device, hidden or system entry. A link
 // counts as what it leads to. False on any error.
 bool FileOrdinario(const std::string& percorso);

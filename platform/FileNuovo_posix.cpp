@@ -63,6 +63,16 @@ void PretendiSostituibile(const std::string& percorso)
     DaTogliere(percorso);
 }
 
+void PretendiCreabile(const std::string& percorso)
+{
+    PretendiSostituibile(percorso);
+    const auto nome = std::filesystem::path(percorso).parent_path();
+    const std::string cartella = nome.empty() ? "." : nome.string();
+    if (::faccessat(AT_FDCWD, cartella.c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
+        throw ErroreSistema(errno, percorso);
+    }
+}
+
 void TogliFile(const std::string& percorso)
 {
     if (!DaTogliere(percorso)) return;

@@ -45,6 +45,12 @@ void PretendiSostituibile(const std::string& percorso)
     if ((attributi & FILE_ATTRIBUTE_DEVICE) != 0) throw ErroreSistema(ENXIO, percorso);
 }
 
+// The rights of a folder show only when a file is created in it.
+void PretendiCreabile(const std::string& percorso)
+{
+    PretendiSostituibile(percorso);
+}
+
 void TogliFile(const std::string& percorso)
 {
     PretendiSostituibile(percorso);

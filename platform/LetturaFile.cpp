@@ -12,6 +12,8 @@
 #ifdef _WIN32
 #include <io.h>
 #else
+#include <csignal>
+#include <sys/select.h>
 #include <unistd.h>
 #endif
 
@@ -22,9 +24,9 @@ int Apri(const char* percorso)
 {
     return ::_open(percorso, _O_RDONLY | _O_BINARY | _O_NOINHERIT);
 }
-int ApriSenzaAttesa(const char* percorso)
+bool Attendi(int /*descrittore*/, const std::function<bool()>& fermare)
 {
-    return Apri(percorso);
+    return !fermare();
 }
 bool Regolare(int descrittore)
 {
@@ -41,13 +43,30 @@ void Chiudi(int descrittore)
 }
 constexpr int IngressoStandard = 0;
 #else
+// Does not wait for the writer of a FIFO: Attendi does.
 int Apri(const char* percorso)
 {
-    return ::open(percorso, O_RDONLY | O_CLOEXEC);
-}
-int ApriSenzaAttesa(const char* percorso)
-{
     return ::open(percorso, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+}
+
+// Waits until there is something to read; false when asked to stop. The signals that ask so come
+// through during the wait alone, so that none falls between the question and the wait.
+bool Attendi(int descrittore, const std::function<bool()>& fermare)
+{
+    sigset_t richieste;
+    sigset_t prima;
+    ::sigemptyset(&richieste);
+    for (const int segnale : {SIGINT, SIGTERM}) ::sigaddset(&richieste, segnale);
+    ::pthread_sigmask(SIG_BLOCK, &richieste, &prima);
+    const bool avanti = !fermare();
+    if (avanti && descrittore < FD_SETSIZE) {
+        fd_set attesi;
+        FD_ZERO(&attesi);
+        FD_SET(descrittore, &attesi);
+        ::pselect(descrittore + 1, &attesi, nullptr, nullptr, nullptr, &prima);
+    }
+    ::pthread_sigmask(SIG_SETMASK, &prima, nullptr);
+    return avanti && !fermare();
 }
 bool Regolare(int descrittore)
 {
@@ -68,22 +87,15 @@ constexpr int IngressoStandard = STDIN_FILENO;
 class Ingresso
 {
 public:
-    Ingresso(const std::string& percorso, const std::function<bool()>& fermare)
+    explicit Ingresso(const std::string& percorso)
         : m_standard(percorso == "-")
+        , m_descrittore(m_standard ? IngressoStandard : Apri(percorso.c_str()))
     {
-        if (m_standard) {
-            m_descrittore = IngressoStandard;
-            return;
-        }
-        // Opening a FIFO waits for its writer: a request to stop must get through.
-        do {
-            m_descrittore = Apri(percorso.c_str());
-        } while (m_descrittore < 0 && errno == EINTR && !fermare());
-        if (m_descrittore < 0 && errno != EINTR) throw ErroreSistema(errno, percorso);
+        if (m_descrittore < 0) throw ErroreSistema(errno, percorso);
     }
     ~Ingresso()
     {
-        if (!m_standard && m_descrittore >= 0) Chiudi(m_descrittore);
+        if (!m_standard) Chiudi(m_descrittore);
     }
     Ingresso(const Ingresso&) = delete;
     Ingresso& operator=(const Ingresso&) = delete;
@@ -91,8 +103,8 @@ public:
     int Descrittore() const { return m_descrittore; }
 
 private:
-    int m_descrittore = -1;
     bool m_standard;
+    int m_descrittore;
 };
 
 // Cuts the bytes read into lines.
@@ -166,26 +178,24 @@ bool LeggiRighe(const std::string& percorso, std::size_t massimo,
                 const std::function<void(std::size_t, std::string_view)>& riga,
                 const std::function<bool()>& fermare)
 {
-    const Ingresso ingresso(percorso, fermare);
-    if (ingresso.Descrittore() < 0) return false;
+    const Ingresso ingresso(percorso);
     Righe righe(percorso, massimo, riga, fermare);
     std::vector<char> blocco(64 * 1024);
-    for (;;) {
-        // Also before a read that may wait for ever.
-        if (fermare()) return false;
+    while (Attendi(ingresso.Descrittore(), fermare)) {
         const auto letti = Leggi(ingresso.Descrittore(), blocco.data(), blocco.size());
         if (letti == 0) return !fermare() && righe.Finisci();
         if (letti < 0) {
-            if (errno != EINTR) throw ErroreSistema(errno, percorso);
+            if (errno != EINTR && errno != EAGAIN) throw ErroreSistema(errno, percorso);
         } else if (!righe.Aggiungi({blocco.data(), static_cast<std::size_t>(letti)})) {
             return false;
         }
     }
+    return false;
 }
 
 std::string LeggiFile(const std::string& percorso, std::size_t massimo)
 {
-    const int descrittore = ApriSenzaAttesa(percorso.c_str());
+    const int descrittore = Apri(percorso.c_str());
     if (descrittore < 0) throw ErroreSistema(errno, percorso);
     const std::unique_ptr<const int, void (*)(const int*)> chiusura(
         &descrittore, [](const int* aperto) { Chiudi(*aperto); });

@@ -44,13 +44,38 @@ void Sveglia()
 #endif
 }
 
+// What the caller chose to ignore stays so: Ctrl-C is not meant for a script's background jobs.
+bool Ignorato([[maybe_unused]] int segnale)
+{
+#ifdef _WIN32
+    return false;
+#else
+    struct sigaction presente = {};
+    return ::sigaction(segnale, nullptr, &presente) == 0 && presente.sa_handler == SIG_IGN;
+#endif
+}
+
 extern "C" void Segna(int /*segnale*/)
 {
     chiesta.store(true, std::memory_order_relaxed);
     Sveglia();
     // Whichever comes next is the second one.
-    for (const int segnale : {SIGINT, SIGTERM}) std::signal(segnale, SIG_DFL);
+    for (const int segnale : {SIGINT, SIGTERM}) {
+        if (!Ignorato(segnale)) std::signal(segnale, SIG_DFL);
+    }
 }
+
+#ifndef _WIN32
+void Ascolta(int segnale)
+{
+    if (Ignorato(segnale)) return;
+    struct sigaction azione = {};
+    azione.sa_handler = Segna;
+    // No SA_RESTART: a read that waits must come back and ask.
+    azione.sa_flags = static_cast<int>(SA_RESETHAND);
+    ::sigaction(segnale, &azione, nullptr);
+}
+#endif
 
 } // namespace
 
@@ -61,12 +86,7 @@ void AscoltaInterruzioni()
     std::signal(SIGTERM, Segna);
 #else
     OccupaCanaliChiusi();
-    struct sigaction azione = {};
-    azione.sa_handler = Segna;
-    // No SA_RESTART: a read that waits must come back and ask.
-    azione.sa_flags = static_cast<int>(SA_RESETHAND);
-    ::sigaction(SIGINT, &azione, nullptr);
-    ::sigaction(SIGTERM, &azione, nullptr);
+    for (const int segnale : {SIGINT, SIGTERM}) Ascolta(segnale);
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
 #endif

@@ -2,8 +2,9 @@
 #pragma once
 
 // From now on Ctrl-C and a polite request to end (SIGINT, SIGTERM) only set a flag; a second one
-// ends the program at once. Writing into a closed pipe or past a file-size limit becomes an
-// ordinary error of the write. Call once, before any thread is started.
+// ends the program at once. The one of the two that the caller ignores stays ignored. Writing into
+// a closed pipe or past a file-size limit becomes an ordinary error of the write. Call once, before
+// any thread is started.
 void AscoltaInterruzioni();
 
 // True once a request to stop has arrived. Any thread may ask.

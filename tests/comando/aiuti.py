@@ -7,6 +7,7 @@ LOCPATH the folder of the locales made for the tests.
 import math
 import os
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
@@ -18,6 +19,9 @@ from typing import NamedTuple
 TAGLIE = os.environ["TAGLIE"]
 GOLDEN = Path(os.environ["GOLDEN"]).resolve()
 SORGENTI = GOLDEN.parents[1]
+
+# Ignored where the tests run in the background, and inherited by whatever they start.
+signal.signal(signal.SIGINT, signal.default_int_handler)
 
 FATTO, USO, RIFIUTO, SCRITTURA, INTERNA, INTERROTTO = 0, 2, 3, 4, 5, 130
 

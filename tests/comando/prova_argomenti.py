@@ -95,6 +95,12 @@ class ValoriDelleOpzioni(Prova):
                 with self.subTest(opzione=opzione, valore=valore):
                     self.errore(self.taglie(f"{opzione}={valore}"), USO,
                                 f"taglie: {opzione}: non vuole un valore")
+        for argomenti, interruttore in [(["-s=1"], "-s"), (["-sq=1"], "-sq"),
+                                        (["3", "-q", "-a=-=1"], "-a")]:
+            with self.subTest(argomenti=argomenti):
+                self.errore(self.taglie(*argomenti), USO,
+                            f"taglie: {interruttore}: non vuole un valore")
+        self.errore(self.taglie("-=1"), USO, "taglie: -=1: opzione sconosciuta")
         self.assertEqual(self.contenuto(), [])
 
     def test_le_contraddizioni_sono_uso_sbagliato(self):

@@ -135,6 +135,18 @@ class Cartella(Prova):
                     self.errore(da_nessuno("-c", "sola", "-f", forma, *soli), SCRITTURA,
                                 f"taglie: {sola}/{nome}: ")
         self.errore(da_nessuno("-f", "nessuna", "--colpi", "sola/x"), SCRITTURA, "taglie: sola/x: ")
+        # What could be replaced beside it is not lost for a run that cannot be.
+        sua = self.nuova("sua")
+        vecchio = sua / "taglie.txt"
+        vecchio.write_bytes(b"di prima")
+        for percorso in [sua, vecchio] if RADICE else []:
+            os.chown(percorso, NESSUNO, NESSUNO)
+        for argomenti in [["--salva-mazzi", vecchio, "--colpi", "sola/x", "-f", "nessuna"],
+                          ["--salva-mazzi", vecchio, "-c", "sola"], ["--colpi", vecchio, "-c", "sola"],
+                          ["-c", "sua", "--colpi", "sola/x"]]:
+            with self.subTest(argomenti=argomenti):
+                self.errore(da_nessuno(*argomenti), SCRITTURA, "sola/")
+                self.assertEqual(vecchio.read_bytes(), b"di prima")
         self.assertEqual(self.contenuto(sola), ["taglie.txt"])
         self.assertEqual((sola / "taglie.txt").read_bytes(), b"il vecchio")
 

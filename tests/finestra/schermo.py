@@ -5,9 +5,12 @@ screenshots, LOCPATH the folder of the locales made for the tests. Needs Xvfb, o
 wmctrl and ImageMagick's import.
 """
 
+import mmap
 import os
+import re
 import shutil
 import signal
+import struct
 import subprocess
 import tempfile
 import time
@@ -17,8 +20,14 @@ from pathlib import Path
 SCALVINO = Path(os.environ["SCALVINO"]).resolve()
 ARTEFATTI = Path(os.environ["ARTEFATTI"])
 
+# Ignored where the tests run in the background, and inherited by whatever they start.
+signal.signal(signal.SIGINT, signal.default_int_handler)
+
 # Patience with a loaded machine; nothing that goes well waits for it.
 ATTESA = 60
+
+# Of the window at 100%, in pixels.
+MISURA = 784, 451
 
 # Middles of the controls, in pixels of the window at 100%.
 POSTI = {
@@ -50,26 +59,44 @@ class Schermo:
 
     def __init__(self, larghezza=1700, altezza=1050):
         leggere, scrivere = os.pipe()
+        self.casa = tempfile.mkdtemp(prefix="schermo.")
         self.xvfb = subprocess.Popen(
             ["Xvfb", "-displayfd", str(scrivere), "-screen", "0", f"{larghezza}x{altezza}x24",
-             "-nolisten", "tcp"], pass_fds=[scrivere], stderr=subprocess.DEVNULL)
+             "-nolisten", "tcp", "-fbdir", self.casa], pass_fds=[scrivere],
+            stderr=subprocess.DEVNULL)
         os.close(scrivere)
         with os.fdopen(leggere) as canale:
             self.nome = ":" + canale.readline().strip()
         self.ambiente = {k: v for k, v in os.environ.items()
                          if not k.startswith(("LC_", "QT_")) and k not in ("LANG", "LANGUAGE",
                                                                            "WAYLAND_DISPLAY")}
-        self.casa = tempfile.mkdtemp(prefix="schermo.")
         self.ambiente.update(DISPLAY=self.nome, LC_ALL="it_IT.UTF-8", XDG_RUNTIME_DIR=self.casa,
                              HOME=self.casa, QT_QPA_PLATFORM="xcb")
         self.openbox = subprocess.Popen(["openbox", "--sm-disable"], env=self.ambiente,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         aspetta(lambda: "_NET_SUPPORTING_WM_CHECK" in self.fa("xprop", "-root"), "openbox")
+        self._apri_immagine()
+
+    def _apri_immagine(self):
+        """The server's own picture of the screen: looking at it costs next to nothing."""
+        with open(Path(self.casa) / "Xvfb_screen0", "rb") as file:
+            self.immagine = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ)
+        campi = struct.unpack(">25I", self.immagine[:100])  # the header of an X window dump
+        assert campi[11] == 32, campi                       # bits of a pixel
+        self.riga = campi[12]
+        self.inizio = campi[0] + 12 * campi[19]             # behind the header and its colours
+
+    def zona(self, x, y, larghezza, altezza):
+        """Rows of pixels of four bytes each: blue, green, red and one that means nothing."""
+        primo = self.inizio + y * self.riga + 4 * x
+        return b"".join(self.immagine[i:i + 4 * larghezza]
+                        for i in range(primo, primo + altezza * self.riga, self.riga))
 
     def fa(self, *comando):
         return leggi(*comando, env=self.ambiente)
 
     def close(self):
+        self.immagine.close()
         for processo in (self.openbox, self.xvfb):
             processo.terminate()
             processo.wait()
@@ -117,11 +144,20 @@ class Finestra:
         # Of the window and a box on it, which share the title, the window comes first.
         self.id = aspetta(self.finestre, "la finestra")[0][0]
         self.schermo.fa("xdotool", "windowactivate", "--sync", self.id)
+        # xdotool counts the frame twice.
+        misure = self.schermo.fa("xwininfo", "-id", self.id)
+        self.posto = tuple(int(re.search(f"Absolute upper-left {asse}: +(-?[0-9]+)", misure)[1])
+                           for asse in "XY")
+        self.scosta()
         return self
 
     def clicca(self, nome):
         x, y = (round(v * self.scala) for v in POSTI[nome])
         self.schermo.fa("xdotool", "mousemove", "--window", self.id, str(x), str(y), "click", "1")
+
+    def scosta(self):
+        """Takes the pointer off the window, of which it would be seen as a part."""
+        self.schermo.fa("xdotool", "mousemove", "0", "0")
 
     def tasti(self, *tasti):
         self.schermo.fa("xdotool", "key", "--clearmodifiers", *tasti)
@@ -133,28 +169,36 @@ class Finestra:
         self.tasti("Home", "shift+End")
         self.schermo.fa("xdotool", "type", testo)
 
-    def fotografa(self, nome=None, id=None):
-        """A picture of the window; kept under this name."""
-        percorso = (ARTEFATTI if nome else self.base) / f"{nome or 'foto'}.png"
-        percorso.parent.mkdir(parents=True, exist_ok=True)
-        self.schermo.fa("import", "-window", id or self.id, str(percorso))
-        return percorso
+    def fotografa(self, nome, id=None):
+        """Keeps a picture of the window, or of another one, under this name."""
+        ARTEFATTI.mkdir(parents=True, exist_ok=True)
+        self.schermo.fa("import", "-window", id or self.id, str(ARTEFATTI / f"{nome}.png"))
+
+    def conserva(self, byte, nome):
+        """Keeps what intera() gave under this name."""
+        ARTEFATTI.mkdir(parents=True, exist_ok=True)
+        misura = "x".join(str(int(v * self.scala)) for v in MISURA)
+        subprocess.run(["convert", "-size", misura, "-depth", "8", "bgra:-", "-alpha", "off",
+                        str(ARTEFATTI / f"{nome}.png")], input=byte, check=True)
 
     def colore(self, x, y):
-        """The colour at a pixel of the layout, "#RRGGBB"."""
-        foto = self.fotografa()
-        punto = f"1x1+{int(x * self.scala)}+{int(y * self.scala)}"
-        testo = self.schermo.fa("convert", str(foto), "-crop", punto, "+repage", "-depth", "8",
-                                "txt:-")
-        return testo.split("#")[2][:6].upper()
+        """The colour at a pixel of the layout, "RRGGBB"."""
+        return self.zona(x, y, 1, 1)[2::-1].hex().upper()
 
     def zona(self, x, y, larghezza, altezza):
-        """A part of the window as bytes, to see whether it changed."""
-        foto = self.fotografa()
+        """A part of the window, to see whether it changed."""
         x, y, larghezza, altezza = (int(v * self.scala) for v in (x, y, larghezza, altezza))
-        return subprocess.run(
-            ["convert", str(foto), "-crop", f"{larghezza}x{altezza}+{x}+{y}", "rgb:-"],
-            capture_output=True, check=True).stdout
+        sinistra, cima = self.posto
+        zona = sinistra + x, cima + y, max(larghezza, 1), max(altezza, 1)
+        visto = self.schermo.zona(*zona)
+        while True: # until it is not seen half drawn: the server answers between two drawings
+            self.schermo.fa("xprop", "-root", "-len", "1", "_NET_WM_NAME")
+            prima, visto = visto, self.schermo.zona(*zona)
+            if visto == prima:
+                return visto
+
+    def intera(self):
+        return self.zona(0, 0, *MISURA)
 
     def tavolo(self):
         return self.zona(225, 21, 550, 388)

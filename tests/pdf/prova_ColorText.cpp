@@ -2,6 +2,7 @@
 
 #include "ColorText.h"
 
+#include "Number.h"
 #include "clsPDFCreator.h"
 
 #include <gtest/gtest.h>
@@ -75,6 +76,17 @@ TEST(ColorComponents, CoppieDiCifreEsadecimali)
 {
     EXPECT_EQ(ColorComponents("#FF8000"), (Componenti{255, 128, 0}));
     EXPECT_EQ(ColorComponents("#a0B1c2"), (Componenti{160, 177, 194}));
+}
+
+TEST(ColorNumbers, OgniComponenteEUnaParteDiUnoInMillesimi)
+{
+    for (int componente = 0; componente <= 255; ++componente) {
+        const std::string atteso = pdf::prNumber(componente / 255.0, 3);
+        EXPECT_EQ(pdf::ColorNumbers(pdf::ColorDigits({componente, 0, 255})), atteso + " 0 1");
+        EXPECT_EQ(pdf::ColorNumbers(pdf::ColorDigits({255, componente, componente})),
+                  "1 " + atteso + " " + atteso);
+    }
+    EXPECT_EQ(pdf::ColorNumbers("#010101"), "0.004 0.004 0.004"); // none is longer
 }
 
 TEST(ColorComponents, LeCifreCheMancanoValgonoZero)

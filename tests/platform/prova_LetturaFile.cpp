@@ -5,6 +5,7 @@
 #include "Aiuti.h"
 #include "ErroreRuntime.h"
 #include "Scritture.h"
+#include "Segnali.h"
 #include "Utente.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@
 #include <csignal>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -278,6 +280,29 @@ TEST(LeggiRighe, UnSegnaleFermaLAttesaDiChiApreUnaFifo)
     EXPECT_EQ(LeggiSottoSegnali(fifo, AllaDomanda(2)), Riuscito);
     ::close(scrittore);
     ASSERT_EQ(::sigaction(SIGUSR1, &prima, nullptr), 0);
+}
+
+TEST(LeggiRighe, UnaRichiestaFraLaDomandaELAttesaNonSiPerde)
+{
+    const CartellaDiProva cartella;
+    const std::string fifo = cartella.Nome() + "fifo";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    for (const int segnale : {SIGINT, SIGTERM}) {
+        EXPECT_EQ(aiuti::InUnFiglio([&] {
+                      constexpr unsigned troppo = 60; // seconds, after which the child is killed
+                      ::alarm(troppo);
+                      AscoltaInterruzioni();
+                      bool arrivata = false;
+                      const auto fermare = [&] {
+                          const bool chiesta = InterruzioneChiesta();
+                          if (!std::exchange(arrivata, true)) std::raise(segnale);
+                          return chiesta;
+                      };
+                      EXPECT_FALSE(LeggiRighe(
+                          fifo, 1000, [](std::size_t, std::string_view) {}, fermare));
+                  }),
+                  Riuscito);
+    }
 }
 
 TEST(LeggiFile, DaTuttiIByte)

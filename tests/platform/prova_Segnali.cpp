@@ -56,6 +56,24 @@ TEST(Segnali, IlSecondoPuoEssereLAltro)
     }
 }
 
+TEST(Segnali, CioCheIlChiamanteIgnoraRestaIgnorato)
+{
+    for (const int ignorato : {SIGINT, SIGTERM}) {
+        const int altro = ignorato == SIGINT ? SIGTERM : SIGINT;
+        EXPECT_EQ(InUnFiglio([&] {
+                      std::signal(ignorato, SIG_IGN);
+                      AscoltaInterruzioni();
+                      std::raise(ignorato);
+                      EXPECT_FALSE(InterruzioneChiesta());
+                      std::raise(altro);
+                      EXPECT_TRUE(InterruzioneChiesta());
+                      std::raise(ignorato); // nor is it the second request
+                      if (!testing::Test::HasFailure()) std::raise(altro);
+                  }),
+                  DaSegnale + altro);
+    }
+}
+
 TEST(Segnali, LaRichiestaSvegliaChiGuardaIlCanale)
 {
     for (const int segnale : {SIGINT, SIGTERM}) {
