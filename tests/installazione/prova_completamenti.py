@@ -88,7 +88,9 @@ class Completamenti(Prova):
         os.write(self.lato, " ".join(("taglie", *parole)).encode() + b"\t" + CANCELLA_RIGA)
         # Written apart, so that the echo of the line is not taken for its output.
         os.write(self.lato, b"print fat''to%d.\n" % self.righe)
-        self.aspetta(self.lato, b"fatto%d." % self.righe)
+        # With its prompt zsh has taken the terminal over, which until then would take the key that
+        # clears the line for itself.
+        self.aspetta(self.lato, rb"fatto%d\..*pronto>" % self.righe)
         # The same word may be offered by several calls.
         return sorted({*offerte.read_text().splitlines()} - {""}) if offerte.exists() else []
 
@@ -108,12 +110,12 @@ class Completamenti(Prova):
         cls.addClassCleanup(processo.wait)
         cls.addClassCleanup(os.killpg, processo.pid, signal.SIGKILL)
         cls.righe = 0
-        cls.aspetta(cls.lato, b"pronto>")
+        cls.aspetta(cls.lato, rb"pronto>")
 
     @staticmethod
     def aspetta(lato, segno):
         letto, fine = b"", time.monotonic() + 60
-        while segno not in letto:
+        while not re.search(segno, letto, re.DOTALL):
             if not select.select([lato], [], [], max(0, fine - time.monotonic()))[0]:
                 raise AssertionError(letto)
             letto += os.read(lato, 65536)

@@ -83,6 +83,31 @@ class Pacchetti(Prova):
             self.assertIn("Programma freeware, realizzato da Vellarmo.", testo)
             self.assertTrue(fai("dpkg-deb", "-f", percorso, "Section").startswith("non-free/"))
 
+    def test_1_le_dipendenze_nominano_anche_cio_che_il_collegatore_non_vede(self):
+        attese = {
+            "scalvino": {"libqt6widgets6", "libqt6svg6", "fonts-liberation2", "fonts-dejavu-core",
+                         "qt6-translations-l10n", "libc6", "libstdc++6"},
+            "taglie": {"libc6", "libstdc++6"}, "libclspdfcreator-dev": {"libc6", "libstdc++6"},
+            "scalvino-doc": set()}
+        for nome, percorso in PACCHETTI.items():
+            testo = fai("dpkg-deb", "-f", percorso, "Depends")
+            nomi = set(re.findall(r"[a-z][a-z0-9+-]+(?= |,|$)", re.sub(r"\([^)]*\)", "", testo)))
+            self.assertLessEqual(attese[nome], nomi)
+            self.assertEqual(any("qt6" in n for n in nomi), nome == "scalvino", nome)
+        for voluto in ("qt6-wayland", "xdg-utils"):
+            self.assertIn(voluto, fai("dpkg-deb", "-f", PACCHETTI["scalvino"], "Recommends"))
+
+    def test_1_versione_e_data_sono_quelle_del_rilascio(self):
+        registro = QUI.parents[1] / "packaging/debian/changelog"
+        versione = fai("dpkg-parsechangelog", "-l", registro, "-S", "Version").strip()
+        for nome, percorso in PACCHETTI.items():
+            self.assertEqual(fai("dpkg-deb", "-f", percorso, "Version").strip(), versione, nome)
+        giorno = fai("date", "-u", "+%F", "-d", fai("dpkg-parsechangelog", "-l", registro,
+                                                    "-S", "Date").strip()).strip()
+        fai("dpkg-deb", "-x", PACCHETTI["scalvino"], self.cartella / "date")
+        metainfo, = (self.cartella / "date/usr/share/metainfo").iterdir()
+        self.assertIn(f'version="{versione.split("-")[0]}" date="{giorno}"', metainfo.read_text())
+
     def test_2_installati_vanno_e_tolti_non_lasciano_nulla(self):
         for percorso in PACCHETTI.values():
             dipendenze = fai("dpkg-deb", "-f", percorso, "Depends").strip()
