@@ -15,6 +15,7 @@ from PIL import Image, ImageChops
 
 LARGHEZZA = 468
 LARGHEZZA_FOGLIO = 400  # of a page of A4, which is twice as high
+LARGHEZZE = {"taglie-pdf": 620}  # where the cards are to be read
 MARGINE = 6
 COLORI = 180
 COLORI_RARI = 40
@@ -67,8 +68,9 @@ def immagini(percorso):
     figure = pagine(percorso, LARGHEZZA)
     if len(figure) > 1:
         return {nome + ".png": affiancate(figure)}
-    in_piedi = figure[0].height > figure[0].width
-    return {nome + ".png": pagine(percorso, LARGHEZZA_FOGLIO)[0] if in_piedi else figure[0]}
+    if figure[0].height <= figure[0].width:
+        return {nome + ".png": figure[0]}
+    return {nome + ".png": pagine(percorso, LARGHEZZE.get(nome, LARGHEZZA_FOGLIO))[0]}
 
 
 def ridotta(figura):

@@ -2,8 +2,9 @@
 # Draws all pictures of the manual and of the README again and writes the sources of the examples
 # into the manual. Look at the pictures before you commit them.
 #
-#   docs/rigenera.sh BUILD     a build folder, for example build/release
+#   docs/rigenera.sh BUILD     a build folder with the window, for example build/release
 set -euo pipefail
+export PYTHONDONTWRITEBYTECODE=1
 docs=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 costruiti=$(cd "$1" && pwd)
 font=/usr/share/fonts/truetype/liberation2
@@ -27,6 +28,8 @@ done
 mv taglie.pdf taglie-pdf.pdf
 "$costruiti/bin/taglie" 100000 --forma pdf --statistiche --seme 1 --numeri it >/dev/null
 mv taglie.pdf taglie-pdf-statistiche.pdf
+"$costruiti/bin/taglie" 3 --forma html --seme 1 --numeri it >/dev/null
 
 /usr/bin/python3 "$docs/disegna_immagini.py" "$docs/immagini" ./*.pdf
+/usr/bin/python3 "$docs/disegna_schermate.py" "$docs/immagini" "$costruiti" taglie.htm
 /usr/bin/python3 "$docs/blocchi.py"

@@ -1,6 +1,5 @@
 """The manual of the PDF writer: each example runs, stands there as it is, and shows its page."""
 
-import re
 import shutil
 import tempfile
 import unittest
@@ -91,20 +90,6 @@ class Manuale(unittest.TestCase):
                         self.assertEqual(immagine.size, fresca.size)
                         differenza = disegna_immagini.differenza(immagine, fresca)
                     self.assertLess(differenza, DIFFERENZA_MASSIMA)
-
-    def test_i_rimandi_portano_a_qualcosa(self):
-        titoli = {self.ancora(titolo) for titolo in re.findall(r"^#+ (.*)$", self.testo, re.M)}
-        rimandi = re.findall(r"\]\(([^)]+)\)", self.testo)
-        self.assertGreater(len(rimandi), 50)
-        for rimando in rimandi:
-            if rimando.startswith("#"):
-                self.assertIn(rimando[1:], titoli)
-            else:
-                self.assertTrue((DOCS / rimando).exists(), rimando)
-
-    @staticmethod
-    def ancora(titolo):
-        return re.sub(r"[^\w -]", "", titolo.lower()).replace(" ", "-")
 
     def test_le_proprieta_e_il_margine_arrivano_ai_lettori(self):
         detto = fai("pdfinfo", "-box", self.pdf("documento"))

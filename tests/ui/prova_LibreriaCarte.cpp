@@ -181,7 +181,13 @@ TEST_F(LibreriaCarte, UnaCartaCheMancaOEStortaEErrore53)
     EXPECT_EQ(Avvia(File(largo)), 53);
 }
 
-// A failed start leaves a running library as it was.
+TEST_F(LibreriaCarte, UnAvvioFallitoLasciaQuellaAvviata)
+{
+    ASSERT_EQ(Avvia(Vero_), 0);
+    EXPECT_EQ(Avvia(File("non sono un disegno")), 53);
+    EXPECT_NE(Disegna(0, ModoFaccia), Vuota());
+}
+
 TEST_F(LibreriaCarte, SenzaCarteLaFinestraNonSiApre)
 {
     cdtTerm();

@@ -3,7 +3,6 @@
 #include "Finestra.h"
 
 #include "ErroreRuntime.h"
-#include "Orologio.h"
 #include "Stampe.h"
 #include "modCarte.h"
 
@@ -143,43 +142,6 @@ TEST_F(Finestra, LaDomandaOltreLeDiecimila)
     EXPECT_EQ(ambiente.Aperti.size(), 2U);
 }
 
-TEST_F(Finestra, TutteLeCombinazioniDannoLaLoroUscita)
-{
-    Risponditore mano;
-    for (const bool statistiche : {false, true}) {
-        for (std::size_t forma = 0; forma < 3; ++forma) {
-            Scegli(forma, statistiche);
-            Scrivi("3");
-            modCarte::AvviaSeme(9, forma);
-            Clicca("cmdTaglie");
-            ASSERT_EQ(ambiente.Aperti.size(), 1U);
-            const auto percorso = ambiente.Cartella.Nome() + NomeReport[forma];
-            EXPECT_EQ(ambiente.Aperti[0], percorso);
-            EXPECT_EQ(ambiente.Stili[0], forma == FormaTxt ? StileFinestra::NormaleConFuoco
-                                                           : StileFinestra::MassimizzataConFuoco);
-            const auto daFinestra = Byte(percorso);
-            // The same shoes without the window.
-            modCarte::AvviaSeme(9, forma);
-            if (forma == FormaHtml)
-                statistiche ? Stampe::StatisticheHtml(3, {}) : Stampe::StampaHtml(3);
-            if (forma == FormaTxt)
-                statistiche ? Stampe::StatisticheTxt(3, {}) : Stampe::StampaTxt(3);
-            if (forma == FormaPdf) EXPECT_TRUE(daFinestra.starts_with("%PDF-"));
-            else EXPECT_EQ(Byte(percorso), daFinestra);
-            ambiente.Aperti.clear();
-            ambiente.Stili.clear();
-        }
-    }
-    Scegli(FormaVideo, true);
-    Scrivi("3");
-    Clicca("cmdTaglie");
-    EXPECT_TRUE(ambiente.Aperti.empty());
-    EXPECT_EQ(registro->Testi()[1], "Statistiche generali");
-    EXPECT_TRUE(mano.Visti.empty());
-    // The text report was deleted by the one on screen.
-    EXPECT_EQ(ambiente.Cartella.Contenuto(), (Nomi{"taglie.htm", "taglie.pdf"}));
-}
-
 // Beyond checked and unchecked, the box may be neither: statistics, but no question.
 TEST_F(Finestra, NeSpuntataNoVuotaValeComeSpuntata)
 {
@@ -275,6 +237,19 @@ TEST_F(Finestra, UnGiroAMetaPartitaLaFinisce)
     EXPECT_EQ(registro->Testi()[2], "Colpo della taglia: 1");
 }
 
+TEST_F(Finestra, UnGiroDopoLaFineDellaTagliaRiportaAllInizio)
+{
+    Clicca("cmdMescola");
+    Colpi({"0", "1,,,32,27,KP#9C#5F#8Q,10F#QC#7P"});
+    Clicca("cmdColpo");
+    ASSERT_EQ(Gioco(), "001");
+    Scegli(FormaTxt, false);
+    Clicca("cmdTaglie");
+    EXPECT_EQ(Gioco(), "100");
+    EXPECT_EQ(Stato(), "");
+    EXPECT_EQ(registro->UltimaSchermata(), SchermataTitolo());
+}
+
 TEST_F(Finestra, UnGiroRifiutatoLasciaLaPartita)
 {
     Risponditore mano;
@@ -341,6 +316,7 @@ TEST_F(Finestra, SottoUnoSiDiceESiContinua)
         ASSERT_EQ(mano.Visti.size(), 1U);
         EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
         EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 5: ")) << mano.Visti[0].Testo;
+        EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Warning);
         EXPECT_EQ(mano.Visti[0].Pulsanti, Nomi{"OK"});
         EXPECT_TRUE(finestra->isVisible());
         EXPECT_EQ(Gioco(), "100");
@@ -397,30 +373,4 @@ TEST_F(Finestra, UnPdfOccupatoSiDiceENonSiTocca)
                                                 QMessageBox::Information,
                                                 {"OK"},
                                                 "OK"}}));
-}
-
-// The caption is right at every shoe; the picture of it may lag by 15 ms.
-TEST_F(Finestra, LoStatoNonSiDipingeAOgniTaglia)
-{
-    class Contatore : public QObject
-    {
-    public:
-        int dipinti = 0;
-
-    protected:
-        bool eventFilter(QObject*, QEvent* evento) override
-        {
-            if (evento->type() == QEvent::Paint) ++dipinti;
-            return false;
-        }
-    } contatore;
-    Scegli(FormaTxt, true);
-    Scrivi("3000");
-    Trova("lblStatus")->installEventFilter(&contatore);
-    const double inizio = SecondiTrascorsi();
-    Clicca("cmdTaglie");
-    const double durata = SecondiTrascorsi() - inizio;
-    EXPECT_GE(contatore.dipinti, durata / 0.03 - 1);
-    EXPECT_LE(contatore.dipinti, durata / 0.015 + 4);
-    EXPECT_TRUE(Trova("lblStatus")->updatesEnabled());
 }
