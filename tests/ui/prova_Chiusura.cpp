@@ -259,6 +259,24 @@ TEST_F(Finestra, UnaRichiestaDaFuoriFermaIlGiro)
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
 }
 
+TEST_F(Finestra, UnReportCompletoVaFinoInFondo)
+{
+    for (const std::size_t forma : {FormaHtml, FormaPdf, FormaTxt}) {
+        std::int64_t fatte = 0;
+        Stampe::AmbienteInUso.TagliaFatta = [&](std::int64_t taglia) {
+            fatte = taglia;
+            ImpostaInterruzione(true);
+            QTest::keyClick(finestra.get(), Qt::Key_Escape);
+        };
+        Scegli(forma, false);
+        Scrivi("3");
+        Clicca("cmdTaglie");
+        ImpostaInterruzione(false);
+        EXPECT_EQ(fatte, 3);
+    }
+    EXPECT_EQ(ambiente.Aperti.size(), 3U);
+}
+
 // ---- Failures --------------------------------------------------------------------------------
 
 TEST_F(Finestra, UnGuastoDelReportFinisceIlProgramma)

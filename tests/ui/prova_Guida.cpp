@@ -60,6 +60,20 @@ TEST_F(Finestra, SeLaGuidaNonSiPuoScrivereNonSuccedeNulla)
     EXPECT_EQ(Gioco(), "100");
 }
 
+TEST_F(Finestra, SenzaCartellaNonSuccedeNulla)
+{
+    Risponditore mano;
+    const CartellaDiProva qui;
+    const fs::path prima = fs::current_path();
+    fs::current_path(qui.Nome());
+    Stampe::AmbienteInUso.Cartella.clear();
+    Clicca("cmdHelp");
+    EXPECT_TRUE(ambiente.Aperti.empty());
+    EXPECT_TRUE(mano.Visti.empty());
+    EXPECT_TRUE(qui.Contenuto().empty());
+    fs::current_path(prima);
+}
+
 TEST_F(Finestra, UnaRisorsaCheNonCESiIgnora)
 {
     Generale::ApriRisorsa("scalvino.htm", 102);
