@@ -18,6 +18,7 @@
 #include "SuperficieTesto.h"
 #include "modCarte.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <new>
@@ -307,7 +308,8 @@ void Esegui(const Opzioni& opzioni)
     if (!lavoro.daAprire.empty()) ApriReport(lavoro.daAprire, lavoro.stile);
 
     if (opzioni.Dati != FormaDati::Nessuna) {
-        const Corsa corsa{opzioni.Seme, SecondiTrascorsi() - inizio};
+        // Not even the clock of durations can be relied on everywhere never to go back.
+        const Corsa corsa{opzioni.Seme, std::max(0.0, SecondiTrascorsi() - inizio)};
         ScriviUscita(TestoDati(opzioni.Dati, *totali, lavoro.studio, corsa));
     } else if (opzioni.FormaReport == Forma::Video) {
         ScriviUscita(lavoro.schermo.Testo());
