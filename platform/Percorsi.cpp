@@ -33,6 +33,9 @@ std::string PercorsoTemp()
 {
     std::string cartella = percorsi::CartellaTempDelSistema();
     if (cartella.empty()) cartella = percorsi::CartellaDelProgramma();
+    // Without a "/" before it a name could be taken for an option by the program that opens a
+    // report.
+    if (!std::filesystem::path(cartella).is_absolute()) return CartellaCompleta(cartella);
     PretendiCartella(cartella);
     return ConSeparatore(std::move(cartella));
 }
