@@ -22,21 +22,22 @@ PASSO_QUATTRO_RIGHE = (RIGHE_ESTERNE[1] - RIGHE_ESTERNE[0]) / 3
 MEZZO = 48
 
 # Index glyphs as pen strokes two units wide. Upright strokes run on whole units, so that at 71 x 96
-# pixels they fill whole pixels. Box: x 4 to 10, y 6 to 16.
+# pixels they fill whole pixels. Box: x 4 to 10, y 6 to 16. With the pen nothing passes x 11: cards
+# lie 60 units apart, and the turned index of a covered card must not peep out.
 PENNA = 2
 INDICI = {
     "A": "M4,16 L7,6.2 L10,16 M5.2,13 L8.8,13",
     "2": "M4.2,8.6 C4.4,5.2 9.8,5 9.8,8.8 C9.8,11.6 4.6,13 4.1,16 L10,16",
     "3": "M4.4,6 L9.8,6 L6.9,9.8 C11,9.7 11,16 6.9,16 C5.5,16 4.5,15.3 4,14.3",
-    "4": "M8,16 L8,6 L4,13 L10.2,13",
+    "4": "M8,16 L8,6 L4,13 L10,13",
     "5": "M9.6,6 L5,6 L4.6,10.6 C6.2,9.2 10,9.4 10,12.8 C10,16.6 5.2,17 4,14.5",
     "6": "M9.2,6.5 C5.9,5.6 4,8.6 4,12.6 " + cerchio(7, 12.8, 3, 3.2),
     "7": "M4,6 L10,6 L6.4,16",
     "8": cerchio(7, 8.3, 2.4, 2.3) + " " + cerchio(7, 13.3, 3, 2.7),
     "9": "M4.8,15.5 C8.1,16.4 10,13.4 10,9.4 " + cerchio(7, 9.2, 3, 3.2),
-    "10": "M2.8,7.4 L4,6 L4,16 " + cerchio(9.3, 11, 2.4, 5),
-    "J": "M9,6 L9,13 C9,17 4.2,17 4,13.2 M7,6 L10.4,6",
-    "Q": cerchio(7, 11, 3, 5) + " M7.8,13.6 L10.4,16.6",
+    "10": "M2.4,7.4 L3.2,6 L3.2,16 " + cerchio(8, 11, 2, 5),
+    "J": "M9,6 L9,13 C9,17 4.2,17 4,13.2 M7,6 L10,6",
+    "Q": cerchio(7, 11, 3, 5) + " M7.8,13.6 L10,16.2",
     "K": "M4,6 L4,16 M10,6 L4.4,12 M6.4,10 L10,16",
 }
 
@@ -69,7 +70,7 @@ def foglio_bianco():
 
 
 def indici(nome, segno):
-    uno = tratto(INDICI[nome], bordo=tinta(segno), spessore=PENNA) + seme(segno, 7, 23.6, 4.5)
+    uno = tratto(INDICI[nome], bordo=tinta(segno), spessore=PENNA) + seme(segno, 6.5, 23.6, 4.4)
     return uno + capovolto(uno)
 
 

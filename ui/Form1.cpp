@@ -78,9 +78,11 @@ bool Form1::Carica()
 void Form1::ImpostaAmbiente()
 {
     Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
-    ambiente.Cartella = PercorsoTemp();
     ambiente.Cifre = SeparatoriUtente();
-    ambiente.Fermare = [this] { return m_fermata || m_chiusa || InterruzioneChiesta(); };
+    // A full report, a matter of moments, is not left half done.
+    ambiente.Fermare = [this] {
+        return ValoreStat() != 0 && (m_fermata || m_chiusa || InterruzioneChiesta());
+    };
     ambiente.Cedi = [this] { Cedi(); };
     ambiente.Avvisa = [this](const Stampe::Messaggio& messaggio) {
         const bool esclama = messaggio.Figura == Stampe::Icona::Esclamazione;
@@ -91,6 +93,17 @@ void Form1::ImpostaAmbiente()
         ApriConShell(percorso, stile);
     };
     Stampe::AmbienteInUso = std::move(ambiente);
+    try {
+        TrovaCartella();
+    } catch (const ErroreRuntime&) {
+        // Whoever only plays needs no folder; the first report tells.
+    }
+}
+
+void Form1::TrovaCartella()
+{
+    std::string& cartella = Stampe::AmbienteInUso.Cartella;
+    if (cartella.empty()) cartella = PercorsoTemp();
 }
 
 // Escape reaches the window only while all controls are locked, that is in a run.
@@ -141,10 +154,22 @@ bool NostroOAssente(const std::string& percorso)
     }
 }
 
+// Without a folder there was never a file of ours: a bare name would lead to somebody else's.
+bool SenzaCartella()
+{
+    return Stampe::AmbienteInUso.Cartella.empty();
+}
+
 void EliminaGuida()
 {
+    if (SenzaCartella()) return;
     const std::string percorso = Stampe::PercorsoReport(Generale::NomeGuida);
     if (modCarte::FileEsiste(percorso) != Falso && NostroOAssente(percorso)) TogliFile(percorso);
+}
+
+void EliminaReport()
+{
+    if (!SenzaCartella()) Stampe::EliminaReport();
 }
 
 } // namespace
@@ -154,8 +179,8 @@ void Form1::Chiudi()
     if (m_chiusuraFatta) return;
     m_chiusuraFatta = true;
     std::exception_ptr primo;
-    for (const auto& passo : std::initializer_list<std::function<void()>>{
-             EliminaGuida, Stampe::EliminaReport, cdtTerm}) {
+    for (const auto& passo :
+         std::initializer_list<std::function<void()>>{EliminaGuida, EliminaReport, cdtTerm}) {
         try {
             passo();
         } catch (...) {

@@ -46,7 +46,8 @@ public:
     bool Carica();
 
     // Makes this window the surroundings of the reports: folder, the user's marks in numbers, the
-    // question "stop?", the event loop, the message boxes. Error 76 without a temporary folder.
+    // question "stop?", the event loop, the message boxes. Without a temporary folder the window
+    // works as far as it needs none.
     void ImpostaAmbiente();
 
     // Draws on another surface than picCard from now on. For tests; it must outlive the window.
@@ -102,6 +103,7 @@ private:
     // ---- The batch run ----
     int ValoreStat() const;
     std::size_t FormaScelta() const;
+    void TrovaCartella(); // error 76 when there is no temporary folder
     void EseguiReport();
     void ChiamaReport();
     void MostraStato(std::string_view testo);

@@ -94,6 +94,6 @@ void Form1::AbilitaComandi(const Flag& abilita)
         comando->setEnabled(si);
     }
     optStampa[FormaVideo]->setEnabled(si && ValoreStat() == 1);
-    repaint(); // what the user sees must not wait for the end of a report
-    QGuiApplication::sync();
+    repaint();               // what the user sees must not wait for the end of a report
+    QGuiApplication::sync(); // pending events, and the drawing on its way to the display
 }

@@ -124,12 +124,14 @@ void Form1::EseguiReport()
 
 void Form1::ChiamaReport()
 {
+    const std::size_t forma = FormaScelta();
+    if (forma != FormaVideo) TrovaCartella(); // what is drawn needs none
     const double taglie = NumeroTaglie();
     const bool statistiche = ValoreStat() != 0;
     const Stampe::EtichettaStato etichetta = [this](std::string_view testo) {
         MostraAvanzamento(testo);
     };
-    switch (FormaScelta()) {
+    switch (forma) {
     case FormaHtml:
         statistiche ? Stampe::StatisticheHtml(taglie, etichetta) : Stampe::StampaHtml(taglie);
         break;

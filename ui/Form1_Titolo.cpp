@@ -2,6 +2,7 @@
 
 #include "Form1.h"
 
+#include "Ambiente.h"
 #include "Generale.h"
 #include "Testi.h"
 
@@ -68,6 +69,7 @@ void Form1::MostraTitolo()
 
 void Form1::cmdHelp_Click()
 {
+    if (Stampe::AmbienteInUso.Cartella.empty()) return; // like a folder that cannot be written
     Generale::ApriRisorsa(Generale::NomeGuida, Generale::PaginaGuida);
 }
 

@@ -19,7 +19,7 @@ inline constexpr std::int32_t ModoFaccia = 0;
 inline constexpr std::int32_t ModoDorso = 1;
 
 // Reads the pictures and tells the size of a card. Error 53 when the file is missing, damaged or
-// lacks a card; the library then stays as if never started. Needs the application object.
+// lacks a card; the library then stays as it was. Needs the application object.
 void cdtInit(std::int32_t& larghezza, std::int32_t& altezza);
 
 // Draws a card with its top left corner at x, y pixels of the layout, its four outside corners in

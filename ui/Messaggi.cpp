@@ -3,7 +3,9 @@
 #include "Numeri.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -26,6 +28,21 @@ QMessageBox::StandardButton Primo(QMessageBox::StandardButtons pulsanti)
     return (pulsanti & QMessageBox::Yes) != 0 ? QMessageBox::Yes : QMessageBox::Ok;
 }
 
+// Qt would break lines of some 500 pixels and leave a word alone on the next one. Only what would
+// make an unwieldy box, such as the path of a file, is broken.
+void TieniLeRighe(const QMessageBox& messaggio)
+{
+    constexpr int massima = 640;
+    auto* etichetta = messaggio.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (etichetta == nullptr) return;
+    int larghezza = 0;
+    for (const auto& riga : messaggio.text().split(QLatin1Char('\n'))) {
+        larghezza = std::max(larghezza, etichetta->fontMetrics().horizontalAdvance(riga));
+    }
+    constexpr int margine = 2;
+    etichetta->setMinimumWidth(std::min(larghezza + margine, massima));
+}
+
 } // namespace
 
 QMessageBox::StandardButton MsgBox(QWidget* padre, std::string_view testo, QMessageBox::Icon icona,
@@ -35,6 +52,7 @@ QMessageBox::StandardButton MsgBox(QWidget* padre, std::string_view testo, QMess
     messaggio.setWindowTitle(InQt(titolo));
     messaggio.setTextFormat(Qt::PlainText);
     messaggio.setText(InQt(testo).replace(QLatin1Char('\r'), QLatin1Char('\n')));
+    TieniLeRighe(messaggio);
     messaggio.setIcon(icona);
     messaggio.setStandardButtons(pulsanti);
     messaggio.setDefaultButton(Primo(pulsanti));

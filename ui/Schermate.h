@@ -21,8 +21,8 @@ void NuovaTaglia(Superficie& tavolo);
 // Coup number numero from the fields of its record.
 void Colpo(Superficie& tavolo, std::int16_t numero, const Campi& campi);
 
-// The final record, the one with this number, and the counts of its shoe. Error 13 or 6 when a
-// total is no 16-bit number.
+// The final record, the one with this number, and the counts of its shoe. Error 6 when a total
+// is beyond 16 bits.
 void FineTaglia(Superficie& tavolo, std::int16_t numero, const Campi& campi,
                 const modCarte::StatisticheTaglia& statistiche);
 

@@ -241,12 +241,23 @@ class Utente(Prova):
         finestra.chiudi()
         self.assertEqual(finestra.esito(), 0)
 
-    def test_senza_cartella_temporanea_lo_si_dice(self):
-        finestra = self.avvia(TMPDIR="/cartella/che/non/esiste")
-        (riquadro, _), = aspetta(finestra.finestre, "il messaggio")
-        finestra.fotografa("senza-cartella", id=riquadro)
-        self.schermo.fa("xdotool", "windowactivate", "--sync", riquadro, "key", "Return")
+    def test_senza_cartella_temporanea_si_gioca_ma_non_si_scrive(self):
+        finestra = self.avvia(TMPDIR="/cartella/che/non/esiste").pronta()
+        self.cambia(finestra, lambda: finestra.clicca("cmdMescola"), "la nuova taglia")
+        finestra.clicca("cmdHelp")
+        finestra.clicca("chkStat")
+        finestra.clicca("optStampa3")
+        self.cambia(finestra, lambda: finestra.clicca("cmdTaglie"), "le statistiche")
+        finestra.clicca("optStampa0")
+        finestra.clicca("cmdTaglie")
+        riquadri = aspetta(lambda: len(finestra.finestre()) == 2 and finestra.finestre(), "errore")
+        time.sleep(0.2)
+        finestra.fotografa("senza-cartella", id=riquadri[1][0])
+        finestra.tasti("Return")
         self.assertEqual(finestra.esito(), 1)
+        self.assertEqual(finestra.aperti(), [])
+        self.assertEqual([v.name for v in finestra.base.iterdir()
+                          if v.suffix in (".htm", ".txt", ".pdf")], [])
 
     def test_le_lettere_non_arrivano_al_numero(self):
         finestra = self.avvia().pronta()

@@ -117,6 +117,22 @@ TEST(StatisticheVideo, TolgonoIlVecchioReportDiTestoEBasta)
     EXPECT_EQ(ambiente.Cartella.Contenuto(), (Passi{"scalvino.htm", "taglie.htm", "taglie.pdf"}));
 }
 
+// The general statistics of the golden text report of the same shoes.
+TEST(StatisticheVideo, LeQuoteDiDodiciTaglieSonoQuelleDelTesto)
+{
+    AmbienteDiProva ambiente;
+    ambiente.Distribuisci(MazziDorati("dodici.mazzi"));
+    Registratore registro;
+    ASSERT_TRUE(Stampe::StatisticheVideo(12, registro, {}));
+    const Passi testi = registro.Testi();
+    ASSERT_EQ(testi.size(), 40U); // 2 titles, 13 labels, 13 totals, 12 shares
+    EXPECT_EQ(Passi(testi.begin() + 15, testi.end()),
+              (Passi{"12",     "342",    "3.627",  "158",    "147",    "36",     "162",
+                     "143",    "7",      "84",     "74",     "78",     "69",     "28,50",
+                     "96,88%", "46,20%", "42,98%", "10,53%", "47,37%", "41,81%", "2,05%",
+                     "24,56%", "21,64%", "22,81%", "20,18%"}));
+}
+
 TEST(StatisticheVideo, SeIlVecchioReportNonSiToglieSiFermanoPrimaDiGiocare)
 {
     AmbienteDiProva ambiente;

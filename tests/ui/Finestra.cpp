@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QEvent>
 
 #include <algorithm>
 
@@ -41,6 +42,12 @@ void Risponditore::Rispondi()
     if (Guarda) Guarda(*riquadro);
     if (auto* pulsante = riquadro->button(m_risposta)) pulsante->click();
     else riquadro->close();
+}
+
+bool ContaDipinti::eventFilter(QObject* /*oggetto*/, QEvent* evento)
+{
+    if (evento->type() == QEvent::Paint) ++Dipinti;
+    return false;
 }
 
 Riquadro Esclamazione(const std::string& testo)

@@ -48,6 +48,17 @@ private:
     QMessageBox::StandardButton m_risposta;
 };
 
+// Counts how often a widget is painted.
+class ContaDipinti : public QObject
+{
+public:
+    explicit ContaDipinti(QWidget* widget) { widget->installEventFilter(this); }
+    int Dipinti = 0;
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+};
+
 // The text of a box as a test names it.
 Riquadro Esclamazione(const std::string& testo);
 

@@ -228,6 +228,22 @@ TEST_F(Finestra, ChiudereConUnaDomandaApertaNonAvviaIlGiro)
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
 }
 
+// The answer comes when there is no window any more.
+TEST_F(Finestra, UnSiDopoLaChiusuraNonAvviaIlGiro)
+{
+    Risponditore mano(QMessageBox::Yes);
+    mano.Guarda = [this](QMessageBox&) { EXPECT_TRUE(finestra->close()); };
+    Scegli(FormaTxt, true);
+    Scrivi("10001");
+    const auto passi = registro->Passi.size();
+    Clicca("cmdTaglie");
+    EXPECT_EQ(mano.Visti.size(), 1U);
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_EQ(registro->Passi.size(), passi);
+    EXPECT_TRUE(ambiente.Aperti.empty());
+    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
+}
+
 TEST_F(Finestra, UnaRichiestaDaFuoriFermaIlGiro)
 {
     Scegli(FormaTxt, true);
@@ -243,6 +259,24 @@ TEST_F(Finestra, UnaRichiestaDaFuoriFermaIlGiro)
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
 }
 
+TEST_F(Finestra, UnReportCompletoVaFinoInFondo)
+{
+    for (const std::size_t forma : {FormaHtml, FormaPdf, FormaTxt}) {
+        std::int64_t fatte = 0;
+        Stampe::AmbienteInUso.TagliaFatta = [&](std::int64_t taglia) {
+            fatte = taglia;
+            ImpostaInterruzione(true);
+            QTest::keyClick(finestra.get(), Qt::Key_Escape);
+        };
+        Scegli(forma, false);
+        Scrivi("3");
+        Clicca("cmdTaglie");
+        ImpostaInterruzione(false);
+        EXPECT_EQ(fatte, 3);
+    }
+    EXPECT_EQ(ambiente.Aperti.size(), 3U);
+}
+
 // ---- Failures --------------------------------------------------------------------------------
 
 TEST_F(Finestra, UnGuastoDelReportFinisceIlProgramma)
@@ -255,6 +289,7 @@ TEST_F(Finestra, UnGuastoDelReportFinisceIlProgramma)
     ASSERT_EQ(mano.Visti.size(), 1U);
     EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
     EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Critical);
+    EXPECT_EQ(mano.Visti[0].Pulsanti, std::vector<std::string>{"OK"});
     EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 75: ")) << mano.Visti[0].Testo;
     EXPECT_NE(mano.Visti[0].Testo.find("taglie.txt"), std::string::npos);
     EXPECT_TRUE(finestra->Chiusa());
@@ -308,6 +343,24 @@ TEST_F(Finestra, UnGuastoDuranteUnGiroLoFermaESiDiceUnaVoltaSola)
     EXPECT_TRUE(finestra->Chiusa());
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
     EXPECT_FALSE(LibreriaAvviata());
+}
+
+// The report fails, and then so does a closing step: the second follows from the first.
+TEST_F(Finestra, DiDueGuastiSiDiceIlPrimo)
+{
+    const SenzaDiritti senza;
+    CartellaDiProva chiusa;
+    Crea(chiusa.File("scalvino.htm"));
+    fs::permissions(chiusa.Nome(), fs::perms::owner_read | fs::perms::owner_exec);
+    Stampe::AmbienteInUso.Cartella = chiusa.Nome();
+    Risponditore mano;
+    Scegli(FormaTxt, false);
+    EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
+    ASSERT_EQ(mano.Visti.size(), 1U);
+    EXPECT_NE(mano.Visti[0].Testo.find("taglie.txt"), std::string::npos) << mano.Visti[0].Testo;
+    EXPECT_TRUE(finestra->Chiusa());
+    EXPECT_FALSE(LibreriaAvviata());
+    fs::permissions(chiusa.Nome(), fs::perms::owner_all);
 }
 
 TEST(Errori, IlMessaggioDiceNumeroTestoFileEMotivo)

@@ -265,3 +265,23 @@ TEST_F(Finestra, TabSaltaCioCheNonPrendeIlFuoco)
     EXPECT_EQ(visti, (std::vector<std::string>{"cmdTaglie", "chkStat", "optStampa3", "cmdMescola",
                                                "cmdHelp", "cmdExit"}));
 }
+
+TEST_F(Finestra, LeFrecceScelgonoLaForma)
+{
+    const auto premi = [this](Qt::Key tasto) { QTest::keyClick(finestra->focusWidget(), tasto); };
+    Opzione(FormaHtml)->setFocus();
+    for (const std::size_t forma : {FormaPdf, FormaTxt}) {
+        premi(Qt::Key_Down);
+        EXPECT_EQ(finestra->focusWidget(), Opzione(forma));
+        EXPECT_TRUE(Opzione(forma)->isChecked());
+    }
+    premi(Qt::Key_Down); // the report on screen is not offered yet
+    EXPECT_FALSE(Opzione(FormaVideo)->isChecked());
+    Scegli(FormaTxt, true);
+    Opzione(FormaTxt)->setFocus();
+    premi(Qt::Key_Down);
+    EXPECT_EQ(finestra->focusWidget(), Opzione(FormaVideo));
+    EXPECT_TRUE(Opzione(FormaVideo)->isChecked());
+    premi(Qt::Key_Up);
+    EXPECT_TRUE(Opzione(FormaTxt)->isChecked());
+}

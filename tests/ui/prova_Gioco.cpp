@@ -287,6 +287,21 @@ TEST_F(Finestra, UnaTagliaInteraSiGiocaConLaBarraSpaziatrice)
     }
 }
 
+// Also where a click gives a button no focus.
+TEST_F(Finestra, IlFuocoSegueLaPartitaDaDovunqueSia)
+{
+    const auto premi = [this](const char* nome) {
+        Numero()->setFocus();
+        Pulsante(nome)->click();
+        return finestra->focusWidget();
+    };
+    EXPECT_EQ(premi("cmdMescola"), Pulsante("cmdColpo"));
+    Colpi({"0", "1,N,C,31,32,AC,AP", "2,,,0,0,,"});
+    EXPECT_EQ(premi("cmdColpo"), Numero());
+    EXPECT_EQ(premi("cmdColpo"), Pulsante("cmdCancel"));
+    EXPECT_EQ(premi("cmdCancel"), Pulsante("cmdMescola"));
+}
+
 TEST_F(Finestra, InvioPremeIlPulsanteConIlFuoco)
 {
     Pulsante("cmdMescola")->setFocus();

@@ -3,11 +3,27 @@
 
 #include "Finestra.h"
 #include "Generale.h"
+#include "QuoteEsatte.h"
 
+#include <cmath>
 #include <fstream>
 
 using namespace aiuti;
 namespace fs = std::filesystem;
+
+namespace {
+
+// The last cell of the row of the page that begins with this cell; empty without such a row.
+std::string UltimaCella(const std::string& pagina, const std::string& prima)
+{
+    const auto inizio = pagina.find("<tr><td>" + prima + "</td>");
+    if (inizio == std::string::npos) return {};
+    const auto riga = pagina.substr(inizio, pagina.find("</tr>", inizio) - inizio);
+    const auto cella = riga.rfind("\">");
+    return riga.substr(cella + 2, riga.rfind("</td>") - cella - 2);
+}
+
+} // namespace
 
 TEST_F(Finestra, LaGuidaSiScriveESiApre)
 {
@@ -44,6 +60,20 @@ TEST_F(Finestra, SeLaGuidaNonSiPuoScrivereNonSuccedeNulla)
     EXPECT_EQ(Gioco(), "100");
 }
 
+TEST_F(Finestra, SenzaCartellaNonSuccedeNulla)
+{
+    Risponditore mano;
+    const CartellaDiProva qui;
+    const fs::path prima = fs::current_path();
+    fs::current_path(qui.Nome());
+    Stampe::AmbienteInUso.Cartella.clear();
+    Clicca("cmdHelp");
+    EXPECT_TRUE(ambiente.Aperti.empty());
+    EXPECT_TRUE(mano.Visti.empty());
+    EXPECT_TRUE(qui.Contenuto().empty());
+    fs::current_path(prima);
+}
+
 TEST_F(Finestra, UnaRisorsaCheNonCESiIgnora)
 {
     Generale::ApriRisorsa("scalvino.htm", 102);
@@ -58,4 +88,40 @@ TEST_F(Finestra, LaGuidaNonDisturbaLaPartita)
     Clicca("cmdHelp");
     EXPECT_EQ(registro->Passi, passi);
     EXPECT_EQ(Gioco(), "011");
+}
+
+TEST_F(Finestra, ILimitiDellaGuidaSonoQuelliDelProgramma)
+{
+    const std::string pagina = Byte(SCALVINO_RISORSE "/scalvino.htm");
+    for (const std::size_t forma : {FormaHtml, FormaPdf, FormaTxt}) {
+        Scegli(forma, false);
+        Risponditore mano;
+        Scrivi("501");
+        Clicca("cmdTaglie");
+        EXPECT_EQ(mano.Visti.size(), 1U);
+        // The program has just put its limit into the field.
+        EXPECT_EQ(UltimaCella(pagina, Opzione(forma)->text().toStdString()),
+                  Numero()->text().toStdString());
+    }
+}
+
+TEST(Guida, LeProbabilitaSonoQuelleEsatte)
+{
+    const std::string pagina = Byte(SCALVINO_RISORSE "/scalvino.htm");
+    const auto quota = [](std::string_view esito) {
+        for (const auto& esatta : cli::QuotePrimoColpo) {
+            if (esatta.Esito != esito) continue;
+            const auto centesimi = std::to_string(std::lround(esatta.Probabilita * 10000));
+            return centesimi.substr(0, centesimi.size() - 2) + "," +
+                   centesimi.substr(centesimi.size() - 2) + "%";
+        }
+        return std::string();
+    };
+    for (const auto& [riga, esito] :
+         {std::pair("Vince il Nero, oppure vince il Rosso (ciascuno)", "VinceNero"),
+          std::pair("Vince il Colore, oppure vince l'Inverso (ciascuno)", "Colore"),
+          std::pair("Colpo pari, compreso il 31 après", "Pari"),
+          std::pair("31 après", "TrentunoApres")}) {
+        EXPECT_EQ(UltimaCella(pagina, riga), quota(esito)) << riga;
+    }
 }

@@ -116,6 +116,24 @@ TEST_F(LibreriaCarte, IQuattroAngoliHannoIlColoreDato)
     }
 }
 
+// Cards of a row lie 60 pixels apart: of a covered one the turned index must stay out of sight.
+TEST_F(LibreriaCarte, LIndiceCapovoltoNonSpuntaDaSottoLaCartaSeguente)
+{
+    constexpr int passo = 60;
+    ASSERT_EQ(Avvia(Vero_), 0);
+    for (const qreal rapporto : {1.0, 1.25, 1.5, 2.0}) {
+        for (int carta = 0; carta < 52; ++carta) {
+            const QImage immagine = Disegna(carta, ModoFaccia, rapporto);
+            for (int y = qRound(66 * rapporto); y < qRound(93 * rapporto); ++y) {
+                for (int x = qRound(57.5 * rapporto); x < qRound(passo * rapporto); ++x) {
+                    ASSERT_EQ(immagine.pixelColor(x, y), QColor(Qt::white))
+                        << carta << " a " << rapporto << " in " << x << ", " << y;
+                }
+            }
+        }
+    }
+}
+
 TEST_F(LibreriaCarte, CioCheNonEUnaCartaNonDisegnaNulla)
 {
     ASSERT_EQ(Avvia(Vero_), 0);
@@ -181,7 +199,13 @@ TEST_F(LibreriaCarte, UnaCartaCheMancaOEStortaEErrore53)
     EXPECT_EQ(Avvia(File(largo)), 53);
 }
 
-// A failed start leaves a running library as it was.
+TEST_F(LibreriaCarte, UnAvvioFallitoLasciaQuellaAvviata)
+{
+    ASSERT_EQ(Avvia(Vero_), 0);
+    EXPECT_EQ(Avvia(File("non sono un disegno")), 53);
+    EXPECT_NE(Disegna(0, ModoFaccia), Vuota());
+}
+
 TEST_F(LibreriaCarte, SenzaCarteLaFinestraNonSiApre)
 {
     cdtTerm();

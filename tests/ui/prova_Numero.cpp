@@ -182,6 +182,17 @@ TEST_F(Finestra, SoloZeroEVuotoDiventanoUno)
     EXPECT_EQ(Numero()->text(), QStringLiteral("00"));
 }
 
+TEST_F(Finestra, DueZeriTastoPerTastoRestano)
+{
+    Scrivi("100");
+    QTest::keyClick(Numero(), Qt::Key_Home);
+    QTest::keyClick(Numero(), Qt::Key_Delete);
+    EXPECT_EQ(Numero()->text(), QStringLiteral("00"));
+    EXPECT_EQ(Pulsante("cmdTaglie")->text(), QStringLiteral("Simula taglia"));
+    QTest::keyClick(Numero(), Qt::Key_Delete); // one zero alone does not
+    EXPECT_EQ(Numero()->text(), QStringLiteral("1"));
+}
+
 TEST_F(Finestra, LUscitaDalCampoNonLasciaZeroNeVuoto)
 {
     for (const char* testo : {"", "0"}) {

@@ -3,7 +3,6 @@
 #include "Finestra.h"
 
 #include "ErroreRuntime.h"
-#include "Orologio.h"
 #include "Stampe.h"
 #include "modCarte.h"
 
@@ -113,6 +112,33 @@ TEST_F(Finestra, ILimitiDeiReportCompleti)
     }
 }
 
+// A word alone on a line of its own would look like a mistake.
+TEST_F(Finestra, LeRigheDeiMessaggiNonSiSpezzano)
+{
+    int visti = 0;
+    Risponditore no(QMessageBox::No);
+    no.Guarda = [&visti](QMessageBox& riquadro) {
+        const auto* etichetta = riquadro.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        ASSERT_NE(etichetta, nullptr);
+        const auto righe = riquadro.text().split(QLatin1Char('\n'));
+        for (const auto& riga : righe) {
+            EXPECT_LE(etichetta->fontMetrics().horizontalAdvance(riga), etichetta->width())
+                << riga.toStdString();
+        }
+        EXPECT_LT(riquadro.width(), 784);
+        ++visti;
+    };
+    for (const std::size_t forma : {FormaHtml, FormaPdf, FormaTxt}) {
+        Scegli(forma, false);
+        Scrivi("501");
+        Clicca("cmdTaglie");
+    }
+    Scegli(FormaTxt, true);
+    Scrivi("10001");
+    Clicca("cmdTaglie");
+    EXPECT_EQ(visti, 4);
+}
+
 TEST_F(Finestra, LaDomandaOltreLeDiecimila)
 {
     for (std::size_t forma = 0; forma < NumeroForme; ++forma) {
@@ -141,43 +167,6 @@ TEST_F(Finestra, LaDomandaOltreLeDiecimila)
     Clicca("cmdTaglie");
     EXPECT_TRUE(si.Visti.empty());
     EXPECT_EQ(ambiente.Aperti.size(), 2U);
-}
-
-TEST_F(Finestra, TutteLeCombinazioniDannoLaLoroUscita)
-{
-    Risponditore mano;
-    for (const bool statistiche : {false, true}) {
-        for (std::size_t forma = 0; forma < 3; ++forma) {
-            Scegli(forma, statistiche);
-            Scrivi("3");
-            modCarte::AvviaSeme(9, forma);
-            Clicca("cmdTaglie");
-            ASSERT_EQ(ambiente.Aperti.size(), 1U);
-            const auto percorso = ambiente.Cartella.Nome() + NomeReport[forma];
-            EXPECT_EQ(ambiente.Aperti[0], percorso);
-            EXPECT_EQ(ambiente.Stili[0], forma == FormaTxt ? StileFinestra::NormaleConFuoco
-                                                           : StileFinestra::MassimizzataConFuoco);
-            const auto daFinestra = Byte(percorso);
-            // The same shoes without the window.
-            modCarte::AvviaSeme(9, forma);
-            if (forma == FormaHtml)
-                statistiche ? Stampe::StatisticheHtml(3, {}) : Stampe::StampaHtml(3);
-            if (forma == FormaTxt)
-                statistiche ? Stampe::StatisticheTxt(3, {}) : Stampe::StampaTxt(3);
-            if (forma == FormaPdf) EXPECT_TRUE(daFinestra.starts_with("%PDF-"));
-            else EXPECT_EQ(Byte(percorso), daFinestra);
-            ambiente.Aperti.clear();
-            ambiente.Stili.clear();
-        }
-    }
-    Scegli(FormaVideo, true);
-    Scrivi("3");
-    Clicca("cmdTaglie");
-    EXPECT_TRUE(ambiente.Aperti.empty());
-    EXPECT_EQ(registro->Testi()[1], "Statistiche generali");
-    EXPECT_TRUE(mano.Visti.empty());
-    // The text report was deleted by the one on screen.
-    EXPECT_EQ(ambiente.Cartella.Contenuto(), (Nomi{"taglie.htm", "taglie.pdf"}));
 }
 
 // Beyond checked and unchecked, the box may be neither: statistics, but no question.
@@ -275,6 +264,19 @@ TEST_F(Finestra, UnGiroAMetaPartitaLaFinisce)
     EXPECT_EQ(registro->Testi()[2], "Colpo della taglia: 1");
 }
 
+TEST_F(Finestra, UnGiroDopoLaFineDellaTagliaRiportaAllInizio)
+{
+    Clicca("cmdMescola");
+    Colpi({"0", "1,,,32,27,KP#9C#5F#8Q,10F#QC#7P"});
+    Clicca("cmdColpo");
+    ASSERT_EQ(Gioco(), "001");
+    Scegli(FormaTxt, false);
+    Clicca("cmdTaglie");
+    EXPECT_EQ(Gioco(), "100");
+    EXPECT_EQ(Stato(), "");
+    EXPECT_EQ(registro->UltimaSchermata(), SchermataTitolo());
+}
+
 TEST_F(Finestra, UnGiroRifiutatoLasciaLaPartita)
 {
     Risponditore mano;
@@ -341,6 +343,7 @@ TEST_F(Finestra, SottoUnoSiDiceESiContinua)
         ASSERT_EQ(mano.Visti.size(), 1U);
         EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
         EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 5: ")) << mano.Visti[0].Testo;
+        EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Warning);
         EXPECT_EQ(mano.Visti[0].Pulsanti, Nomi{"OK"});
         EXPECT_TRUE(finestra->isVisible());
         EXPECT_EQ(Gioco(), "100");
@@ -397,30 +400,4 @@ TEST_F(Finestra, UnPdfOccupatoSiDiceENonSiTocca)
                                                 QMessageBox::Information,
                                                 {"OK"},
                                                 "OK"}}));
-}
-
-// The caption is right at every shoe; the picture of it may lag by 15 ms.
-TEST_F(Finestra, LoStatoNonSiDipingeAOgniTaglia)
-{
-    class Contatore : public QObject
-    {
-    public:
-        int dipinti = 0;
-
-    protected:
-        bool eventFilter(QObject*, QEvent* evento) override
-        {
-            if (evento->type() == QEvent::Paint) ++dipinti;
-            return false;
-        }
-    } contatore;
-    Scegli(FormaTxt, true);
-    Scrivi("3000");
-    Trova("lblStatus")->installEventFilter(&contatore);
-    const double inizio = SecondiTrascorsi();
-    Clicca("cmdTaglie");
-    const double durata = SecondiTrascorsi() - inizio;
-    EXPECT_GE(contatore.dipinti, durata / 0.03 - 1);
-    EXPECT_LE(contatore.dipinti, durata / 0.015 + 4);
-    EXPECT_TRUE(Trova("lblStatus")->updatesEnabled());
 }

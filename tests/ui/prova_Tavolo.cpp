@@ -7,6 +7,7 @@
 #include "LibreriaCarte.h"
 #include "Stampe.h"
 
+#include <QFontDatabase>
 #include <QPainter>
 
 #include <algorithm>
@@ -158,6 +159,27 @@ TEST_F(Tavolo, CioCheSiVedeEIlDisegno)
     EXPECT_LT(Scarto(vista, Carte().Disegno().Immagine), 0.01);
 }
 
+TEST_F(Tavolo, RidisegnatoRicominciaDaiColoriDiAllora)
+{
+    Carte().Pulisci();
+    Carte().PrintText("Prima", 1500, 1500, "Arial", 28, 400, 0, Falso, Falso, Falso);
+    Carte().ImpostaColoreTesto({255, 0, 0});
+    Carte().PrintText("Dopo", 1500, 3000, "Arial", 28, 400, 0, Falso, Falso, Falso);
+    const QImage prima = Carte().Disegno().Immagine;
+    Carte().Disegno().Immagine = QImage(10, 10, QImage::Format_RGB32);
+    Carte().repaint();
+    EXPECT_EQ(Carte().Disegno().Immagine, prima);
+}
+
+// At once, not when events are dealt with again: a report may keep the thread busy until its end.
+TEST_F(Tavolo, AggiornareDipingeSubito)
+{
+    QCoreApplication::processEvents();
+    const ContaDipinti contatore(&Carte());
+    Carte().Aggiorna();
+    EXPECT_EQ(contatore.Dipinti, 1);
+}
+
 TEST_F(Tavolo, LeCarteTroppoADestraSonoTagliate)
 {
     Carte().Pulisci();
@@ -193,6 +215,9 @@ TEST(Caratteri, OgniFacciaHaChiLaDisegna)
         EXPECT_EQ(QFontInfo(font).pixelSize(), 20);
     }
     EXPECT_GE(QFontInfo(caratteri::Font("Arial Black", 400, 20)).weight(), QFont::Bold);
+    // The substitute at its heaviest, whatever weights it has here.
+    const bool propria = QFontDatabase::hasFamily(QStringLiteral("Arial Black"));
+    EXPECT_EQ(caratteri::Font("Arial Black", 400, 20).weight(), propria ? 400 : 900);
     EXPECT_LE(QFontInfo(caratteri::Font("Verdana", 400, 20)).weight(), QFont::Medium);
     // An unknown face is no failure.
     EXPECT_EQ(caratteri::Font("Nessuna Faccia", 400, 12).pixelSize(), 12);
