@@ -119,6 +119,7 @@ bool StessaVoce(HANDLE maniglia, std::uint64_t dispositivo, std::uint64_t indice
 FileNuovo::FileNuovo(std::string percorso)
     : m_percorso(std::move(percorso))
 {
+    std::string nome = m_percorso; // all memory is taken before there is a file
     TogliFile(m_percorso);
     m_descrittore = ::_sopen(m_percorso.c_str(),
                              _O_WRONLY | _O_APPEND | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
@@ -126,7 +127,7 @@ FileNuovo::FileNuovo(std::string percorso)
     if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
 
     try {
-        m_impronta.emplace(m_percorso, m_descrittore);
+        m_impronta.emplace(std::move(nome), m_descrittore);
     } catch (...) {
         ::_close(m_descrittore);
         throw;

@@ -1,5 +1,7 @@
 #include "Percorsi.h"
 
+#include "ErroreSistema.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -23,6 +25,7 @@ std::string CartellaDelProgramma()
 {
     std::error_code errore;
     const auto programma = std::filesystem::read_symlink("/proc/self/exe", errore);
+    PretendiMemoria(errore);
     return errore ? "." : programma.parent_path().string();
 }
 

@@ -13,6 +13,7 @@
 #include "clsPDFCreator.h"
 
 #include <cmath>
+#include <utility>
 
 namespace Stampe {
 
@@ -48,7 +49,7 @@ public:
     FileProvvisorio(FileProvvisorio&&) = delete;
     FileProvvisorio& operator=(FileProvvisorio&&) = delete;
 
-    void Segna(const std::string& percorso) { m_impronta.emplace(percorso); }
+    void Segna(std::string percorso) { m_impronta.emplace(std::move(percorso)); }
 
     void Tieni()
     {
@@ -79,8 +80,9 @@ public:
         Pdf.Margin(0);
         Pdf.Orientation(0);
         Pdf.PDFReader(0);
+        std::string nome = m_percorso; // all memory is taken before there is a file
         Pdf.BeginDoc(m_percorso);
-        m_file.Segna(m_percorso);
+        m_file.Segna(std::move(nome));
     }
 
     ~Documento() = default;
