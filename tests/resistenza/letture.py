@@ -38,8 +38,11 @@ def estrai(documento, cartella):
     return esito.stdout, lettori.pdftotext(copia).testo
 
 
-def confronta(documento):
-    """The faults of the texts that the two readers extract, if any."""
+def confronta(documento, letture):
+    """The faults of the texts that the two readers extract, if any. letture: what all readers read."""
+    testi = [getattr(letture[chi], "testo", None) for chi in ("mutool, testo", "pdftotext")]
+    if None not in testi and differenza(*testi) == ([], []):
+        return []
     with tempfile.TemporaryDirectory(prefix="letture.") as cartella:
         try:
             prima, dopo = differenza(*estrai(documento, cartella))
@@ -54,15 +57,10 @@ def giudica(percorso):
     documento = lettori.apri(percorso)
     letture = {chi: lettori.leggi(documento, chi) for chi in lettori.LETTORI}
     giudizio = lettori.giudica(documento, letture)
-    return giudizio._replace(difetti=giudizio.difetti + confronta(documento))
+    return giudizio._replace(difetti=giudizio.difetti + confronta(documento, letture))
 
 
 def giudica_tutti(percorsi, operai):
     """The judgements of all documents, operai at a time."""
     with ThreadPoolExecutor(operai) as squadra:
         return list(squadra.map(giudica, percorsi))
-
-
-if __name__ == "__main__":
-    for g in giudica_tutti(map(Path, sys.argv[1:]), 2):
-        print(lettori.riga(g), flush=True)

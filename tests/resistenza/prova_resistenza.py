@@ -8,6 +8,7 @@ from unittest import mock
 
 import letture
 import resistenza
+from letture import lettori
 
 COSTRUITO = Path(os.environ["COSTRUITO"])
 
@@ -24,9 +25,14 @@ class Letture(unittest.TestCase):
         self.assertEqual(letture.differenza("x\x8c", "x\u2780"), ([], []))
 
     def test_un_documento_letto_in_due_modi_si_rifiuta(self):
+        lette = {"mutool, testo": lettori.Lettura(testo="Nero A"),
+                 "pdftotext": lettori.Lettura(testo="Nero")}
         with mock.patch.object(letture, "estrai", return_value=("Nero", "Nera")):
-            self.assertEqual(letture.confronta(None),
+            self.assertEqual(letture.confronta(None, lette),
                              ["testo: mutool in più 'o', pdftotext 'a'"])
+        # Without the annotations, which each reader draws as it likes, it is the same.
+        with mock.patch.object(letture, "estrai", return_value=("Nero", "Nero")):
+            self.assertEqual(letture.confronta(None, lette), [])
 
 
 class Conto(unittest.TestCase):

@@ -35,7 +35,7 @@ FONT = Path("/usr/share/fonts/truetype")
 LIBERATION = [FONT / "liberation2/LiberationSerif-BoldItalic.ttf",
               FONT / "liberation2/LiberationMono-Regular.ttf"]
 
-# As many documents are on the disk at the same time.
+# As many documents are on the disk at the same time, and as many runs between two lines.
 MANCIATA = 50
 
 CRESCITA_MASSIMA = 1024  # KiB, more than any fluctuation
@@ -144,6 +144,8 @@ def report(scelte):
                 (Path(base) / "taglie.pdf").rename(Path(base) / nome)
             parte = esamina(Path(base), scelte.conservati, scelte.operai)
             visti, rifiutati = visti + parte[0], rifiutati + parte[1]
+        if (corsa + 1) % MANCIATA == 0:
+            racconta(f"fin qui {corsa + 1} corse, rifiutati {rifiutati}", inizio)
     racconta(f"report: {scelte.corse} corse (seme {scelte.seme}), {taglie} taglie, PDF {visti}, "
              f"rifiutati {rifiutati}", inizio)
     pretendi(visti == 4 * scelte.corse, f"PDF: {visti}")
@@ -258,10 +260,11 @@ def gioca(finestra, titolo, aspetta):
 
 def durata(scelte):
     with tempfile.TemporaryDirectory(prefix="durata.") as base:
-        cartella, temporanea = Path(base) / "report", Path(base) / "tmp"
-        cartella.mkdir()
-        temporanea.mkdir()
-        ambiente = {**os.environ, "TMPDIR": str(temporanea)}
+        cartella, temporanea, casa = (Path(base) / nome for nome in ("report", "tmp", "casa"))
+        for nuova in cartella, temporanea, casa:
+            nuova.mkdir(0o700)
+        # Qt would make a folder for the session in the temporary one.
+        ambiente = {**os.environ, "TMPDIR": str(temporanea), "XDG_RUNTIME_DIR": str(casa)}
         if scelte.taglie:
             taglie(scelte, cartella)
         if scelte.giri:
