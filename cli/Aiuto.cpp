@@ -25,7 +25,8 @@ Report:
   -s, --statistiche        solo le statistiche generali, senza i singoli colpi
   -c, --cartella DIR       cartella del report (normale: quella corrente)
   -a, --apri               apre il report finito
-      --caratteri-unici    PDF molto più piccolo: ogni carattere una volta sola
+      --caratteri-unici    PDF di un terzo più piccolo: ogni carattere una sola
+                           volta
       --numeri COME        separatori dei numeri: sistema (normale), it o c
 
 Taglie:

@@ -71,7 +71,6 @@ public:
     // Begins the data of a stream and ends it; the length counts the end of its last line.
     void BeginStream();
     void EndStream();
-    std::uint64_t StreamLength() const { return m_streamLength; }
 
     // Writes the next object: nothing but the length of the stream ended last.
     void WriteStreamLength();

@@ -170,7 +170,6 @@ struct clsPDFCreator::State
     std::unordered_map<std::string_view, std::size_t> BaseFonts; // first font of that name
     std::vector<FontRequest> FontRequests;
     std::vector<pdf::TextLine> Lines; // of the box in progress
-    std::string BoxText;              // what it writes
 
     // ---- Graphics
     Paint FillColor = {"#000000", ""};

@@ -58,7 +58,7 @@ struct Ambiente
     // Threads of a statistics-only run, at least 1. Full reports use one whatever this says.
     int Lavori = 1;
 
-    // A PDF report names each font once instead of at every change: much smaller, else the same.
+    // A PDF report names each font once instead of at every change: a third smaller, else the same.
     bool CaratteriUnici = false;
 
     // Collects the figures for estimates of error, when set; not owned.

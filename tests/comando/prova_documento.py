@@ -50,7 +50,7 @@ class Documento(Prova):
         self.assertIn(b"/CreationDate (D:20000228235959Z+01'00')\r", documento)
         self.assertIn("(Scalvino © 2000) Tj".encode("cp1252"), documento)
 
-    def test_coi_caratteri_unici_il_documento_e_molto_piu_piccolo(self):
+    def test_coi_caratteri_unici_il_documento_e_di_un_quarto_piu_piccolo(self):
         tanti = self.fa_pdf("20", "--seme", "7", env=FISSO)
         unici = self.fa_pdf("20", "--seme", "7", "--caratteri-unici", env=FISSO)
         print(f"{len(tanti)} e {len(unici)} byte, {caratteri(tanti)} e {caratteri(unici)} "

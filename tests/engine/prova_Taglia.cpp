@@ -194,6 +194,23 @@ TEST(CalcolaStatistiche, IlTrentunoNonEntraNelleCombinazioni)
     EXPECT_EQ(Statistiche, attese);
 }
 
+TEST(StatisticheTaglia, OgniConteggioLeDistingue)
+{
+    using Conti = StatisticheTaglia;
+    for (double Conti::*conto :
+         {&Conti::VinceNero, &Conti::VinceRosso, &Conti::Colore, &Conti::Inverso, &Conti::Pari,
+          &Conti::TrentunoApres, &Conti::NeroColore, &Conti::NeroInverso, &Conti::RossoColore,
+          &Conti::RossoInverso}) {
+        Conti uno;
+        Conti altro;
+        EXPECT_EQ(uno, altro);
+        altro.*conto = 1;
+        EXPECT_NE(uno, altro);
+        uno.*conto = 1;
+        EXPECT_EQ(uno, altro);
+    }
+}
+
 TEST(Firma, MilleTaglieDelSeme2026)
 {
     EXPECT_EQ(aiuti::FirmaMotore(), aiuti::FirmaAttesa);

@@ -62,7 +62,7 @@ class Schermo:
         self.casa = tempfile.mkdtemp(prefix="schermo.")
         self.xvfb = subprocess.Popen(
             ["Xvfb", "-displayfd", str(scrivere), "-screen", "0", f"{larghezza}x{altezza}x24",
-             "-nolisten", "tcp", "-fbdir", self.casa], pass_fds=[scrivere],
+             "-nolisten", "tcp", "-noreset", "-fbdir", self.casa], pass_fds=[scrivere],
             stderr=subprocess.DEVNULL)
         os.close(scrivere)
         with os.fdopen(leggere) as canale:

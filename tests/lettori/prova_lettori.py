@@ -206,6 +206,41 @@ class Lettori(unittest.TestCase):
         self.assertRegex(esito.stdout, r"\Asì a\.pdf: .*\nsì c\.pdf: .*\nNO b\.pdf: .*\n"
                                        r"PDF accettati: 2, rifiutati: 1\n\Z")
 
+    def test_ghostscript_ne_legge_molti_insieme_e_conta_le_pagine_di_ognuno(self):
+        due = oggetti()
+        due[3] = due[3].replace(b"/Count 1", b"/Count 2").replace(b"[4 0 R]", b"[4 0 R 9 0 R]")
+        due[9] = due[4]
+        for n, corpi in enumerate([oggetti(), due, oggetti()]):
+            self.scrivi(f"{n}.pdf", componi(corpi))
+        trovati = lettori.trova([self.cartella])
+        letti = lettori.ghostscript_insieme(trovati)
+        self.assertEqual([letti[d.percorso].pagine for d in trovati], [1, 2, 1])
+
+    def test_ghostscript_non_accetta_insieme_cio_che_rifiuta_da_solo(self):
+        senza_piede, senza_pagine = oggetti(), oggetti()
+        senza_piede[6] = senza_piede[6].replace(b"7 0 R", b"9 0 R")
+        senza_pagine[3] = senza_pagine[3].replace(b"/Count 1", b"/Count 0").replace(b"4 0 R", b"")
+        for guasto in [componi(oggetti(PAGINA.replace(b"Q\r\n", b"n\r\n"))),
+                       componi(oggetti(PAGINA.replace(b"/Piede", b"/Paese"))),
+                       componi(senza_piede), componi(senza_pagine), b"", b"niente"]:
+            for posto in ["a", "m", "z"]: # first, between and last
+                with self.subTest(guasto=guasto[-60:], posto=posto):
+                    for nome in ["b", "y"]:
+                        self.scrivi(f"{nome}.pdf", componi(oggetti()))
+                    self.scrivi(f"{posto}.pdf", guasto)
+                    self.assertEqual(
+                        lettori.ghostscript_insieme(lettori.trova([self.cartella])), {})
+                    (self.cartella / f"{posto}.pdf").unlink()
+
+    def test_un_difetto_che_vede_solo_ghostscript_e_detto_del_suo_documento(self):
+        for n in range(20):
+            self.scrivi(f"{n:02}.pdf", componi(oggetti()))
+        self.scrivi("11.pdf", componi(oggetti(PAGINA.replace(b"Q\r\n", b"n\r\n"))))
+        esito = self.avvia()
+        self.assertEqual(esito.returncode, 1)
+        self.assertRegex(esito.stdout, r"\nNO 11\.pdf: Ghostscript: encountered more q than Q")
+        self.assertIn("PDF accettati: 19, rifiutati: 1\n", esito.stdout)
+
     def test_un_lettore_che_non_finisce(self):
         self.scrivi("uno.pdf", componi(oggetti()))
         with unittest.mock.patch.object(lettori, "ATTESA", 0.0001):

@@ -228,6 +228,15 @@ TEST(BeginDoc, IlNomeVieneDalGiornoDallOraEDaUnaCifra)
     EXPECT_EQ(altro.BeginDoc(), "~989680.pdf"); // 10000000
 }
 
+TEST(BeginDoc, SenzaOrologioProprioIlNomeVieneDalCalendarioDelProgramma)
+{
+    const CartellaDiProva cartella;
+    const DentroLaCartella dentro(cartella.Nome());
+    const aiuti::CalendarioDorato calendario; // day 2, 03:04:05, digit 0: 20304050
+    clsPDFCreator pdf;
+    EXPECT_EQ(pdf.BeginDoc(), "~135D0B2.pdf");
+}
+
 TEST(BeginDoc, RestituisceIlNomeChiestoELoLasciaComeSta)
 {
     const CartellaDiProva cartella;

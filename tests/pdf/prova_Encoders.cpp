@@ -81,6 +81,17 @@ TEST(RunLength, OgniPostoDiUnaSerieSiTrova)
     }
 }
 
+// Runs end at each place of the eight bytes that are compared at once.
+TEST(RunLength, OgniLunghezzaDiUnaSerieSiTrovaAncheLontanoDallaFine)
+{
+    const std::string coda = "bcdefghijklm";
+    for (std::size_t lunga = 3; lunga <= 20; ++lunga) {
+        EXPECT_EQ(prRunLengthEncode(std::string(lunga, 'a') + coda),
+                  std::string(1, static_cast<char>(257 - lunga)) + "a\x0B" + coda + "\x80")
+            << lunga;
+    }
+}
+
 TEST(RunLength, IlPeggioreDeiCasiCresceDiUnByteOgniCentoventotto)
 {
     EXPECT_EQ(prRunLengthEncode(CoppieDiverse(1280)).size(), 1280U + 10 + 1);

@@ -180,6 +180,17 @@ TEST(ReadJpeg, MarcheDaSoleEByteDiRiempimento)
     EXPECT_EQ(Motivo(ReadJpeg, byte), "letta");
 }
 
+// The segment that turns the inks around says nothing of grey levels.
+TEST(ReadJpeg, IlSegmentoAdobeNonRovesciaIGrigi)
+{
+    const std::string byte = Jpeg().insert(2, "\xFF\xEE\0\x0E"
+                                              "Adobe\0\x64\0\0\0\0\0"s);
+    const Picture figura = ReadJpeg(byte, nomeFile);
+    EXPECT_EQ(figura.Space, ColorSpace::Gray);
+    EXPECT_FALSE(figura.InvertedCMYK);
+    EXPECT_EQ(figura.Pixels, byte);
+}
+
 TEST(ReadJpeg, OgniRifiutoDiceIlMotivo)
 {
     EXPECT_EQ(Motivo(ReadJpeg, "BM"), "non è un'immagine JPEG");
@@ -192,6 +203,8 @@ TEST(ReadJpeg, OgniRifiutoDiceIlMotivo)
     EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 6, "\x0C")),
               "il file JPEG non ha 8 bit per campione");
     EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 8, "\0"s)),
+              "il file JPEG non dichiara le dimensioni prima dei dati");
+    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 10, "\0"s)),
               "il file JPEG non dichiara le dimensioni prima dei dati");
     EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 3, "\xFE")),
               "il file JPEG non dichiara le dimensioni prima dei dati");

@@ -41,6 +41,13 @@ bool CaricaCon(const std::function<void()>& guasto)
 
 } // namespace
 
+TEST(MenuSistema, IlComandoSonoSediciBitAllargatiColSegno)
+{
+    const auto sedici = static_cast<std::int16_t>(0xF000); // the Size command
+    EXPECT_EQ(ComandoDimensiona, static_cast<std::uint32_t>(std::int32_t{sedici}));
+    EXPECT_EQ(PerComando, 0U);
+}
+
 // Only the missing card library ends the program; whatever else fails, the window opens.
 TEST(Avvio, OgniAltroGuastoSiIgnora)
 {
