@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Endurance at full size: 1,000 random documents and the PDF reports of 200 random runs before four
 # foreign readers, 10 million shoes, 1,000 reports of each form, 200 games in the window, and one run
-# of each kind under valgrind. Takes about an hour on two cores; a part of it by its name.
+# of each kind under valgrind. Takes some forty minutes on two idle cores, most of
+# it for the reports, whose many fonts keep the readers busy; a part of it by its name.
 #
 #   tools/resistenza.sh [documenti|report|durata|perdite]...
 set -euo pipefail

@@ -162,7 +162,7 @@ void Documentista::OggettoTardivo()
 {
     CHIAMA(BeginObject, "Tardivo", m_caso.Una(2) ? 7 : 0);
     const Zona zona{m_margine + 8, m_alta - m_margine - Striscia, 60, 18};
-    Colora();
+    CHIAMA(SetColorFill, Tinta()); // no pattern: see BeginObject
     Figure(zona);
     CHIAMA(EndObject);
 }

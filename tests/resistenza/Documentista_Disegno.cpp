@@ -17,7 +17,7 @@ constexpr int FiltriDifficili = 12;
 bool Difficile(const std::string& figura)
 {
     const auto nome = std::filesystem::path(figura).stem().string();
-    return nome == "1bit" || nome == "4bit_tavolozza_corta" || nome == "fuori_tavolozza";
+    return nome.starts_with("1bit") || nome == "4bit_tavolozza_corta" || nome == "fuori_tavolozza";
 }
 
 std::string Esadecimale(Caso& caso)
