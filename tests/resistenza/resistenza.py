@@ -39,6 +39,8 @@ LIBERATION = [FONT / "liberation2/LiberationSerif-BoldItalic.ttf",
 MANCIATA = 50
 
 CRESCITA_MASSIMA = 1024  # KiB, more than any fluctuation
+MEMORIA_MINIMA = 500     # KiB; less is a process that has not begun
+POCHE_TAGLIE = 10_000
 
 FORME = [["-f", forma, *altre] for forma, *altre in [
     ("txt",), ("html",), ("pdf",), ("pdf", "--caratteri-unici"), ("txt", "-s"), ("html", "-s"),
@@ -176,10 +178,12 @@ def picco(comando, cartella):
 
 
 def taglie(scelte, cartella):
-    poche_taglie = max(1, scelte.taglie // 100)
+    # Not too few: the run must last until it is looked at.
+    poche_taglie = max(scelte.taglie // 100, min(scelte.taglie, POCHE_TAGLIE))
     picchi = []
     for quante in poche_taglie, scelte.taglie:
         massimo, secondi = picco([scelte.costruito / "bin/taglie", quante, "-s", "-q"], cartella)
+        pretendi(massimo > MEMORIA_MINIMA, "taglie è finito senza farsi vedere")
         picchi.append(massimo)
         print(f"taglie -s: {quante} taglie, {secondi:.1f} s, picco {massimo} KiB", flush=True)
     resti(cartella, ["taglie.txt"])
