@@ -5,19 +5,20 @@
 #include "Avanzamento.h"
 #include "Dati.h"
 #include "ErroreRuntime.h"
+#include "ErroreSistema.h"
 #include "FileDati.h"
 #include "FileMazzi.h"
 #include "FileNuovo.h"
 #include "Numeri.h"
 #include "Orologio.h"
 #include "Percorsi.h"
+#include "RigaErrore.h"
 #include "Segnali.h"
 #include "Stampe.h"
 #include "SuperficieTesto.h"
 #include "modCarte.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <new>
@@ -32,16 +33,6 @@ constexpr int UscitaStandard = 1;
 void ScriviUscita(const std::string& testo)
 {
     ScriviSuDescrittore(UscitaStandard, testo, "uscita standard");
-}
-
-// One line whatever bytes an argument or a file name holds, and no commands for the terminal.
-void ScriviErrore(std::string testo) noexcept
-{
-    constexpr char cancella = 0x7f;
-    std::replace_if(
-        testo.begin(), testo.end(), [](char c) { return (c >= 0 && c < ' ') || c == cancella; },
-        '?');
-    std::fputs(("taglie: " + testo + "\n").c_str(), stderr);
 }
 
 // What a failure during the run means for the caller of the command.
@@ -92,7 +83,9 @@ bool StessoNome(const std::string& uno, const std::string& altro)
         // Absolute first: of a name that does not exist the rest is taken as it stands.
         return std::filesystem::weakly_canonical(std::filesystem::absolute(nome, errore), errore);
     };
-    return completo(uno) == completo(altro) && !errore;
+    const bool uguali = completo(uno) == completo(altro);
+    PretendiMemoria(errore); // without an answer a file could be lost
+    return uguali && !errore;
 }
 
 // A file that is written twice, or read and replaced, would be lost.
@@ -212,7 +205,7 @@ void ApriReport(const std::string& percorso, StileFinestra stile)
 {
     // The report is finished all the same, and its path is told.
     if (!ApriConShell(percorso, stile)) {
-        ScriviErrore(percorso + ": nessun programma ha potuto aprirlo");
+        ScriviErrore({percorso, ": nessun programma ha potuto aprirlo"});
     }
 }
 
@@ -315,7 +308,8 @@ void Esegui(const Opzioni& opzioni)
     if (!lavoro.daAprire.empty()) ApriReport(lavoro.daAprire, lavoro.stile);
 
     if (opzioni.Dati != FormaDati::Nessuna) {
-        const Corsa corsa{opzioni.Seme, SecondiTrascorsi() - inizio};
+        // Not even the clock of durations can be relied on everywhere never to go back.
+        const Corsa corsa{opzioni.Seme, std::max(0.0, SecondiTrascorsi() - inizio)};
         ScriviUscita(TestoDati(opzioni.Dati, *totali, lavoro.studio, corsa));
     } else if (opzioni.FormaReport == Forma::Video) {
         ScriviUscita(lavoro.schermo.Testo());
@@ -335,22 +329,22 @@ void EseguiArgomenti(const std::vector<std::string>& argomenti)
 
 } // namespace
 
-int EseguiComando(const std::vector<std::string>& argomenti) noexcept
+int EseguiComando(std::span<const char* const> argomenti) noexcept
 {
     int uscita = UscitaFatto;
     try {
-        EseguiArgomenti(argomenti);
+        EseguiArgomenti({argomenti.begin(), argomenti.end()});
     } catch (const ErroreComando& errore) {
-        ScriviErrore(errore.what());
+        ScriviErrore({errore.what()});
         uscita = errore.CodiceUscita();
     } catch (const ErroreRuntime& errore) {
-        ScriviErrore(errore.what());
+        ScriviErrore({errore.what()});
         uscita = UscitaPer(errore.Numero());
     } catch (const std::bad_alloc&) {
-        std::fputs("taglie: memoria: esaurita\n", stderr);
+        ScriviErrore({"memoria: esaurita"});
         uscita = UscitaInterna;
     } catch (const std::exception& errore) {
-        ScriviErrore(std::string("guasto interno: ") + errore.what());
+        ScriviErrore({"guasto interno: ", errore.what()});
         uscita = UscitaInterna;
     }
     Stampe::AmbienteInUso = {}; // it refers to the run that has just ended

@@ -3,13 +3,13 @@
 
 #include "Opzioni.h"
 
-#include <string>
-#include <vector>
+#include <span>
 
 namespace cli {
 
 // Runs the command with its arguments (without the program's name) and returns the exit code.
-// Results go to standard output, errors as one line to standard error. Never throws.
-int EseguiComando(const std::vector<std::string>& argomenti) noexcept;
+// Results go to standard output, errors as one line to standard error. Never throws, not even
+// when memory runs out.
+int EseguiComando(std::span<const char* const> argomenti) noexcept;
 
 } // namespace cli

@@ -29,8 +29,9 @@ FileDati::~FileDati()
 {
     try {
         Scarica();
-    } catch (const ErroreRuntime&) {
-        // Another failure is on its way to the user already, or Chiudi() has reported this one.
+    } catch (const std::exception&) {
+        // Another failure (or the want of memory) is on its way to the user already, or Chiudi()
+        // has reported this one.
     }
 }
 

@@ -14,10 +14,20 @@ namespace cli {
 
 namespace {
 
-// The values as they were typed: the checks below speak Italian and know exact limits.
+// A value as it was typed. Asked of the option itself: the parser's search by name ends the program
+// when memory runs out in it.
+struct Valore
+{
+    bool Dato() const { return Opzione->count() > 0; }
+
+    std::string Testo;
+    CLI::Option* Opzione = nullptr;
+};
+
+// The checks below speak Italian and know exact limits, so that the parser is told of texts only.
 struct Grezze
 {
-    std::string Taglie, Forma, Cartella, Seme, Mazzi, SalvaMazzi, Colpi, Dati, Numeri, Lavori,
+    Valore Taglie, Forma, Cartella, Seme, Mazzi, SalvaMazzi, Colpi, Dati, Numeri, Lavori,
         Avanzamento;
 };
 
@@ -64,11 +74,6 @@ std::string InterruttoreConValore(const std::vector<std::string>& argomenti,
         Rifiuta(testo.substr(0, fine), "manca il valore");
     }
     Rifiuta("argomenti", testo);
-}
-
-bool Data(const CLI::App& lettore, const std::string& nome)
-{
-    return lettore.count(nome) > 0;
 }
 
 void LeggiTaglie(Opzioni& opzioni, const std::string& testo)
@@ -154,67 +159,68 @@ void Dichiara(CLI::App& lettore, Grezze& grezze, Opzioni& opzioni)
     lettore.set_help_flag("");
     lettore.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     lettore.option_defaults()->disable_flag_override();
-    lettore.add_option("N", grezze.Taglie)->multi_option_policy(CLI::MultiOptionPolicy::Throw);
-    lettore.add_option("-f,--forma", grezze.Forma);
+    grezze.Taglie.Opzione = lettore.add_option("N", grezze.Taglie.Testo);
+    grezze.Taglie.Opzione->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+    grezze.Forma.Opzione = lettore.add_option("-f,--forma", grezze.Forma.Testo);
     lettore.add_flag("-s,--statistiche", opzioni.Statistiche);
-    lettore.add_option("-c,--cartella", grezze.Cartella);
+    grezze.Cartella.Opzione = lettore.add_option("-c,--cartella", grezze.Cartella.Testo);
     lettore.add_flag("-a,--apri", opzioni.Apri);
     lettore.add_flag("--caratteri-unici", opzioni.CaratteriUnici);
-    lettore.add_option("--seme", grezze.Seme);
-    lettore.add_option("--mazzi", grezze.Mazzi);
-    lettore.add_option("--salva-mazzi", grezze.SalvaMazzi);
-    lettore.add_option("--colpi", grezze.Colpi);
-    lettore.add_option("--dati", grezze.Dati);
-    lettore.add_option("--numeri", grezze.Numeri);
-    lettore.add_option("-j,--lavori", grezze.Lavori);
-    lettore.add_option("--avanzamento", grezze.Avanzamento);
+    grezze.Seme.Opzione = lettore.add_option("--seme", grezze.Seme.Testo);
+    grezze.Mazzi.Opzione = lettore.add_option("--mazzi", grezze.Mazzi.Testo);
+    grezze.SalvaMazzi.Opzione = lettore.add_option("--salva-mazzi", grezze.SalvaMazzi.Testo);
+    grezze.Colpi.Opzione = lettore.add_option("--colpi", grezze.Colpi.Testo);
+    grezze.Dati.Opzione = lettore.add_option("--dati", grezze.Dati.Testo);
+    grezze.Numeri.Opzione = lettore.add_option("--numeri", grezze.Numeri.Testo);
+    grezze.Lavori.Opzione = lettore.add_option("-j,--lavori", grezze.Lavori.Testo);
+    grezze.Avanzamento.Opzione = lettore.add_option("--avanzamento", grezze.Avanzamento.Testo);
     lettore.add_flag("-q,--quieto", opzioni.Quieto);
     lettore.add_flag("-h,--help", opzioni.Aiuto);
     lettore.add_flag("-V,--version", opzioni.Versione);
 }
 
-void LeggiScelte(Opzioni& opzioni, const Grezze& grezze, const CLI::App& lettore)
+void LeggiScelte(Opzioni& opzioni, const Grezze& grezze)
 {
-    if (Data(lettore, "--dati")) {
-        opzioni.Dati = Scegli<FormaDati>("--dati", grezze.Dati,
+    if (grezze.Dati.Dato()) {
+        opzioni.Dati = Scegli<FormaDati>("--dati", grezze.Dati.Testo,
                                          {{"json", FormaDati::Json}, {"csv", FormaDati::Csv}});
         opzioni.FormaReport = Forma::Nessuna; // data on standard output want no report beside them
     }
-    if (Data(lettore, "--forma")) {
-        opzioni.FormaReport = Scegli<Forma>("--forma", grezze.Forma,
+    if (grezze.Forma.Dato()) {
+        opzioni.FormaReport = Scegli<Forma>("--forma", grezze.Forma.Testo,
                                             {{"txt", Forma::Txt},
                                              {"html", Forma::Html},
                                              {"pdf", Forma::Pdf},
                                              {"video", Forma::Video},
                                              {"nessuna", Forma::Nessuna}});
     }
-    if (Data(lettore, "--avanzamento")) {
+    if (grezze.Avanzamento.Dato()) {
         opzioni.Avanzamento = Scegli<Avviso>(
-            "--avanzamento", grezze.Avanzamento,
+            "--avanzamento", grezze.Avanzamento.Testo,
             {{"auto", Avviso::Auto}, {"sempre", Avviso::Sempre}, {"mai", Avviso::Mai}});
     }
-    const std::string numeri = Data(lettore, "--numeri") ? grezze.Numeri : "sistema";
+    const std::string numeri = grezze.Numeri.Dato() ? grezze.Numeri.Testo : "sistema";
     if (numeri == "sistema") opzioni.Numeri = SeparatoriUtente();
     else
         opzioni.Numeri = Scegli<Separatori>(
             "--numeri", numeri, {{"it", {",", "."}}, {"c", {".", ""}}, {"sistema", {}}});
 }
 
-void LeggiValori(Opzioni& opzioni, const Grezze& grezze, const CLI::App& lettore)
+void LeggiValori(Opzioni& opzioni, const Grezze& grezze)
 {
-    if (Data(lettore, "N")) LeggiTaglie(opzioni, grezze.Taglie);
-    if (Data(lettore, "--cartella")) opzioni.Cartella = LeggiNome("--cartella", grezze.Cartella);
-    if (Data(lettore, "--mazzi")) opzioni.Mazzi = LeggiNome("--mazzi", grezze.Mazzi);
-    if (Data(lettore, "--salva-mazzi")) {
-        opzioni.SalvaMazzi = LeggiNome("--salva-mazzi", grezze.SalvaMazzi);
+    if (grezze.Taglie.Dato()) LeggiTaglie(opzioni, grezze.Taglie.Testo);
+    if (grezze.Cartella.Dato()) opzioni.Cartella = LeggiNome("--cartella", grezze.Cartella.Testo);
+    if (grezze.Mazzi.Dato()) opzioni.Mazzi = LeggiNome("--mazzi", grezze.Mazzi.Testo);
+    if (grezze.SalvaMazzi.Dato()) {
+        opzioni.SalvaMazzi = LeggiNome("--salva-mazzi", grezze.SalvaMazzi.Testo);
     }
-    if (Data(lettore, "--colpi")) opzioni.Colpi = LeggiNome("--colpi", grezze.Colpi);
-    if (Data(lettore, "--lavori")) opzioni.Lavori = LeggiLavori(grezze.Lavori);
-    if (Data(lettore, "--seme")) {
+    if (grezze.Colpi.Dato()) opzioni.Colpi = LeggiNome("--colpi", grezze.Colpi.Testo);
+    if (grezze.Lavori.Dato()) opzioni.Lavori = LeggiLavori(grezze.Lavori.Testo);
+    if (grezze.Seme.Dato()) {
         std::uint64_t seme = 0;
-        if (!LeggiInteroSenzaSegno(grezze.Seme, seme)) {
-            Rifiuta("--seme",
-                    "\"" + grezze.Seme + "\" non è un numero intero da 0 a 18446744073709551615");
+        if (!LeggiInteroSenzaSegno(grezze.Seme.Testo, seme)) {
+            Rifiuta("--seme", "\"" + grezze.Seme.Testo +
+                                  "\" non è un numero intero da 0 a 18446744073709551615");
         }
         opzioni.Seme = seme;
     }
@@ -235,8 +241,8 @@ Opzioni LeggiOpzioni(const std::vector<std::string>& argomenti)
         TraduciErrore(lettore, errore, argomenti);
     }
     if (opzioni.Aiuto || opzioni.Versione) return opzioni;
-    LeggiValori(opzioni, grezze, lettore);
-    LeggiScelte(opzioni, grezze, lettore);
+    LeggiValori(opzioni, grezze);
+    LeggiScelte(opzioni, grezze);
     RifiutaContraddizioni(opzioni);
     if (opzioni.Lavori == 0) opzioni.Lavori = TuttiIProcessori();
     return opzioni;

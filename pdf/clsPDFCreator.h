@@ -145,7 +145,8 @@ public:
     // hexadecimal number and ".pdf" in the current folder. Replaced are a regular file of this
     // user and a symbolic link (itself, never what it leads to); anything else there is an error.
     // A document still open is closed as it stands. Error 13, with the file there untouched, for a
-    // property of the document in which "#d" or the like asks for something that is no text.
+    // property of the document in which "#d" or the like asks for something that is no text. A
+    // failure after the old file is gone leaves none.
     std::string BeginDoc(const std::string& FileName = {});
 
     // Writes what belongs to the whole document and closes the file. End the last page first.

@@ -159,16 +159,27 @@ void clsPDFCreator::SetDocProperty(std::string_view DocTitle, std::string_view D
 std::string clsPDFCreator::BeginDoc(const std::string& FileName)
 {
     m->Out.Close();
-    const std::string name = FileName.empty() ? m->UnnamedFile() : FileName;
+    std::string name = FileName.empty() ? m->UnnamedFile() : FileName;
     const std::string info = m->InfoText(); // an error in it must not cost the file there is
     m->Out.Open(name);
-    m->FileName = name;
-    m->Out.prWriteRaw("%PDF-1." + std::to_string(3 + static_cast<std::int64_t>(m->ReaderVersion)));
-    m->Out.prLine("% ", State::ClassBanner, " rel. ", WriterVersion);
-    m->OpenedWith = m->DocProperties;
-    m->WriteDictionary(InfoObject, info);
-    m->Out.SetCounter(PageResourceObject);
-    return m->FileName;
+    try {
+        m->BeginFile(info);
+        m->FileName = name;
+    } catch (...) {
+        m->Out.Discard(); // of a document that was never begun nothing stays
+        throw;
+    }
+    m->Out.Keep();
+    return name;
+}
+
+void clsPDFCreator::State::BeginFile(const std::string& info)
+{
+    Out.prWriteRaw("%PDF-1." + std::to_string(3 + static_cast<std::int64_t>(ReaderVersion)));
+    Out.prLine("% ", ClassBanner, " rel. ", WriterVersion);
+    OpenedWith = DocProperties;
+    WriteDictionary(InfoObject, info);
+    Out.SetCounter(PageResourceObject);
 }
 
 void clsPDFCreator::EndDoc()

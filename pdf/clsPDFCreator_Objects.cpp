@@ -32,15 +32,24 @@ void Objects::Open(const std::string& fileName)
     m_failure.reset();
     m_used = 0;
     m_flushed = 0;
-    m_file = std::make_unique<FileNuovo>(fileName);
-    // What has been written stays whatever happens next: only the caller knows whether half a
-    // document is worth keeping.
-    m_file->Conserva();
     if (!m_buffer) {
         m_buffer = std::make_unique<char[]>(BufferSize);
         m_size = BufferSize;
     }
+    m_file = std::make_unique<FileNuovo>(fileName);
     m_room = m_size;
+}
+
+void Objects::Keep()
+{
+    m_file->Conserva();
+}
+
+void Objects::Discard()
+{
+    m_file.reset();
+    m_room = 0;
+    m_used = 0;
 }
 
 void Objects::Close()

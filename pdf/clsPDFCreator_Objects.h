@@ -45,7 +45,15 @@ class Objects
 {
 public:
     // Starts a new file in place of what stands under that name (FileNuovo says what may).
+    // It is removed by Discard, and when this object ends, until Keep is called.
     void Open(const std::string& fileName);
+
+    // What has been written stays from now on, whatever happens: only the caller knows whether half
+    // a document is worth keeping.
+    void Keep();
+
+    // Closes the file opened last and removes it unless Keep was called.
+    void Discard();
 
     // Writes what is still held back and closes. Closed already: no effect.
     void Close();

@@ -214,6 +214,9 @@ struct clsPDFCreator::State
     // ---- _Core, _Metadata
     std::string UnnamedFile() const;
     std::string InfoText() const;
+
+    // Writes the head of a file just opened, with that text as its information dictionary.
+    void BeginFile(const std::string& info);
     void WriteCatalog(std::int32_t outlines, std::int32_t metadata);
     std::string Resources(bool withPatterns) const;
     void WritePageTree();

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <new>
 #include <system_error>
 
 namespace {
@@ -33,6 +34,7 @@ constexpr std::array Voci = {
     Voce{ENAMETOOLONG, NumeroErrore::AccessoAlFile, "il nome è troppo lungo"},
     Voce{EMFILE, NumeroErrore::AccessoAlFile, "troppi file aperti"},
     Voce{ENFILE, NumeroErrore::AccessoAlFile, "troppi file aperti nel sistema"},
+    Voce{ENOMEM, NumeroErrore::MemoriaEsaurita, "memoria esaurita"},
     Voce{EBADF, NumeroErrore::AccessoAlFile, "il file non è aperto"},
 };
 
@@ -57,4 +59,9 @@ ErroreRuntime ErroreSistema(int codice, const std::string& file)
     const Voce* voce = Cerca(codice);
     const auto numero = voce != nullptr ? voce->numero : NumeroErrore::AccessoAlFile;
     return ErroreRuntime(numero, MotivoSistema(codice), file);
+}
+
+void PretendiMemoria(const std::error_code& errore)
+{
+    if (errore == std::errc::not_enough_memory) throw std::bad_alloc();
 }

@@ -98,6 +98,7 @@ bool StessoFile(const std::string& percorso, const std::string& altro)
 FileNuovo::FileNuovo(std::string percorso)
     : m_percorso(std::move(percorso))
 {
+    std::string nome = m_percorso; // all memory is taken before there is a file
     TogliFile(m_percorso);
     constexpr mode_t permessi = 0666; // less the user's umask
     // Appending: after a block that was cut back the next one starts where the file now ends.
@@ -107,7 +108,7 @@ FileNuovo::FileNuovo(std::string percorso)
     if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
 
     try {
-        m_impronta.emplace(m_percorso, m_descrittore);
+        m_impronta.emplace(std::move(nome), m_descrittore);
     } catch (...) {
         ::close(m_descrittore);
         throw;

@@ -74,12 +74,13 @@ bool StessoFile(const std::string& percorso, const std::string& altro)
 FileNuovo::FileNuovo(std::string percorso)
     : m_percorso(std::move(percorso))
 {
+    std::string nome = m_percorso; // all memory is taken before there is a file
     TogliFile(m_percorso);
     m_descrittore = ::_sopen(m_percorso.c_str(),
                              _O_WRONLY | _O_APPEND | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
                              _SH_DENYWR, _S_IREAD | _S_IWRITE);
     if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
-    m_impronta.emplace(m_percorso, m_descrittore);
+    m_impronta.emplace(std::move(nome), m_descrittore);
 }
 
 void FileNuovo::Riapri()

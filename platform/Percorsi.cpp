@@ -1,6 +1,6 @@
 #include "Percorsi.h"
 
-#include "ErroreRuntime.h"
+#include "ErroreSistema.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -21,6 +21,7 @@ void PretendiCartella(const std::string& cartella)
     std::error_code errore;
     const auto voce = std::filesystem::status(cartella, errore);
     if (std::filesystem::is_directory(voce)) return;
+    PretendiMemoria(errore);
     throw ErroreRuntime(
         NumeroErrore::PercorsoNonTrovato,
         std::filesystem::exists(voce) ? "non è una cartella" : "la cartella non esiste", cartella);
@@ -32,6 +33,9 @@ std::string PercorsoTemp()
 {
     std::string cartella = percorsi::CartellaTempDelSistema();
     if (cartella.empty()) cartella = percorsi::CartellaDelProgramma();
+    // Without a "/" before it a name could be taken for an option by the program that opens a
+    // report.
+    if (!std::filesystem::path(cartella).is_absolute()) return CartellaCompleta(cartella);
     PretendiCartella(cartella);
     return ConSeparatore(std::move(cartella));
 }
@@ -45,6 +49,7 @@ std::string CartellaCompleta(const std::string& cartella)
     const bool risale = std::find(data.begin(), data.end(), "..") != data.end();
     const auto assoluta = risale ? std::filesystem::canonical(data, errore)
                                  : std::filesystem::absolute(data, errore).lexically_normal();
+    PretendiMemoria(errore);
     if (errore) {
         throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella corrente non esiste",
                             cartella);
@@ -56,6 +61,7 @@ std::string PercorsoCompleto(const std::string& percorso)
 {
     std::error_code errore;
     const auto assoluto = std::filesystem::absolute(percorso, errore);
+    PretendiMemoria(errore);
     if (errore) {
         throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella corrente non esiste",
                             percorso);

@@ -5,7 +5,8 @@
 
 // The temporary folder of the user, ending in the platform's separator. Windows: as GetTempPathA
 // gives it. Elsewhere: TMPDIR when set, else the system's temporary folder. Where there is none,
-// the folder the program was started from. Error 76 naming the folder when it does not exist.
+// the folder the program was started from. A relative one is completed, as by CartellaCompleta.
+// Error 76 naming the folder when it does not exist.
 std::string PercorsoTemp();
 
 // The absolute form of a folder given by the user, ending in the platform's separator; the

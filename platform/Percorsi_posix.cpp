@@ -1,5 +1,7 @@
 #include "Percorsi.h"
 
+#include "ErroreSistema.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -18,6 +20,7 @@ std::string CartellaDelProgramma()
 {
     std::error_code errore;
     const auto programma = std::filesystem::read_symlink("/proc/self/exe", errore);
+    PretendiMemoria(errore);
     return errore ? "." : programma.parent_path().string();
 }
 

@@ -2,10 +2,12 @@
 
 #include "Windows1252.h"
 
+#include <cerrno>
 #include <climits>
 #include <clocale>
 #include <cstdlib>
 #include <cwchar>
+#include <new>
 
 #include <locale.h>
 
@@ -44,13 +46,22 @@ const char* ImpostazioneNumeri()
     return "C";
 }
 
+// Nothing when the system does not have it.
+locale_t LocaleUtente()
+{
+    const locale_t trovata =
+        ::newlocale(LC_NUMERIC_MASK | LC_CTYPE_MASK, ImpostazioneNumeri(), nullptr);
+    // Want of memory says nothing about the locale.
+    if (trovata == nullptr && errno == ENOMEM) throw std::bad_alloc();
+    return trovata;
+}
+
 } // namespace
 
 Separatori SeparatoriUtente()
 {
     Separatori separatori;
-    const locale_t utente =
-        ::newlocale(LC_NUMERIC_MASK | LC_CTYPE_MASK, ImpostazioneNumeri(), nullptr);
+    const locale_t utente = LocaleUtente();
     if (utente == nullptr) return separatori;
 
     const locale_t prima = ::uselocale(utente);

@@ -13,6 +13,7 @@
 #include "clsPDFCreator.h"
 
 #include <cmath>
+#include <utility>
 
 namespace Stampe {
 
@@ -49,8 +50,9 @@ public:
         Pdf.Margin(0);
         Pdf.Orientation(0);
         Pdf.PDFReader(0);
+        std::string nome = m_percorso; // all memory is taken before there is a file
         Pdf.BeginDoc(m_percorso);
-        m_impronta.emplace(m_percorso);
+        m_impronta.emplace(std::move(nome));
     }
 
     ~Documento()

@@ -108,6 +108,7 @@ private:
     void ChiamaReport();
     void MostraStato(std::string_view testo);
     void MostraAvanzamento(std::string_view testo);
+    bool OrologioFermo(double adesso);
     void Cedi();
     void Restituisci(QWidget* fuoco);
 
@@ -131,6 +132,7 @@ private:
     bool m_clicDaFinire = false;  // the click that brought the focus is still down
     bool m_ritoccato = false;     // painted in a run and perhaps not yet on the display
     double m_ultimoRitocco = 0;   // when lblStatus was last painted in a run
+    int m_nonRitoccate = 0;       // captions since then, counted while the clock stands
 
     QPushButton* cmdExit = nullptr;
     QPushButton* cmdHelp = nullptr;

@@ -98,6 +98,7 @@ void Form1::cmdTaglie_Click()
     m_inCorso = true;
     m_fermata = false;
     m_ultimoRitocco = 0;
+    m_nonRitoccate = 0;
     try {
         AbilitaComandi(Falso);
         EseguiReport();
@@ -171,6 +172,14 @@ void Form1::MostraStato(std::string_view testo)
     lblStatus->adjustSize();
 }
 
+// Where the clock of durations stands or goes back (some virtual machines), captions are counted
+// instead: the label must not look as if the run stood still.
+bool Form1::OrologioFermo(double adesso)
+{
+    constexpr int tante = 500;
+    return adesso <= m_ultimoRitocco && ++m_nonRitoccate >= tante;
+}
+
 // Painting costs more than playing a shoe: the caption is always the latest, its picture is at
 // most so old.
 void Form1::MostraAvanzamento(std::string_view testo)
@@ -179,8 +188,9 @@ void Form1::MostraAvanzamento(std::string_view testo)
     lblStatus->setUpdatesEnabled(false);
     lblStatus->setText(InQt(testo));
     const double adesso = SecondiTrascorsi();
-    if (adesso - m_ultimoRitocco < ritocco) return;
+    if (adesso - m_ultimoRitocco < ritocco && !OrologioFermo(adesso)) return;
     m_ultimoRitocco = adesso;
+    m_nonRitoccate = 0;
     m_ritoccato = true;
     // Sized and painted in one go: the window paints what a new size uncovers, and would leave out
     // a label whose updates are off.

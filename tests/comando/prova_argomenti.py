@@ -137,6 +137,20 @@ class ValoriDelleOpzioni(Prova):
             with self.subTest(argomenti=argomenti):
                 self.errore(self.taglie(*argomenti), codice)
 
+    def test_l_errore_non_passa_i_comandi_oltre_il_127(self):
+        for dato, detto in {
+                b"\xc2\x9b2J": b"?2J",                       # 128 to 159 as UTF-8
+                b"\xc2\x80\xc2\x9f\xc2\xa0": b"??\xc2\xa0",  # the first, the last, the next
+                b"\x9b2J\xff": b"?2J\xff",                   # as bytes that are no UTF-8
+                b"\xe0\x82\x9b": b"\xe0??",                  # longer than it may be
+                b"\xc0\x9b": b"\xc0?",
+                b"\xc2": b"\xc2",
+                "È ‑ 😀 Û".encode(): "È ‑ 😀 Û".encode()}.items(): # whole characters hold such bytes
+            with self.subTest(dato=dato):
+                esito = self.taglie("--forma", dato)
+                self.assertEqual(esito.codice, USO)
+                self.assertIn(b'"' + detto + b'"', esito.errori)
+
     def test_l_errore_non_passa_comandi_al_terminale(self):
         esito = self.taglie("--forma", "\x1b[2J\x07")
         self.errore(esito, USO)

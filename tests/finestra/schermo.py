@@ -104,13 +104,13 @@ class Schermo:
 
 
 class Finestra:
-    """The program running on a display, in a temporary folder of its own."""
+    """The program running on a display, in a temporary folder of its own, of any name."""
 
-    def __init__(self, schermo, scala=1, programma=SCALVINO, **variabili):
+    def __init__(self, schermo, scala=1, programma=SCALVINO, cartella="tmp", **variabili):
         self.schermo = schermo
         self.scala = scala
         self.base = Path(tempfile.mkdtemp(prefix="finestra."))
-        self.cartella = self.base / "tmp"
+        self.cartella = self.base / cartella
         self.cartella.mkdir()
         self.registro = self.base / "aperti"
         self._apritore()
@@ -125,14 +125,15 @@ class Finestra:
     def _apritore(self):
         """The desktop's handler, which only writes down what it is to open."""
         apri = self.base / "xdg-open"
-        apri.write_text(f'#!/bin/sh\nprintf "%s\\n" "$#" "$@" >>{self.registro}\n')
+        apri.write_text(f'#!/bin/sh\nprintf "%s\\0" "$#" "$@" >>{self.registro}\n')
         apri.chmod(0o755)
 
     def aperti(self):
         """The paths that were opened, each given as the one argument."""
-        righe = self.registro.read_text().split("\n")[:-1] if self.registro.exists() else []
-        assert righe[::2] == ["1"] * (len(righe) // 2), righe
-        return righe[1::2]
+        byte = self.registro.read_bytes() if self.registro.exists() else b""
+        argomenti = [os.fsdecode(argomento) for argomento in byte.split(b"\0")[:-1]]
+        assert argomenti[::2] == ["1"] * (len(argomenti) // 2), argomenti
+        return argomenti[1::2]
 
     def finestre(self):
         """(id, title) of the windows of the program that are on the screen."""
@@ -143,13 +144,17 @@ class Finestra:
     def pronta(self):
         # Of the window and a box on it, which share the title, the window comes first.
         self.id = aspetta(self.finestre, "la finestra")[0][0]
-        self.schermo.fa("xdotool", "windowactivate", "--sync", self.id)
+        self.attiva()
         # xdotool counts the frame twice.
         misure = self.schermo.fa("xwininfo", "-id", self.id)
         self.posto = tuple(int(re.search(f"Absolute upper-left {asse}: +(-?[0-9]+)", misure)[1])
                            for asse in "XY")
         self.scosta()
         return self
+
+    def attiva(self):
+        """Brings the window to the front, where others are, too."""
+        self.schermo.fa("xdotool", "windowactivate", "--sync", self.id)
 
     def clicca(self, nome):
         x, y = (round(v * self.scala) for v in POSTI[nome])

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <new>
+#include <system_error>
 
 namespace {
 
@@ -30,6 +32,7 @@ TEST(ErroreSistema, IlNumeroDiOgniFamiglia)
     for (const int codice : {EACCES, EPERM, EROFS}) EXPECT_EQ(Numero(codice), 70) << codice;
     for (const int codice : {EIO, EPIPE}) EXPECT_EQ(Numero(codice), 57) << codice;
     for (const int codice : {ENOENT, ENOTDIR}) EXPECT_EQ(Numero(codice), 76) << codice;
+    EXPECT_EQ(Numero(ENOMEM), 7);
     for (const int codice : {EEXIST, EISDIR, ELOOP, ENXIO, ENAMETOOLONG, EMFILE, ENFILE, EBADF}) {
         EXPECT_EQ(Numero(codice), 75) << codice;
     }
@@ -50,4 +53,12 @@ TEST(MotivoSistema, UnCodiceFuoriElencoHaComunqueUnTesto)
 {
     EXPECT_FALSE(MotivoSistema(ENOTTY).empty());
     EXPECT_EQ(Numero(ENOTTY), 75);
+}
+
+TEST(PretendiMemoria, SoloLaSuaMancanzaELanciata)
+{
+    EXPECT_THROW(PretendiMemoria(std::make_error_code(std::errc::not_enough_memory)),
+                 std::bad_alloc);
+    EXPECT_NO_THROW(PretendiMemoria({}));
+    EXPECT_NO_THROW(PretendiMemoria(std::make_error_code(std::errc::no_such_file_or_directory)));
 }

@@ -54,6 +54,20 @@ TEST(PercorsoTemp, TmpdirConESenzaSeparatoreFinale)
               Riuscito);
 }
 
+TEST(PercorsoTemp, UnaTmpdirRelativaSiCompleta)
+{
+    const CartellaDiProva cartella;
+    fs::create_directory(cartella.File("-x"));
+    EXPECT_EQ(InUnFiglio([&] {
+                  fs::current_path(cartella.Nome());
+                  const std::string qui = fs::current_path().string();
+                  EXPECT_EQ(TempCon("-x"), qui + "/-x/");
+                  EXPECT_EQ(TempCon("./-x/"), qui + "/-x/");
+                  EXPECT_EQ(TempCon("."), qui + "/");
+              }),
+              Riuscito);
+}
+
 TEST(PercorsoTemp, SenzaTmpdirOVuotoQuellaDelSistema)
 {
     ASSERT_TRUE(fs::is_directory("/tmp"));
