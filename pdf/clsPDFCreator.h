@@ -256,7 +256,7 @@ public:
     // 32000-1, 8.10). Between pages only; same coordinates as a page. Name: letters, digits and
     // underscores, which is not checked. Flags play it on pages begun later: 7 every page, 2 even,
     // 4 odd, 12 odd but the first; 16 more plays it at the end of the page, over what is there; 0
-    // and 1 never.
+    // and 1 never. Tilings are better not chosen in it: one widespread reader may refuse the page.
     void BeginObject(std::string_view Name, std::int32_t Flags = 0);
 
     // Ends the drawing that BeginObject began.
@@ -376,7 +376,8 @@ public:
     // the origin is its top left corner. A table stays on one page and measures nothing: widths
     // and heights are the caller's. FillColor "" takes what the row (the table) has, LineWidth -1
     // and LineColor "" likewise; a width of 0 draws no frame. A table takes a fill that the
-    // caller has set on this page, or else none, and the present line.
+    // caller has set on this page, or else none, and the present line. A colour given to a table,
+    // row or cell is no tiling of kind 2, which would lack its own.
     //
     // A row's own background and frame are as wide as the cell begun last, on purpose (nothing
     // before the first cell of the table): the cells paint themselves over them.

@@ -43,36 +43,36 @@ std::string clsPDFCreator::State::Resolved(std::string_view color)
 
 void clsPDFCreator::State::SetFill(std::string_view color, std::string_view patternColor)
 {
-    FillColor = Resolved(color);
-    WriteFill(FillColor, patternColor);
+    FillColor = {Resolved(color), Resolved(patternColor)};
+    WriteFill(FillColor);
 }
 
 void clsPDFCreator::State::SetLine(std::string_view color, std::string_view patternColor)
 {
-    LineColor = Resolved(color);
-    WriteLineColor(LineColor, patternColor);
+    LineColor = {Resolved(color), Resolved(patternColor)};
+    WriteLineColor(LineColor);
 }
 
 // Red, green and blue, or a pattern in the colour space of patterns, or an uncoloured pattern with
 // its colour (ISO 32000-1, 8.6.8).
-void clsPDFCreator::State::WriteFill(std::string_view resolved, std::string_view patternColor)
+void clsPDFCreator::State::WriteFill(const Paint& paint)
 {
-    if (pdf::IsDigits(resolved)) return Out.prLine(pdf::Components{resolved}, " rg");
-    WritePattern(" cs", " scn", resolved, patternColor);
+    if (pdf::IsDigits(paint.Color)) return Out.prLine(pdf::Components{paint.Color}, " rg");
+    WritePattern(" cs", " scn", paint);
 }
 
-void clsPDFCreator::State::WriteLineColor(std::string_view resolved, std::string_view patternColor)
+void clsPDFCreator::State::WriteLineColor(const Paint& paint)
 {
-    if (pdf::IsDigits(resolved)) return Out.prLine(pdf::Components{resolved}, " RG");
-    WritePattern(" CS", " SCN", resolved, patternColor);
+    if (pdf::IsDigits(paint.Color)) return Out.prLine(pdf::Components{paint.Color}, " RG");
+    WritePattern(" CS", " SCN", paint);
 }
 
 void clsPDFCreator::State::WritePattern(std::string_view space, std::string_view use,
-                                        std::string_view name, std::string_view color)
+                                        const Paint& paint)
 {
-    const std::string resolved = Resolved(color);
-    if (!pdf::IsDigits(resolved)) return Out.prLine("/Pattern", space, " /", name, use);
-    Out.prLine("/xxCSxx", space, " ", pdf::Components{resolved}, " /", name, use);
+    const auto& [name, ink] = paint;
+    if (!pdf::IsDigits(ink)) return Out.prLine("/Pattern", space, " /", name, use);
+    Out.prLine("/xxCSxx", space, " ", pdf::Components{ink}, " /", name, use);
 }
 
 void clsPDFCreator::State::SetLineWidth(double width)

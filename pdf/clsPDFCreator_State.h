@@ -98,12 +98,20 @@ struct clsPDFCreator::State
         std::string Title, Subject, Author, Creator, Producer, Keywords;
     };
 
-    // How a table, a row or a cell is painted: colours resolved, width in user units.
+    // A colour in digits, or the name of a pattern; of a tiling of kind 2 also its colour in
+    // digits.
+    struct Paint
+    {
+        std::string Color;
+        std::string Ink;
+    };
+
+    // How a table, a row or a cell is painted: width in user units.
     struct Style
     {
-        std::string Fill;
+        Paint Fill;
         float LineWidth = 0;
-        std::string LineColor;
+        Paint LineColor;
     };
 
     struct Point
@@ -164,8 +172,8 @@ struct clsPDFCreator::State
     std::vector<pdf::TextLine> Lines; // of the box in progress
 
     // ---- Graphics
-    std::string FillColor = "#000000";
-    std::string LineColor = "#000000";
+    Paint FillColor = {"#000000", ""};
+    Paint LineColor = {"#000000", ""};
     bool FillChosen = false; // by the caller, on this page or reusable object
     float LineWidth = 1;     // points
 
@@ -282,10 +290,9 @@ struct clsPDFCreator::State
     static std::string Resolved(std::string_view color);
     void SetFill(std::string_view color, std::string_view patternColor = {});
     void SetLine(std::string_view color, std::string_view patternColor = {});
-    void WriteFill(std::string_view resolved, std::string_view patternColor = {});
-    void WriteLineColor(std::string_view resolved, std::string_view patternColor = {});
-    void WritePattern(std::string_view space, std::string_view use, std::string_view name,
-                      std::string_view color);
+    void WriteFill(const Paint& paint);
+    void WriteLineColor(const Paint& paint);
+    void WritePattern(std::string_view space, std::string_view use, const Paint& paint);
     void SetLineWidth(double width);
     void SetDash(double on, double off);
     void prPaintOp(std::int32_t options);

@@ -6,8 +6,8 @@ void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, flo
                                std::string_view LineColor)
 {
     m->Require(X, Y, LineWidth);
-    const State::Style present = {m->FillChosen ? m->FillColor : "", m->InUnits(m->LineWidth),
-                                  m->LineColor};
+    const State::Style present = {m->FillChosen ? m->FillColor : State::Paint{},
+                                  m->InUnits(m->LineWidth), m->LineColor};
     m->TableStyle = m->StyleOf(FillColor, LineWidth, LineColor, present);
     m->TableOrigin = {X, Y};
     m->RowPosition = m->TableOrigin;
@@ -73,9 +73,9 @@ clsPDFCreator::State::Style clsPDFCreator::State::StyleOf(std::string_view fill,
 {
     constexpr float keep = -1;
     Style style = inherited;
-    if (!fill.empty()) style.Fill = Resolved(fill);
+    if (!fill.empty()) style.Fill = {Resolved(fill), {}};
     if (lineWidth != keep) style.LineWidth = lineWidth;
-    if (!lineColor.empty()) style.LineColor = Resolved(lineColor);
+    if (!lineColor.empty()) style.LineColor = {Resolved(lineColor), {}};
     return style;
 }
 
@@ -85,7 +85,7 @@ clsPDFCreator::State::Style clsPDFCreator::State::StyleOf(std::string_view fill,
 void clsPDFCreator::State::PaintFrame(const Style& style, double width, double height)
 {
     const double line = style.LineWidth;
-    if (!style.Fill.empty()) {
+    if (!style.Fill.Color.empty()) {
         WriteFill(style.Fill);
         Rectangle(line / 2, line / 2, width - line, height - line, 4);
         WriteFill(FillColor);

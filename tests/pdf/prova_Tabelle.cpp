@@ -236,6 +236,36 @@ TEST(Cella, RimetteColoriESpessoreDelChiamante)
                                   "n", "0 0 100 40 re", "S", "3 w", "[ ] 0 d", "0 0 1 RG"}));
 }
 
+// A tiling of kind 2 cannot be chosen again without its colour.
+TEST(Cella, RimetteIMotiviColLoroColore)
+{
+    EXPECT_THAT(
+        Cella(
+            [](clsPDFCreator& pdf) {
+                pdf.SetColorFill("Punti", "red");
+                pdf.SetColorLine("Righe", "blue");
+                pdf.BeginTable(0, 0, "white", 0, "");
+            },
+            [](clsPDFCreator& pdf) { pdf.BeginColumn(100, "", 2, "green"); }),
+        ElementsAreArray({"n", "0 0 0 40 re", "f", "/xxCSxx cs 1 0 0 /Punti scn", "q", "1 1 1 rg",
+                          "n", "1 1 98 38 re", "f", "/xxCSxx cs 1 0 0 /Punti scn", "2 w", "[ ] 0 d",
+                          "0 1 0 RG", "n", "0 0 100 40 re", "S", "1 w", "[ ] 0 d",
+                          "/xxCSxx CS 0 0 1 /Righe SCN"}));
+}
+
+TEST(Tabella, PrendeIMotiviPresentiColLoroColore)
+{
+    EXPECT_THAT(Cella(
+                    [](clsPDFCreator& pdf) {
+                        pdf.SetColorFill("Punti", "red");
+                        pdf.SetColorLine("Righe", "blue");
+                        pdf.BeginTable(0, 0);
+                    },
+                    [](clsPDFCreator& pdf) { pdf.BeginColumn(100, "", 2); }),
+                testing::AllOf(testing::Contains("/xxCSxx cs 1 0 0 /Punti scn").Times(3),
+                               testing::Contains("/xxCSxx CS 0 0 1 /Righe SCN").Times(2)));
+}
+
 // ---- What is taken over ----------------------------------------------------------------------
 
 TEST(Riga, ConMenoUnoPrendeLoSpessoreDellaTabella)

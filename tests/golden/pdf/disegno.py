@@ -16,7 +16,8 @@ class Disegno:
     """Part of Scrittore: everything that draws or changes the axes."""
 
     def IniziaDisegno(self):
-        self.riempimento, self.contorno = "#000000", "#000000"
+        # Each a colour, and of a pattern perhaps the colour it is given.
+        self.riempimento, self.contorno = ("#000000", ""), ("#000000", "")
         self.NuovoContenuto()
 
     def NuovoContenuto(self):
@@ -44,9 +45,9 @@ class Disegno:
             return
         colore = ColoreNominato(colore)
         if riempi:
-            self.riempimento = colore
+            self.riempimento = colore, coloreTrama
         else:
-            self.contorno = colore
+            self.contorno = colore, coloreTrama
         if colore.startswith("#"):
             self.prPrint("#c #c #c " + ("rg" if riempi else "RG"), *Componenti(colore))
             return

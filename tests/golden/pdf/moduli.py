@@ -55,7 +55,7 @@ class Moduli:
     def BeginTable(self, x, y, fondo="", spessore=-1, contorno=""):
         self.tabellaX, self.tabellaY = Singolo(x), Singolo(y)
         # The black that every page begins with is no choice of the caller.
-        corrente = self.riempimento if self.riempimentoScelto else ""
+        corrente = self.riempimento if self.riempimentoScelto else ("", "")
         self.stileTabella = self.Stile(
             fondo, spessore, contorno,
             (corrente, Singolo(self.spessore / self.scala), self.contorno))
@@ -68,29 +68,29 @@ class Moduli:
 
     def Stile(self, fondo, spessore, contorno, eredita):
         """Fill, line width (user units) and line colour, or what is inherited."""
-        return (ColoreNominato(Byte(fondo)) or eredita[0],
+        return ((ColoreNominato(Byte(fondo)), "") if fondo else eredita[0],
                 eredita[1] if spessore == -1 else Singolo(spessore),
-                ColoreNominato(Byte(contorno)) or eredita[2])
+                (ColoreNominato(Byte(contorno)), "") if contorno else eredita[2])
 
     def Cornice(self, larghezza, altezza, stile):
         """Background inset by half the line, then the frame."""
         fondo, spessore, contorno = stile
         v = self.interno
-        if fondo:
+        if fondo[0]:
             ricordato = self.riempimento
-            self.Colora(fondo, "", riempi=True)
+            self.Colora(*fondo, riempi=True)
             self.prRect(v(spessore / 2), v(spessore / 2), v(larghezza - spessore),
                         v(altezza - spessore), 4)
-            self.Colora(ricordato, "", riempi=True)
+            self.Colora(*ricordato, riempi=True)
         if spessore != 0:
             ricordato = self.spessore, self.contorno
             self.SetLineStyle(spessore)
-            self.Colora(contorno, "", riempi=False)
+            self.Colora(*contorno, riempi=False)
             self.prRect(0, 0, larghezza, altezza, 1)
             self.prPrint("#s w", ricordato[0])
             self.prWriteRaw("[ ] 0 d")
             self.spessore = ricordato[0]
-            self.Colora(ricordato[1], "", riempi=False)
+            self.Colora(*ricordato[1], riempi=False)
 
     def BeginRow(self, altezza, fondo="", spessore=-1, contorno=""):
         self.rigaAltezza = Singolo(altezza)

@@ -1,0 +1,25 @@
+// Texts at random for documents at random.
+#pragma once
+
+#include "Caso.h"
+
+#include <string>
+#include <string_view>
+
+namespace resistenza {
+
+// Up to quante words of Latin, Greek, Cyrillic and other letters, signs of Windows-1252, figures
+// and what PDF escapes; UTF-8, one blank between two.
+std::string Frase(Caso& caso, int quante);
+
+// The same without signs that Windows-1252 has below A0: in what a reader sets in type itself it
+// takes them for others (ISO 32000-1, D.2), and some of these are in no face.
+std::string FraseComune(Caso& caso, int quante);
+
+// A word of plain letters.
+std::string ParolaSemplice(Caso& caso);
+
+// What a page shows of a text: each character outside Windows-1252 is "?".
+std::string ComeSiVede(std::string_view testo);
+
+} // namespace resistenza
