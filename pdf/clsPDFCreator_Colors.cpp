@@ -38,7 +38,8 @@ void clsPDFCreator::SetLineStyle(float Width, std::int32_t Cap, std::int32_t Joi
 // In digits or the name of a pattern, as the document writes it.
 std::string clsPDFCreator::State::Resolved(std::string_view color)
 {
-    return pdf::IsDigits(color) ? std::string(color) : pdf::prNamedColor(InWindows1252(color));
+    if (color.empty() || pdf::IsDigits(color)) return std::string(color); // nearly every one
+    return pdf::prNamedColor(InWindows1252(color));
 }
 
 void clsPDFCreator::State::SetFill(std::string_view color, std::string_view patternColor)
