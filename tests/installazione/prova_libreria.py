@@ -31,7 +31,7 @@ class Libreria(Prova):
 
     def test_un_progetto_fuori_la_trova_con_find_package(self):
         costruito = self.cartella / "fuori"
-        fai(CMAKE, "-S", QUI / "progetto", "-B", costruito,
+        fai(CMAKE, "-S", QUI / "progetto", "-B", costruito, "-G", "Ninja",
             f"-DCMAKE_PREFIX_PATH={self.installata}")
         fai(CMAKE, "--build", costruito)
         for modo in ["shared", "static"]:
