@@ -47,14 +47,14 @@ std::string Grey(std::string_view percent)
 // The value of each hexadecimal digit, NoDigit for all other characters.
 constexpr std::int8_t NoDigit = -1;
 constexpr std::array<std::int8_t, 256> DigitValues = [] {
+    constexpr std::string_view upper = "0123456789ABCDEF";
+    constexpr std::string_view lower = "0123456789abcdef";
     std::array<std::int8_t, 256> values = {};
     values.fill(NoDigit);
-    for (std::int8_t value = 0; value < 16; ++value) {
-        constexpr std::string_view upper = "0123456789ABCDEF";
-        constexpr std::string_view lower = "0123456789abcdef";
-        const auto place = static_cast<std::size_t>(value);
-        values[static_cast<unsigned char>(upper[place])] = value;
-        values[static_cast<unsigned char>(lower[place])] = value;
+    for (std::size_t value = 0; value < upper.size(); ++value) {
+        for (const char digit : {upper[value], lower[value]}) {
+            values[static_cast<unsigned char>(digit)] = static_cast<std::int8_t>(value);
+        }
     }
     return values;
 }();
