@@ -15,7 +15,8 @@
 #ifdef _WIN32
 #include <io.h>
 #else
-#include <csignal>
+#include "SegnaliDiFine_posix.h"
+
 #include <sys/select.h>
 #include <unistd.h>
 #endif
@@ -67,10 +68,8 @@ int Apri(const char* percorso)
 // through during the wait alone, so that none falls between the question and the wait.
 bool Attendi(int descrittore, const std::function<bool()>& fermare)
 {
-    sigset_t richieste;
+    const sigset_t richieste = SegnaliDiFine();
     sigset_t prima;
-    ::sigemptyset(&richieste);
-    for (const int segnale : {SIGINT, SIGTERM}) ::sigaddset(&richieste, segnale);
     ::pthread_sigmask(SIG_BLOCK, &richieste, &prima);
     const bool avanti = !fermare();
     if (avanti && descrittore < FD_SETSIZE) {

@@ -1,10 +1,11 @@
 // Requests to stop that come from outside, and whether somebody watches the terminal.
 #pragma once
 
-// From now on Ctrl-C and a polite request to end (SIGINT, SIGTERM) only set a flag; a second one
-// ends the program at once. The one of the two that the caller ignores stays ignored. Writing into
-// a closed pipe or past a file-size limit becomes an ordinary error of the write. Call once, before
-// any thread is started.
+// From now on every signal that asks the program to end (Ctrl-C, SIGTERM, a terminal that hangs up,
+// a limit of time and whatever else would end it; no fault of its own) only sets a flag; a second
+// one of the same kind ends the program at once. SIGINT, SIGQUIT and SIGTERM are one kind. What the
+// caller ignores stays ignored. Writing into a closed pipe or past a file-size limit becomes an
+// ordinary error of the write. Call once, before any thread is started.
 void AscoltaInterruzioni();
 
 // True once a request to stop has arrived. Any thread may ask.

@@ -41,8 +41,8 @@ int Fallimenti()
 [[noreturn]] void Lavora(const std::function<void()>& lavoro)
 {
     const int prima = Fallimenti();
-    // Whoever started the tests in the background may have told them to ignore it.
-    for (const int segnale : {SIGINT, SIGTERM}) std::signal(segnale, SIG_DFL);
+    // Whoever started the tests in the background may have told them to ignore some.
+    for (const int segnale : {SIGINT, SIGQUIT, SIGTERM, SIGHUP}) std::signal(segnale, SIG_DFL);
     try {
         lavoro();
     } catch (const std::exception& errore) {

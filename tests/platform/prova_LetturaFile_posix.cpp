@@ -130,7 +130,7 @@ TEST(LeggiRighe, UnaRichiestaFraLaDomandaELAttesaNonSiPerde)
     const CartellaDiProva cartella;
     const std::string fifo = cartella.Nome() + "fifo";
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-    for (const int segnale : {SIGINT, SIGTERM}) {
+    for (const int segnale : {SIGINT, SIGTERM, SIGHUP, SIGXCPU, SIGRTMAX}) {
         EXPECT_EQ(aiuti::InUnFiglio([&] {
                       constexpr unsigned troppo = 60; // seconds, after which the child is killed
                       ::alarm(troppo);

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -22,10 +23,26 @@ using aiuti::Riuscito;
 
 namespace {
 
+constexpr std::array Richieste = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM, SIGALRM, SIGVTALRM, SIGPROF,
+                                  SIGXCPU, SIGUSR1, SIGUSR2, SIGIO,   SIGPWR,  SIGSTKFLT};
+
+// Faults of the program itself, what nobody can catch, and what does not end a program.
+constexpr std::array Altri = {SIGSEGV, SIGBUS,  SIGFPE,  SIGILL,  SIGTRAP,
+                              SIGSYS,  SIGABRT, SIGKILL, SIGSTOP, SIGCHLD,
+                              SIGCONT, SIGTSTP, SIGTTIN, SIGTTOU, SIGWINCH};
+
+// Some signals would leave a picture of the memory behind.
+void SenzaCore()
+{
+    const rlimit niente = {0, 0};
+    ASSERT_EQ(::setrlimit(RLIMIT_CORE, &niente), 0);
+}
+
 // The first request sets the flag; what a second one does ends the child or not.
 int DueVolte(int segnale)
 {
     return InUnFiglio([segnale] {
+        SenzaCore();
         AscoltaInterruzioni();
         EXPECT_FALSE(InterruzioneChiesta());
         std::raise(segnale);
@@ -38,27 +55,82 @@ int DueVolte(int segnale)
 
 TEST(Segnali, IlPrimoMetteLaRichiestaIlSecondoTermina)
 {
-    EXPECT_EQ(DueVolte(SIGINT), DaSegnale + SIGINT);
-    EXPECT_EQ(DueVolte(SIGTERM), DaSegnale + SIGTERM);
+    for (const int segnale : Richieste) {
+        EXPECT_EQ(DueVolte(segnale), DaSegnale + segnale) << strsignal(segnale);
+    }
+    for (int segnale = SIGRTMIN; segnale <= SIGRTMAX; ++segnale) {
+        EXPECT_EQ(DueVolte(segnale), DaSegnale + segnale) << segnale;
+    }
 }
 
-TEST(Segnali, IlSecondoPuoEssereLAltro)
+TEST(Segnali, GliAltriRestanoComeSono)
 {
-    for (const int primo : {SIGINT, SIGTERM}) {
-        const int secondo = primo == SIGINT ? SIGTERM : SIGINT;
-        EXPECT_EQ(InUnFiglio([&] {
-                      AscoltaInterruzioni();
-                      std::raise(primo);
-                      EXPECT_TRUE(InterruzioneChiesta());
-                      std::raise(secondo);
-                  }),
-                  DaSegnale + secondo);
+    EXPECT_EQ(InUnFiglio([] {
+                  for (const int segnale : Altri) std::signal(segnale, SIG_DFL);
+                  AscoltaInterruzioni();
+                  for (const int segnale : Altri) {
+                      struct sigaction azione = {};
+                      ASSERT_EQ(::sigaction(segnale, nullptr, &azione), 0);
+                      EXPECT_EQ(azione.sa_handler, SIG_DFL) << strsignal(segnale);
+                  }
+              }),
+              Riuscito);
+}
+
+TEST(Segnali, DiTreChiunqueVengaPerSecondoTermina)
+{
+    constexpr std::array tre = {SIGINT, SIGQUIT, SIGTERM};
+    for (const int primo : tre) {
+        for (const int secondo : tre) {
+            EXPECT_EQ(InUnFiglio([&] {
+                          SenzaCore();
+                          AscoltaInterruzioni();
+                          std::raise(primo);
+                          EXPECT_TRUE(InterruzioneChiesta());
+                          std::raise(secondo);
+                      }),
+                      DaSegnale + secondo);
+        }
     }
+}
+
+TEST(Segnali, UnoPerTipoNonTermina)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  AscoltaInterruzioni();
+                  std::raise(SIGTERM);
+                  for (const int segnale : {SIGHUP, SIGALRM, SIGXCPU, SIGUSR1, SIGRTMIN}) {
+                      std::raise(segnale);
+                  }
+                  EXPECT_TRUE(InterruzioneChiesta());
+              }),
+              Riuscito);
+}
+
+// A shell that is hung up tells its programs, and when it has ended the system tells them again.
+TEST(Segnali, IlTerminaleELaShellSonoUnaSolaRichiesta)
+{
+    const int esito = InUnFiglio([] {
+        const int capo = ::posix_openpt(O_RDWR | O_NOCTTY);
+        if (capo < 0 || ::grantpt(capo) != 0 || ::unlockpt(capo) != 0) aiuti::EsciImpossibile();
+        if (::setsid() < 0) aiuti::EsciImpossibile();
+        const int terminale = ::open(::ptsname(capo), O_RDWR); // its controlling one from here on
+        if (terminale < 0) aiuti::EsciImpossibile();
+        AscoltaInterruzioni();
+        std::raise(SIGHUP);
+        EXPECT_TRUE(InterruzioneChiesta());
+        ImpostaInterruzione(false);
+        ::close(capo);
+        EXPECT_TRUE(InterruzioneChiesta());
+        if (!testing::Test::HasFailure()) std::raise(SIGHUP);
+    });
+    if (esito == aiuti::Impossibile) GTEST_SKIP() << "no pseudo-terminals here";
+    EXPECT_EQ(esito, DaSegnale + SIGHUP);
 }
 
 TEST(Segnali, CioCheIlChiamanteIgnoraRestaIgnorato)
 {
-    for (const int ignorato : {SIGINT, SIGTERM}) {
+    for (const int ignorato : Richieste) {
         const int altro = ignorato == SIGINT ? SIGTERM : SIGINT;
         EXPECT_EQ(InUnFiglio([&] {
                       std::signal(ignorato, SIG_IGN);
@@ -74,9 +146,20 @@ TEST(Segnali, CioCheIlChiamanteIgnoraRestaIgnorato)
     }
 }
 
+TEST(Segnali, ChiGiaAscoltaUnSegnaleContinua)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  std::signal(SIGPROF, [](int) {});
+                  AscoltaInterruzioni();
+                  std::raise(SIGPROF);
+                  EXPECT_FALSE(InterruzioneChiesta());
+              }),
+              Riuscito);
+}
+
 TEST(Segnali, LaRichiestaSvegliaChiGuardaIlCanale)
 {
-    for (const int segnale : {SIGINT, SIGTERM}) {
+    for (const int segnale : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
         EXPECT_EQ(InUnFiglio([segnale] {
                       const int canale = ApriCanaleInterruzioni();
                       ASSERT_GE(canale, 0);
@@ -110,11 +193,11 @@ TEST(Segnali, UnaLetturaInAttesaTornaIndietro)
 {
     EXPECT_EQ(InUnFiglio([] {
                   AscoltaInterruzioni();
-                  struct sigaction azione = {};
-                  ASSERT_EQ(::sigaction(SIGINT, nullptr, &azione), 0);
-                  EXPECT_EQ(azione.sa_flags & SA_RESTART, 0);
-                  ASSERT_EQ(::sigaction(SIGTERM, nullptr, &azione), 0);
-                  EXPECT_EQ(azione.sa_flags & SA_RESTART, 0);
+                  for (const int segnale : Richieste) {
+                      struct sigaction azione = {};
+                      ASSERT_EQ(::sigaction(segnale, nullptr, &azione), 0);
+                      EXPECT_EQ(azione.sa_flags & SA_RESTART, 0);
+                  }
               }),
               Riuscito);
 }
