@@ -142,13 +142,28 @@ class Utente(Prova):
         self.assertEqual(finestra.esito(), 0)
 
     def test_i_segnali_chiudono_come_il_pulsante(self):
-        for segnale in (signal.SIGTERM, signal.SIGINT):
+        for segnale in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGQUIT,
+                        signal.SIGALRM, signal.SIGXCPU):
             finestra = self.avvia().pronta()
             finestra.clicca("cmdHelp")
             self.aperto(finestra, 1, "scalvino.htm")
             os.kill(finestra.processo.pid, segnale)
             self.assertEqual(finestra.esito(), 0)
             self.assertEqual(list(finestra.cartella.glob("*.*")), [])
+
+    def test_i_segnali_che_il_chiamante_ignora_restano_ignorati(self):
+        cartella = Path(tempfile.mkdtemp(prefix="ignora."))
+        self.addCleanup(shutil.rmtree, cartella)
+        programma = cartella / "ignora"
+        programma.write_text(f"#!/bin/sh\ntrap '' HUP QUIT\nexec '{SCALVINO}'\n")
+        programma.chmod(0o755)
+        finestra = self.avvia(programma=programma).pronta()
+        for segnale in (signal.SIGHUP, signal.SIGQUIT, signal.SIGHUP):
+            os.kill(finestra.processo.pid, segnale)
+        finestra.clicca("cmdHelp")
+        self.aperto(finestra, 1, "scalvino.htm")
+        os.kill(finestra.processo.pid, signal.SIGALRM)
+        self.assertEqual(finestra.esito(), 0)
 
     def lungo(self, opzione):
         """A run of statistics that takes minutes."""
@@ -182,7 +197,8 @@ class Utente(Prova):
             self.assertEqual((finestra.base / "errori").read_text(), "")
 
     def test_un_segnale_durante_un_giro(self):
-        for segnale in (signal.SIGTERM, signal.SIGINT):
+        for segnale in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGQUIT,
+                        signal.SIGXCPU):
             finestra = self.lungo("optStampa2")
             os.kill(finestra.processo.pid, segnale)
             self.assertEqual(finestra.esito(), 0)

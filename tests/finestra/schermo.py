@@ -103,6 +103,12 @@ class Schermo:
         shutil.rmtree(self.casa, ignore_errors=True)
 
 
+def senza_segnali_ignorati():
+    """Whoever started the tests in the background may have told them to ignore some."""
+    for segnale in (signal.SIGINT, signal.SIGQUIT, signal.SIGTERM, signal.SIGHUP):
+        signal.signal(segnale, signal.SIG_DFL)
+
+
 class Finestra:
     """The program running on a display, in a temporary folder of its own, of any name."""
 
@@ -120,7 +126,8 @@ class Finestra:
         with (self.base / "errori").open("wb") as errori:
             self.processo = subprocess.Popen([programma], cwd=self.base, env=ambiente,
                                              stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                             stderr=errori)
+                                             stderr=errori,
+                                             preexec_fn=senza_segnali_ignorati)
 
     def _apritore(self):
         """The desktop's handler, which only writes down what it is to open."""
