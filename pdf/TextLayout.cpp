@@ -1,4 +1,8 @@
+// Measuring texts and breaking them into lines; see TextLayout.h.
+
 #include "TextLayout.h"
+
+#include "Number.h"
 
 #include <algorithm>
 
@@ -41,28 +45,35 @@ bool SingleWord(std::string_view text)
 class LineBreaker
 {
 public:
-    LineBreaker(double width, double indent, const TextMetrics& metrics,
-                std::vector<TextLine>& lines)
+    LineBreaker(float width, float indent, const TextMetrics& metrics, std::vector<TextLine>& lines)
         : m_width(width)
         , m_indent(indent)
         , m_metrics(metrics)
-        , m_blank(metrics.WidthOf(" "))
+        , m_blankSum(metrics.SumOf(" "))
+        , m_blank(metrics.WidthOf(m_blankSum))
         , m_lines(lines)
     {
     }
 
     void Break(std::string_view paragraph)
     {
+        // Asked for the whole first: where negative spacing makes a text narrower as it grows, a
+        // part of it may stick out of the box that all of it fits.
+        const bool whole = Fits(m_metrics.SumOf(paragraph), m_indent);
         TextLine line = {paragraph.substr(0, 0), m_indent, 0, true, false};
+        TextSum sum;
         bool empty = true;
         bool done = false;
         std::string_view rest = paragraph;
         while (!done) {
             const std::string_view word = TakePiece(rest, " ", done);
-            const double wordWidth = m_metrics.WidthOf(word);
-            if (!empty && line.Width + m_blank + wordWidth > m_width) {
+            const TextSum wordSum = m_metrics.SumOf(word);
+            const double wordWidth = m_metrics.WidthOf(wordSum);
+            sum = empty ? wordSum : sum + m_blankSum + wordSum;
+            if (!empty && !whole && !Fits(sum, line.FirstOfParagraph ? m_indent : 0)) {
                 m_lines.push_back(line);
                 line = {word, wordWidth, 0, false, false};
+                sum = wordSum;
             } else {
                 Extend(line, word, wordWidth, empty);
             }
@@ -73,6 +84,12 @@ public:
     }
 
 private:
+    // All as callers know it: they measured in 32 bits and added the indent in 32 bits.
+    bool Fits(const TextSum& sum, float indent) const
+    {
+        return prFloat(double{prFloat(m_metrics.WidthOf(sum))} + indent) <= m_width;
+    }
+
     void Extend(TextLine& line, std::string_view word, double wordWidth, bool empty) const
     {
         const char* start = empty ? word.data() : line.Text.data();
@@ -83,26 +100,31 @@ private:
         ++line.Blanks;
     }
 
-    double m_width;
-    double m_indent;
+    float m_width;
+    float m_indent;
     const TextMetrics& m_metrics;
+    TextSum m_blankSum;
     double m_blank;
     std::vector<TextLine>& m_lines;
 };
 
 } // namespace
 
-double TextMetrics::WidthOf(std::string_view text) const
+TextSum TextMetrics::SumOf(std::string_view text) const
+{
+    std::int64_t widths = 0;
+    for (const char c : text) widths += (*Widths)[static_cast<unsigned char>(c)];
+    return {widths, static_cast<std::int64_t>(text.size()),
+            std::count(text.begin(), text.end(), ' ')};
+}
+
+double TextMetrics::WidthOf(const TextSum& sum) const
 {
     constexpr double thousandths = 1000;
     constexpr double percent = 100;
-    std::int64_t sum = 0;
-    for (const char c : text) sum += (*Widths)[static_cast<unsigned char>(c)];
-    double points = static_cast<double>(sum) * Size / thousandths;
-    if (CharSpacing != 0) points += CharSpacing * static_cast<double>(text.size());
-    if (WordSpacing != 0) {
-        points += WordSpacing * static_cast<double>(std::count(text.begin(), text.end(), ' '));
-    }
+    double points = static_cast<double>(sum.Widths) * Size / thousandths;
+    if (CharSpacing != 0) points += CharSpacing * static_cast<double>(sum.Characters);
+    if (WordSpacing != 0) points += WordSpacing * static_cast<double>(sum.Blanks);
     points = points * HorizontalScaling / percent;
     return Scale == 0 ? 0 : points / Scale; // without a unit there is no width to speak of
 }
@@ -116,7 +138,7 @@ void NormalizeText(std::string& text)
     }
 }
 
-void BreakLines(std::string_view text, double width, double indent, const TextMetrics& metrics,
+void BreakLines(std::string_view text, float width, float indent, const TextMetrics& metrics,
                 std::vector<TextLine>& lines)
 {
     lines.clear();

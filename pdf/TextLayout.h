@@ -9,6 +9,20 @@
 
 namespace pdf {
 
+// What a text adds up to before size, spacing and unit count: whole numbers, so that the sum of a
+// line is that of its words and blanks, in whatever order they are added.
+struct TextSum
+{
+    std::int64_t Widths = 0; // thousandths of the size
+    std::int64_t Characters = 0;
+    std::int64_t Blanks = 0;
+
+    TextSum operator+(const TextSum& other) const
+    {
+        return {Widths + other.Widths, Characters + other.Characters, Blanks + other.Blanks};
+    }
+};
+
 // Everything that the width of a text depends on.
 struct TextMetrics
 {
@@ -19,8 +33,12 @@ struct TextMetrics
     double HorizontalScaling;                     // percent
     double Scale;                                 // points per user unit
 
-    // The width of Windows-1252 bytes in user units.
-    double WidthOf(std::string_view text) const;
+    // The sum of Windows-1252 bytes.
+    TextSum SumOf(std::string_view text) const;
+
+    // The width of Windows-1252 bytes, or of their sum, in user units.
+    double WidthOf(std::string_view text) const { return WidthOf(SumOf(text)); }
+    double WidthOf(const TextSum& sum) const;
 };
 
 struct TextLine
@@ -38,8 +56,10 @@ void NormalizeText(std::string& text);
 
 // Breaks a normalised text at CR LF into paragraphs and these at blanks into lines no wider than
 // width; the first line of a paragraph is shorter by indent (user units both). A word that is
-// wider stands alone on the line it starts. Fills lines, at least one; they refer to text.
-void BreakLines(std::string_view text, double width, double indent, const TextMetrics& metrics,
+// wider stands alone on the line it starts. Widths are compared as 32-bit numbers, so that a
+// paragraph always fits the width that it is told to have in such a number. Fills lines, at least
+// one; they refer to text.
+void BreakLines(std::string_view text, float width, float indent, const TextMetrics& metrics,
                 std::vector<TextLine>& lines);
 
 } // namespace pdf

@@ -253,6 +253,17 @@ TEST(DrawTextBox, LeSueRighe)
                             "(aaaa bbbb) Tj T*\r(cccc) Tj T*\r", "ET"));
 }
 
+TEST(DrawTextBox, UnTestoStaNelRiquadroLargoQuantoLui)
+{
+    const auto righe = Scrive([](clsPDFCreator& pdf) {
+        pdf.SetFont("Courier New", 9);
+        EXPECT_EQ(pdf.TextLength("xx xx"), 27);
+        EXPECT_EQ(pdf.DrawTextBox(0, 0, 27, 50, "xx xx"), 1);
+        EXPECT_EQ(pdf.DrawTextBox(0, 0, 26.99F, 50, "xx xx"), 2);
+    });
+    EXPECT_EQ(righe[4], "(xx xx) Tj T*\r");
+}
+
 TEST(DrawTextBox, IlPuntoEIlSuoAngolo)
 {
     ScriveInCentimetri([](clsPDFCreator& pdf) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,7 +27,7 @@ constexpr std::array<std::uint16_t, 256> TuttiUguali = [] {
 constexpr TextMetrics Uno = {&TuttiUguali, 1, 0, 0, 100, 1};
 
 // The lines as texts.
-std::vector<std::string> Spezzato(std::string_view testo, double larghezza, double rientro = 0)
+std::vector<std::string> Spezzato(std::string_view testo, float larghezza, float rientro = 0)
 {
     std::vector<TextLine> righe;
     BreakLines(testo, larghezza, rientro, Uno, righe);
@@ -35,7 +36,7 @@ std::vector<std::string> Spezzato(std::string_view testo, double larghezza, doub
     return testi;
 }
 
-std::vector<TextLine> RigheDi(std::string_view testo, double larghezza, double rientro = 0)
+std::vector<TextLine> RigheDi(std::string_view testo, float larghezza, float rientro = 0)
 {
     std::vector<TextLine> righe;
     BreakLines(testo, larghezza, rientro, Uno, righe);
@@ -101,9 +102,48 @@ TEST(NormalizeText, UnaRigaVuotaRestaConUnBianco)
 TEST(BreakLines, LeParoleStannoFinCheCEPosto)
 {
     EXPECT_THAT(Spezzato("aa bb cc dd", 5), ElementsAre("aa bb", "cc dd"));
-    EXPECT_THAT(Spezzato("aa bb cc dd", 4.99), ElementsAre("aa", "bb", "cc", "dd"));
+    EXPECT_THAT(Spezzato("aa bb cc dd", 4.99F), ElementsAre("aa", "bb", "cc", "dd"));
     EXPECT_THAT(Spezzato("aa bb cc dd", 8), ElementsAre("aa bb cc", "dd"));
     EXPECT_THAT(Spezzato("aa bb cc dd", 1000), ElementsAre("aa bb cc dd"));
+}
+
+TEST(BreakLines, SiConfrontaInTrentaduebit)
+{
+    std::vector<TextLine> righe;
+    for (const float corpo : {0.1F, 0.7F, 2.1F, 4.3F, 9.3F, 11.9F}) {
+        const TextMetrics misure = {&TuttiUguali, corpo, 0, 0, 100, 1};
+        for (const std::string_view testo : {"a b", "a b c", "aaa bb c d", "a b c d e f g"}) {
+            const auto larga = static_cast<float>(misure.WidthOf(testo));
+            BreakLines(testo, larga, 0, misure, righe);
+            EXPECT_EQ(righe.size(), 1U) << corpo << " " << testo;
+            BreakLines(testo, std::nextafterf(larga, 0), 0, misure, righe);
+            EXPECT_EQ(righe.size(), 2U) << corpo << " " << testo;
+        }
+    }
+}
+
+TEST(BreakLines, ColRientroSommatoInTrentaduebit)
+{
+    constexpr TextMetrics misure = {&TuttiUguali, 2.1F, 0, 0, 100, 1};
+    std::vector<TextLine> righe;
+    for (const float rientro : {0.1F, 0.7F, 3.33F, 33.3F, 700.1F, -1.1F}) {
+        const float larga = static_cast<float>(misure.WidthOf("a b c")) + rientro;
+        BreakLines("a b c", larga, rientro, misure, righe);
+        EXPECT_EQ(righe.size(), 1U) << rientro;
+        BreakLines("a b c", std::nextafterf(larga, -1), rientro, misure, righe);
+        EXPECT_EQ(righe.size(), 2U) << rientro;
+    }
+}
+
+TEST(BreakLines, UnTestoCheSiAccorciaCrescendoStaTuttoIntero)
+{
+    // A blank is 1 - 3 wide: "aa bbbb" is 4, the whole is 3, "aa bbbb c" in between as well.
+    constexpr TextMetrics misure = {&TuttiUguali, 1, 0, -3, 100, 1};
+    std::vector<TextLine> righe;
+    BreakLines("aa bbbb c", 3, 0, misure, righe);
+    EXPECT_EQ(righe.size(), 1U);
+    BreakLines("aa bbbb c d", 1.5F, 0, misure, righe); // 2 wide: word by word
+    EXPECT_EQ(righe.size(), 3U);
 }
 
 TEST(BreakLines, IlRientroAccorciaLaPrimaRigaDiOgniParagrafo)

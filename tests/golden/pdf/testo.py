@@ -104,15 +104,20 @@ class Testo:
             righe += self.Paragrafo(paragrafo.split(" "), larghezza, rientro, bianco)
         return righe
 
+    def Entra(self, parole, larghezza, rientro):
+        """Whether a line of these words fits, measured as the caller would."""
+        return Singolo(Singolo(self.Misura(" ".join(parole))) + rientro) <= larghezza
+
     def Paragrafo(self, parole, larghezza, rientro, bianco):
         righe, inizio, somma = [], 0, 0.0
+        intero = self.Entra(parole, larghezza, rientro)
         for indice, parola in enumerate(parole):
-            misura = self.Misura(parola)
-            spazio = larghezza if righe else larghezza - rientro
-            if indice > inizio and somma + misura + bianco * (indice - inizio) > spazio:
+            riga = parole[inizio:indice + 1]
+            if indice > inizio and not intero and not self.Entra(
+                    riga, larghezza, 0 if righe else rientro):
                 righe.append((inizio, indice, somma))
                 inizio, somma = indice, 0.0
-            somma += misura
+            somma += self.Misura(parola)
         righe.append((inizio, len(parole), somma))
         return [{
             "testo": " ".join(parole[da:a]),
