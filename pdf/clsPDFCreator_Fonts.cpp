@@ -59,10 +59,32 @@ std::string Upper(std::string_view text)
     return upper;
 }
 
-// The family without blanks in upper case, known synonyms made one.
+// The accented letters of Windows-1252, UTF-8, to upper case. Keys stay UTF-8, so that names which
+// Windows-1252 does not have are told apart, too.
+void RaiseAccents(std::string& text)
+{
+    constexpr std::pair<std::string_view, std::string_view> others[] = {
+        {"ÿ", "Ÿ"}, {"š", "Š"}, {"œ", "Œ"}, {"ž", "Ž"}};
+    constexpr char step = 'a' - 'A'; // "à" to "þ" but "÷", as far as from "a" to "A"
+    for (auto at = text.find('\xC3'); at != std::string::npos; at = text.find('\xC3', at + 1)) {
+        if (at + 1 == text.size()) break;
+        char& second = text[at + 1];
+        if (second >= '\xA0' && second <= '\xBE' && second != '\xB7') {
+            second = static_cast<char>(second - step);
+        }
+    }
+    for (const auto& [small, capital] : others) {
+        for (auto at = text.find(small); at != std::string::npos; at = text.find(small, at)) {
+            text.replace(at, small.size(), capital);
+        }
+    }
+}
+
+// The family (UTF-8) without blanks in upper case, known synonyms made one.
 std::string NormalizedFamily(std::string_view family)
 {
     std::string key = Upper(family);
+    RaiseAccents(key);
     std::erase(key, ' ');
     if (key == "TIMESNEWROMAN") return "TIMES";
     if (key == "COURIERNEW") return "COURIER";
@@ -212,7 +234,7 @@ void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontNa
     const auto descent = static_cast<std::int16_t>(std::clamp(font->File.Descent, -32768.F, 0.F));
     m->Fonts.push_back({font->File.Name, {&font->Widths, descent}, font.get()});
     m->TrueTypeFonts.push_back(std::move(font));
-    m->FontKeys.try_emplace(NormalizedFamily(InWindows1252(FontName)), m->Fonts.size());
+    m->FontKeys.try_emplace(NormalizedFamily(FontName), m->Fonts.size());
 }
 
 // Widths and descriptors of the standard fonts are the reader's own: it knows them by these names.

@@ -209,6 +209,37 @@ TEST(SetFont, ConCorpoZeroTieneQuelloDiPrima)
     EXPECT_EQ(pdf.TextHeight(), 12);
 }
 
+// The resource name in use after AddFont under one name and SetFont with another.
+std::string Trovato(std::string_view aggiunto, std::string_view cercato)
+{
+    const auto righe = aiuti::Scrive([&](clsPDFCreator& pdf) {
+        pdf.SetFont("Courier New", 10);
+        pdf.AddFont(SCALVINO_SEMI "/ttf/unicode.ttf", aggiunto, false);
+        pdf.SetFont(cercato, 10);
+        pdf.DrawText(0, 10, "a");
+    });
+    return righe[1].substr(0, righe[1].find(' '));
+}
+
+TEST(AddFont, SiTrovaAncheSottoUnNomeAccentato)
+{
+    EXPECT_EQ(Trovato("Città", "Città"), "/_FNT_2");
+    EXPECT_EQ(Trovato("Città", "C ITTÀ"), "/_FNT_2");
+    EXPECT_EQ(Trovato("ÀÞŸŠŒŽ", "àþÿšœž"), "/_FNT_2");
+    EXPECT_EQ(Trovato("×÷ß€", "×÷ß€"), "/_FNT_2");
+    EXPECT_EQ(Trovato("×", "÷"), "/_FNT_3"); // one below the other by the step of letters
+    EXPECT_EQ(Trovato("Città", "Citta"), "/_FNT_3");
+}
+
+TEST(AddFont, INomiFuoriDaWindows1252SonoDistinti)
+{
+    EXPECT_EQ(Trovato("Дом", "Дом"), "/_FNT_2");
+    EXPECT_EQ(Trovato("Дом", "城市村"), "/_FNT_3");
+    EXPECT_EQ(Trovato("Дом", "???"), "/_FNT_3");
+    EXPECT_EQ(Trovato("\xE0\xC3", "\xE0\xC3"), "/_FNT_2"); // no UTF-8 at all
+    EXPECT_EQ(Trovato("\xE0", "\xC0"), "/_FNT_3");
+}
+
 TEST(SetFontSize, CambiaSoloIlCorpo)
 {
     EXPECT_THAT(CaratteriDi([](clsPDFCreator& pdf) {

@@ -327,7 +327,7 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
         if corpo != 0:
             self.corpo = corpo
         self.linee = (bool(stile & 4), bool(stile & 8), bool(stile & 16))
-        self.carattere = self.TrovaCarattere(Byte(famiglia), stile & 3)
+        self.carattere = self.TrovaCarattere(famiglia, stile & 3)
 
     def TrovaCarattere(self, famiglia, variante):
         """Index of the entry of a family, added when none is found."""
@@ -373,7 +373,7 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
         if incorpora and not font.incorporabile:
             raise ErroreScrittore(f"{file} forbids embedding")
         self.AggiungiCarattere({
-            "base": font.nome, "chiave": Normale(Byte(nome)), "larghezze": font.larghezze,
+            "base": font.nome, "chiave": Normale(nome), "larghezze": font.larghezze,
             "discesa": font.discesa, "font": font, "incorpora": incorpora,
         })
 
@@ -448,7 +448,13 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
             self.prEndObj()
 
 
+def Maiuscola(lettera):
+    """A letter of Windows-1252 in upper case, where that has it; others as they are."""
+    grande = lettera.upper()
+    return grande if len(grande) == 1 and Byte(lettera + grande).count("?") == 0 else lettera
+
+
 def Normale(famiglia):
     """The name that a family is searched by."""
-    nome = famiglia.replace(" ", "").upper()
+    nome = "".join(Maiuscola(lettera) for lettera in famiglia.replace(" ", ""))
     return SINONIMI.get(nome, nome)
