@@ -379,11 +379,17 @@ public:
     // caller has set on this page, or else none, and the present line. A colour given to a table,
     // row or cell is no tiling of kind 2, which would lack its own.
     //
+    // Tables nest: one begun in an open cell has its origin there, and its EndTable gives back the
+    // table around it, whose cell, row and style are as they were. Table, row and cell each save
+    // the graphics state once; a reader may allow no more than 28 such states (ISO 32000-1, annex
+    // C).
+    //
     // A row's own background and frame are as wide as the cell begun last, on purpose (nothing
     // before the first cell of the table): the cells paint themselves over them.
 
-    // Begins a table with its upper left corner at (X, Y). FillColor, LineWidth in user units and
-    // LineColor are those of its rows. The current point is (X, Y), and again after EndTable.
+    // Begins a table with its upper left corner at (X, Y), in an open cell one of its own.
+    // FillColor, LineWidth in user units and LineColor are those of its rows. The current point is
+    // (X, Y), and again after EndTable.
     void BeginTable(float X, float Y, std::string_view FillColor = {}, float LineWidth = -1,
                     std::string_view LineColor = {});
 
@@ -404,7 +410,8 @@ public:
     // Ends the cell; does nothing where none is begun.
     void EndColumn();
 
-    // Ends the table: line and fill are those of before it.
+    // Ends the table begun last: line and fill are those of before it, and the table in whose cell
+    // it stood goes on.
     void EndTable();
 
     // ---- Patterns ------------------------------------------------------------------------------

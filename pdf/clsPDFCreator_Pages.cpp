@@ -63,6 +63,7 @@ void clsPDFCreator::State::BeginDrawing()
 {
     LineWidth = 1;
     FillChosen = false;
+    OuterTables.clear(); // a table left open on the page before ends none of this one's
 }
 
 // With the defaults each page starts a range of its own and so is labelled 1, on purpose.

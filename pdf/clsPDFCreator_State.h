@@ -120,6 +120,20 @@ struct clsPDFCreator::State
         float Y = 0;
     };
 
+    // A table and how far it has come. Lengths in user units.
+    struct TableState
+    {
+        Point Origin;
+        Style OwnStyle;
+        Style RowStyle;
+        Point RowPosition;
+        float RowHeight = 0;
+        float CellX = 0; // relative to the row
+        float CellWidth = 0;
+        bool RowOpen = false;
+        bool CellOpen = false;
+    };
+
     static constexpr std::string_view ClassBanner = "clsPDFCreator 2004-2026 Orvenna";
     static constexpr std::string_view DefaultCreator = "Scalvino 1.0";
     static constexpr std::string_view DefaultAuthor = "Orvenna";
@@ -177,16 +191,9 @@ struct clsPDFCreator::State
     bool FillChosen = false; // by the caller, on this page or reusable object
     float LineWidth = 1;     // points
 
-    // ---- Table
-    Point TableOrigin; // user units, like all of the table
-    Style TableStyle;
-    Style RowStyle;
-    Point RowPosition;
-    float RowHeight = 0;
-    float CellX = 0; // relative to the row
-    float CellWidth = 0;
-    bool RowOpen = false;
-    bool CellOpen = false;
+    // ---- Tables
+    TableState Table;                    // the one begun last and not ended
+    std::vector<TableState> OuterTables; // in whose open cells it stands, the outermost first
 
     // Raises what every drawing operation raises first: no open document, a number not finite.
     template <typename... Numbers>
@@ -226,7 +233,7 @@ struct clsPDFCreator::State
     std::string prXMPPacket() const;
 
     // ---- _Pages, _Forms
-    void BeginDrawing(); // the line width and fill that every page and form begins with
+    void BeginDrawing(); // the line width, fill and tables that every page and form begins with
     void AppendPageLabel(std::int32_t style, std::string_view prefix, std::int32_t firstValue);
     void WriteAnnotations(std::int32_t lengthObject);
     void prPlayObject(std::string_view name);

@@ -2,69 +2,86 @@
 
 #include "clsPDFCreator_State.h"
 
+#include <utility>
+
 void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, float LineWidth,
                                std::string_view LineColor)
 {
     m->Require(X, Y, LineWidth);
     const State::Style present = {m->FillChosen ? m->FillColor : State::Paint{},
                                   m->InUnits(m->LineWidth), m->LineColor};
-    m->TableStyle = m->StyleOf(FillColor, LineWidth, LineColor, present);
-    m->TableOrigin = {X, Y};
-    m->RowPosition = m->TableOrigin;
-    m->CellWidth = 0;
+    State::Style style = m->StyleOf(FillColor, LineWidth, LineColor, present);
+    auto& table = m->Table;
+    if (table.CellOpen) {
+        // The table around that cell waits for the end of this one, which starts anew.
+        m->OuterTables.push_back(table);
+        table = {};
+    }
+    table.OwnStyle = std::move(style);
+    table.Origin = {X, Y};
+    table.RowPosition = table.Origin;
+    table.CellWidth = 0;
     m->SetCurrent(m->InPoints(X), m->InPoints(Y));
     m->Out.prWriteRaw("q");
-    m->Out.prLine(m->InPoints(m->TableStyle.LineWidth), " w");
+    m->Out.prLine(m->InPoints(table.OwnStyle.LineWidth), " w");
 }
 
 void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float LineWidth,
                              std::string_view LineColor)
 {
     m->Require(Height, LineWidth);
-    m->RowHeight = Height;
-    m->RowStyle = m->StyleOf(FillColor, LineWidth, LineColor, m->TableStyle);
-    m->OpenSpace(m->RowPosition.X, m->RowPosition.Y);
+    auto& table = m->Table;
+    table.RowHeight = Height;
+    table.RowStyle = m->StyleOf(FillColor, LineWidth, LineColor, table.OwnStyle);
+    m->OpenSpace(table.RowPosition.X, table.RowPosition.Y);
     // As wide as the cell begun last, not as all of the row's, on purpose.
-    m->PaintFrame(m->RowStyle, m->CellWidth, Height);
-    m->CellX = 0;
+    m->PaintFrame(table.RowStyle, table.CellWidth, Height);
+    table.CellX = 0;
     m->Current = {};
-    m->RowOpen = true;
+    table.RowOpen = true;
 }
 
 void clsPDFCreator::EndRow()
 {
     m->Require();
-    if (!m->RowOpen) return;
+    auto& table = m->Table;
+    if (!table.RowOpen) return;
     m->Out.prWriteRaw("Q");
-    m->RowPosition.Y = pdf::prFloat(static_cast<double>(m->RowPosition.Y) + m->RowHeight);
-    m->RowOpen = false;
+    table.RowPosition.Y = pdf::prFloat(static_cast<double>(table.RowPosition.Y) + table.RowHeight);
+    table.RowOpen = false;
 }
 
 void clsPDFCreator::BeginColumn(float Width, std::string_view FillColor, float LineWidth,
                                 std::string_view LineColor)
 {
     m->Require(Width, LineWidth);
-    m->CellWidth = Width;
-    m->OpenSpace(m->CellX, 0);
-    m->PaintFrame(m->StyleOf(FillColor, LineWidth, LineColor, m->RowStyle), Width, m->RowHeight);
+    auto& table = m->Table;
+    table.CellWidth = Width;
+    m->OpenSpace(table.CellX, 0);
+    m->PaintFrame(m->StyleOf(FillColor, LineWidth, LineColor, table.RowStyle), Width,
+                  table.RowHeight);
     m->Current = {};
-    m->CellOpen = true;
+    table.CellOpen = true;
 }
 
 void clsPDFCreator::EndColumn()
 {
     m->Require();
-    if (!m->CellOpen) return;
+    auto& table = m->Table;
+    if (!table.CellOpen) return;
     m->Out.prWriteRaw("Q");
-    m->CellX = pdf::prFloat(static_cast<double>(m->CellX) + m->CellWidth);
-    m->CellOpen = false;
+    table.CellX = pdf::prFloat(static_cast<double>(table.CellX) + table.CellWidth);
+    table.CellOpen = false;
 }
 
 void clsPDFCreator::EndTable()
 {
     m->Require();
     m->Out.prWriteRaw("Q");
-    m->SetCurrent(m->InPoints(m->TableOrigin.X), m->InPoints(m->TableOrigin.Y));
+    m->SetCurrent(m->InPoints(m->Table.Origin.X), m->InPoints(m->Table.Origin.Y));
+    if (m->OuterTables.empty()) return;
+    m->Table = std::move(m->OuterTables.back());
+    m->OuterTables.pop_back();
 }
 
 clsPDFCreator::State::Style clsPDFCreator::State::StyleOf(std::string_view fill, float lineWidth,

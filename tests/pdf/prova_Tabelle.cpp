@@ -266,6 +266,123 @@ TEST(Tabella, PrendeIMotiviPresentiColLoroColore)
                                testing::Contains("/xxCSxx CS 0 0 1 /Righe SCN").Times(2)));
 }
 
+// ---- Tables in cells -------------------------------------------------------------------------
+
+TEST(Tabella, DentroUnaCellaQuellaDiFuoriResta)
+{
+    EXPECT_THAT(Scheletro([](clsPDFCreator& pdf) {
+                    pdf.BeginRow(50);
+                    pdf.BeginColumn(30);
+                    pdf.BeginTable(1, 2, "", 0);
+                    Riga(pdf, 5, {6});
+                    pdf.EndTable();
+                    EXPECT_EQ(pdf.GetX(), 1);
+                    EXPECT_EQ(pdf.GetY(), 2);
+                    pdf.EndColumn();
+                    pdf.BeginColumn(40);
+                    pdf.EndColumn();
+                    pdf.EndRow();
+                    Riga(pdf, 1, {});
+                }),
+                ElementsAre("q", "1 0 0 1 10 20 cm", "q",          // row and cell, the cell at 0
+                            "q", "0 w",                            // the table in it
+                            "q", "1 0 0 1 1 2 cm", "q", "Q",       // its row and cell
+                            "Q", "Q",                              // end of both
+                            "Q", "q", "1 0 0 1 30 0 cm", "Q", "Q", // the second cell
+                            "q", "1 0 0 1 10 70 cm", "Q"));        // the next row
+}
+
+TEST(Tabella, DentroUnaCellaPrendeIlSuoStileEPoiQuelloDiFuoriTorna)
+{
+    const auto scritte = Scrive([](clsPDFCreator& pdf) {
+        pdf.BeginTable(0, 0, "white", 2, "red");
+        pdf.BeginRow(10);
+        pdf.BeginColumn(30);
+        pdf.BeginTable(0, 0, "blue", 1, "green");
+        Riga(pdf, 5, {5});
+        pdf.EndTable();
+        pdf.EndColumn();
+        pdf.BeginColumn(30);
+        pdf.EndColumn();
+        pdf.EndRow();
+        pdf.EndTable();
+    });
+    const auto conta = [&scritte](const char* riga) {
+        return std::count(scritte.begin(), scritte.end(), riga);
+    };
+    EXPECT_EQ(conta("1 1 1 rg"), 3); // the outer row and cells
+    EXPECT_EQ(conta("1 0 0 RG"), 3);
+    EXPECT_EQ(conta("0 0 1 rg"), 2); // the inner row and cell
+    EXPECT_EQ(conta("0 1 0 RG"), 2);
+    EXPECT_EQ(conta("q"), conta("Q"));
+}
+
+TEST(Tabella, SiAnnidanoQuantoSiVuole)
+{
+    constexpr int quante = 40;
+    const auto scritte = Scrive([](clsPDFCreator& pdf) {
+        for (int i = 0; i < quante; ++i) {
+            pdf.BeginTable(1, 1, "", 0);
+            pdf.BeginRow(9);
+            pdf.BeginColumn(static_cast<float>(i));
+        }
+        for (int i = quante - 1; i >= 0; --i) {
+            pdf.EndColumn();
+            pdf.BeginColumn(1); // to the right of the cell before
+            pdf.EndColumn();
+            pdf.EndRow();
+            pdf.EndTable();
+        }
+    });
+    EXPECT_EQ(std::count(scritte.begin(), scritte.end(), "q"), 4 * quante);
+    EXPECT_EQ(std::count(scritte.begin(), scritte.end(), "Q"), 4 * quante);
+    for (int i = 1; i < quante; ++i) {
+        EXPECT_EQ(
+            std::count(scritte.begin(), scritte.end(), "1 0 0 1 " + std::to_string(i) + " 0 cm"), 1)
+            << i;
+    }
+}
+
+TEST(Tabella, InUnaRigaSenzaCellaApertaNonTorna)
+{
+    // The second table's EndRow has ended the one row there is; nothing gives back the first.
+    const std::string byte = aiuti::ByteDocumento({}, [](clsPDFCreator& pdf) {
+        pdf.BeginPage();
+        pdf.BeginTable(10, 20, "", 0);
+        pdf.BeginRow(50);
+        pdf.BeginColumn(30);
+        pdf.EndColumn();
+        pdf.BeginTable(1, 2, "", 0);
+        Riga(pdf, 5, {});
+        pdf.EndTable();
+        pdf.EndRow();
+        pdf.EndTable();
+        pdf.EndPage();
+    });
+    EXPECT_THAT(byte, testing::HasSubstr("q\r\n0 w\r\nq\r\n1 0 0 1 1 2 cm\r\nQ\r\n" // the row
+                                         "Q\r\nQ\r\nendstream"));
+}
+
+TEST(Tabella, LasciataApertaNonTornaSuUnAltraPagina)
+{
+    const std::string byte = aiuti::ByteDocumento({}, [](clsPDFCreator& pdf) {
+        pdf.BeginPage();
+        pdf.BeginTable(0, 0);
+        pdf.BeginRow(1);
+        pdf.BeginColumn(1);
+        pdf.BeginTable(0, 0);
+        pdf.EndPage();
+        pdf.BeginPage();
+        pdf.BeginTable(0, 0);
+        pdf.EndTable();
+        pdf.EndColumn(); // neither a cell nor a row is open here
+        pdf.EndRow();
+        pdf.EndPage();
+    });
+    const auto seconda = byte.substr(byte.rfind("1 0 0 -1 0 842 cm"));
+    EXPECT_THAT(seconda, testing::HasSubstr("\r\nq\r\n1 w\r\nQ\r\nendstream"));
+}
+
 // ---- What is taken over ----------------------------------------------------------------------
 
 TEST(Riga, ConMenoUnoPrendeLoSpessoreDellaTabella)

@@ -8,6 +8,8 @@ class Moduli:
 
     def IniziaModuli(self):
         self.automatici = []
+        self.tabelle = []  # what each table keeps until a table in its cell ends
+        self.rigaAperta = self.cellaAperta = False
 
     # -- forms -------------------------------------------------------------
 
@@ -52,7 +54,12 @@ class Moduli:
 
     # -- tables ------------------------------------------------------------
 
+    DELLA_TABELLA = ("tabellaX", "tabellaY", "stileTabella", "rigaX", "rigaY", "rigaAltezza",
+                     "stileRiga", "cellaX", "cellaLarghezza", "rigaAperta", "cellaAperta")
+
     def BeginTable(self, x, y, fondo="", spessore=-1, contorno=""):
+        dentro = self.cellaAperta
+        self.tabelle.append({n: getattr(self, n) for n in self.DELLA_TABELLA} if dentro else None)
         self.tabellaX, self.tabellaY = Singolo(x), Singolo(y)
         # The black that every page begins with is no choice of the caller.
         corrente = self.riempimento if self.riempimentoScelto else ("", "")
@@ -124,3 +131,5 @@ class Moduli:
     def EndTable(self):
         self.prWriteRaw("Q")
         self.Punto(self.tabellaX * self.scala, self.tabellaY * self.scala)
+        for nome, valore in (self.tabelle.pop() or {}).items():
+            setattr(self, nome, valore)
