@@ -137,6 +137,16 @@ public:
     // DocKeywords are replaced each time, by nothing when not given; DocAuthor, DocCreator and
     // DocProducer only by a text that is not empty. After BeginDoc only the title still has an
     // effect: it is the first bookmark.
+    //
+    // A "#" in them is no plain character in the information dictionary, on purpose: the values
+    // (title, author, creator, producer, creation date, subject, keywords) are put one after the
+    // other where the next "#" stands, and after each the search goes on behind its own first
+    // character. With the title "C# guide" the author is used up by "# " and lost, every later
+    // value stands in the entry before its own, and the keywords are "#p". "#p", "#t" and "##"
+    // there use up the next value likewise: "#p" takes it in, "#t" does so without escaping it, so
+    // that a ")" in it can leave the string and what follows become part of the file's structure.
+    // Take "#" out of every text that is not your own. The metadata and the first bookmark show it
+    // as it is.
     void SetDocProperty(std::string_view DocTitle = {}, std::string_view DocSubject = {},
                         std::string_view DocAuthor = {}, std::string_view DocCreator = {},
                         std::string_view DocProducer = {}, std::string_view DocKeywords = {});

@@ -125,6 +125,46 @@ TEST(SetDocProperty, UnCancellettoNelTitoloPrendeIlValoreSeguente)
     EXPECT_EQ(Voce(informazioni, "Keywords"), "#p");
 }
 
+TEST(SetDocProperty, UnCancellettoQualunqueNeFaPerdereUno)
+{
+    const std::string informazioni = Informazioni([](clsPDFCreator& pdf) {
+        pdf.SetDocProperty("C# guide", "Soggetto", "Autore", "Creatore", "Produttore", "Parole");
+    });
+    EXPECT_EQ(Voce(informazioni, "Title"), "C# guide");
+    EXPECT_EQ(Voce(informazioni, "Author"), "Creatore");
+    EXPECT_EQ(Voce(informazioni, "Creator"), "Produttore");
+    EXPECT_EQ(Voce(informazioni, "Producer"), "D:20260102030405Z+01'00'");
+    EXPECT_EQ(Voce(informazioni, "CreationDate"), "Soggetto");
+    EXPECT_EQ(Voce(informazioni, "Subject"), "Parole");
+    EXPECT_EQ(Voce(informazioni, "Keywords"), "#p");
+}
+
+TEST(SetDocProperty, UnCancellettoAllInizioNonContaEDueSonoUno)
+{
+    const std::string informazioni = Informazioni([](clsPDFCreator& pdf) {
+        pdf.SetDocProperty("#p", "Soggetto", "a ## b", "Creatore", "Produttore", "Parole");
+    });
+    EXPECT_EQ(Voce(informazioni, "Title"), "#p");
+    EXPECT_EQ(Voce(informazioni, "Author"), "a # b");
+    EXPECT_EQ(Voce(informazioni, "Creator"), "Produttore");
+}
+
+TEST(SetDocProperty, ColCancellettoTIlSeguenteEsceDallaStringa)
+{
+    const std::string informazioni = Informazioni([](clsPDFCreator& pdf) {
+        pdf.SetDocProperty("a#t", "Soggetto", ") /Altro (", "Creatore", "Produttore", "Parole");
+    });
+    EXPECT_THAT(informazioni, StartsWith("<<\r/Title (a) /Altro ()\r/Author (Creatore)\r"));
+}
+
+TEST(SetDocProperty, NeiMetadatiIlCancellettoEUnSegnoComeGliAltri)
+{
+    const auto letto = Documento(
+        [](clsPDFCreator& pdf) { pdf.SetDocProperty("C# guide ##", "Soggetto #t"); }, UnaPagina);
+    EXPECT_THAT(letto.Flusso(11), HasSubstr("<pdf:Title>C# guide ##<"));
+    EXPECT_THAT(letto.Flusso(11), HasSubstr("<pdf:Subject>Soggetto #t<"));
+}
+
 TEST(CreationDate, EQuellaDellOggettoNonDiBeginDoc)
 {
     int chiamate = 0;
