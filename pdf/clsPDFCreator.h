@@ -292,11 +292,17 @@ public:
     // number of lines. Draws no frame and clips nothing: a word wider than Width sticks out, Height
     // only serves the vertical alignment. Decorations of the font are not drawn.
     //
-    // Text: CR LF ends a paragraph; several blanks count as one. LineSpacing: multiple of the font
-    // size. Indent: of each paragraph's first line. Options: one of 1 left, 2 right, 4 centre, 64
-    // justified, plus 16 bottom or 32 middle; none or several of the first four: lines start at X
-    // without an indent. Angle: degrees, counterclockwise, around the start of the first line. The
-    // current point is (X, Y).
+    // Text: CR LF ends a paragraph, a "\n" or "\r" alone ends nothing and is drawn as the font has
+    // it; several blanks count as one. A paragraph always fits a Width of its own TextLength.
+    // LineSpacing: multiple of the font size. Indent: of each paragraph's first line. Options: one
+    // of 1 left, 2 right, 4 centre, 64 justified, plus 16 bottom or 32 middle; none or several of
+    // the first four: lines start at X without an indent. Angle: degrees, counterclockwise, around
+    // the start of the first line. The current point is (X, Y).
+    //
+    // A justified line reaches the right edge only with a word spacing of 0 and a horizontal
+    // scaling of 100: its blanks are widened in place of the word spacing, not on top of it, on
+    // purpose, so that for each blank that spacing is missing at the end; and the reader scales the
+    // widening once more. Character spacing counts behind the last letter, too.
     std::int16_t DrawParagraph(float X, float Y, float Width, float Height, std::string_view Text,
                                float LineSpacing = 1, float Indent = 0, std::int32_t Options = 1,
                                float Angle = 0);
@@ -482,9 +488,12 @@ public:
                    float BarHeight = 0, float ModuleWidth = 0);
 
     // A Code 39 (ISO/IEC 16388) at (X, Y). Code: ASCII; what Code 39 does not have itself takes two
-    // of its characters. No check character is added. Height in user units, 40 modules when not
-    // positive. Ratio of wide to narrow, 2.5 when not positive. ShowText, ModuleWidth: above. Error
-    // 5 for characters that are not ASCII; nothing is drawn then.
+    // of its characters, a shift ("$", "%", "/" or "+") and a letter. The shifts are characters
+    // themselves, so that a text like "$A" and the control character 1 (Ctrl-A) have the same bars:
+    // how the scanner is set decides which it reads. No check character is added. Height in user
+    // units, 40 modules when not positive. Ratio of wide to narrow, 2.5 when not positive.
+    // ShowText, ModuleWidth: above. Error 5 for characters that are not ASCII; nothing is drawn
+    // then.
     void DrawCODE39(std::string_view Code, float X, float Y, float Height = 0, bool ShowText = true,
                     float ModuleWidth = 0, float Ratio = 0);
 

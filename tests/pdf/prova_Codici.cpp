@@ -39,3 +39,14 @@ TEST(CodiciABarre, SenzaTestoNonAggiungonoCaratteri)
     });
     EXPECT_THAT(righe, testing::Not(testing::Contains("BT")));
 }
+
+TEST(CodiciABarre, UnSegnoDiControlloHaLeBarreDellaSuaCoppia)
+{
+    const auto barre = [](std::string_view testo) {
+        return aiuti::Scrive(
+            [testo](clsPDFCreator& pdf) { pdf.DrawCODE39(testo, 10, 20, 0, false); });
+    };
+    EXPECT_EQ(barre("$A"), barre("\x01"));
+    EXPECT_EQ(barre("+B%V"), barre("b@"));
+    EXPECT_NE(barre("$A"), barre("$B"));
+}

@@ -300,6 +300,14 @@ TEST(DrawTextBox, UnaRigaVuotaFraDueParagrafiTieneUnBianco)
     EXPECT_EQ(RigheDelRiquadro("aa\r\n\r\nbb"), 3);
 }
 
+TEST(DrawTextBox, UnACapoDaSoloNonFinisceLaRiga)
+{
+    EXPECT_EQ(RigheDelRiquadro("aa\nbb"), 1);
+    EXPECT_EQ(RigheDelRiquadro("aa\rbb"), 1);
+    EXPECT_EQ(RigheDelRiquadro("aa\n\rbb"), 1);
+    EXPECT_EQ(RigheDelRiquadro("aa\r\nbb"), 2);
+}
+
 TEST(DrawTextBox, UnTestoVuotoEUnaRigaVuota)
 {
     EXPECT_THAT(Riquadro("", 1), ElementsAre("() Tj T*"));
@@ -351,7 +359,8 @@ TEST(DrawTextBox, GiustificatoRimetteLoSpazioDelChiamante)
         pdf.SetWordSpacing(2);
         pdf.DrawTextBox(0, 0, 60, 100, "aa bb cc dd", 1, 0, 64);
     });
-    // Each blank is 8 points wide: 60 - (36 + 16).
+    // Each blank is 8 points wide: 60 - (36 + 16). The 4 take the place of the 2, so that the line
+    // ends at 56, twice 2 points before the edge.
     EXPECT_EQ(righe[5], "4 Tw (aa bb cc) Tj 2 Tw T*\r(dd) Tj T*\r");
 }
 
