@@ -26,6 +26,13 @@
 //                      Aqua, Cyan, Blue; upper or lower case. Green is the full "#00FF00".
 //     anything else    the name of a pattern
 //
+// Names, of reusable objects and of patterns, are any text: what cannot stand in a name of the file
+// is escaped (ISO 32000-1, 7.3.5). A pattern whose name reads as one of the colours above is never
+// chosen. Two names are the same when their Windows-1252 bytes are: give each to one object and one
+// tiling at most, and leave to the writer those that it gives itself, "_IMG_1" for pictures and
+// "SHAD_1_ING" for gradients, with any number. Error 5, and nothing written, for a name with a byte
+// 0 or of more than 127 bytes.
+//
 // Errors are of the one type ErroreRuntime: error 5 for an operation that needs an open document
 // when there is none (such operations are all that draw or write, and say so by nothing else) and
 // for text without a font; error 6 (Overflow) for a number that is not finite and for the
@@ -263,10 +270,10 @@ public:
     // ---- Reusable objects ----------------------------------------------------------------------
 
     // Begins a drawing that pages can play by name, before or after it is made (a form XObject, ISO
-    // 32000-1, 8.10). Between pages only; same coordinates as a page. Name: letters, digits and
-    // underscores, which is not checked. Flags play it on pages begun later: 7 every page, 2 even,
-    // 4 odd, 12 odd but the first; 16 more plays it at the end of the page, over what is there; 0
-    // and 1 never. Tilings are better not chosen in it: one widespread reader may refuse the page.
+    // 32000-1, 8.10). Between pages only; same coordinates as a page. Name: any, see the top of the
+    // file. Flags play it on pages begun later: 7 every page, 2 even, 4 odd, 12 odd but the first;
+    // 16 more plays it at the end of the page, over what is there; 0 and 1 never. Tilings are
+    // better not chosen in it: one widespread reader may refuse the page.
     void BeginObject(std::string_view Name, std::int32_t Flags = 0);
 
     // Ends the drawing that BeginObject began.
@@ -433,10 +440,10 @@ public:
     // ---- Patterns ------------------------------------------------------------------------------
 
     // Begins a tile (ISO 32000-1, 8.7.3), drawn like a page with its own corner as the origin, that
-    // fills areas as the colour called Name: letters, digits and underscores, which is not checked.
-    // Between pages only. The cell reaches from (X1, Y1) to (X2, Y2) and is repeated every XStep
-    // and YStep, all in user units. PaintKind: 1 coloured by the drawing itself, 2 by the
-    // PatternColor it is chosen with; any other as 1.
+    // fills areas as the colour called Name (any, see the top of the file). Between pages only. The
+    // cell reaches from (X1, Y1) to (X2, Y2) and is repeated every XStep and YStep, all in user
+    // units. PaintKind: 1 coloured by the drawing itself, 2 by the PatternColor it is chosen with;
+    // any other as 1.
     void BeginTiling(std::string_view Name, float X1, float Y1, float X2, float Y2, float XStep,
                      float YStep, std::int32_t PaintKind = 1);
 

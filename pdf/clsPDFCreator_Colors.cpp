@@ -35,22 +35,34 @@ void clsPDFCreator::SetLineStyle(float Width, std::int32_t Cap, std::int32_t Joi
     m->SetDash(DashOn, DashOff);
 }
 
-// In digits or the name of a pattern, as the document writes it.
+// In digits or the name of a pattern, which is escaped only where it is written: "#" at the front
+// means digits.
 std::string clsPDFCreator::State::Resolved(std::string_view color)
 {
     if (color.empty() || pdf::IsDigits(color)) return std::string(color); // nearly every one
-    return pdf::prNamedColor(InWindows1252(color));
+    std::string resolved = pdf::prNamedColor(InWindows1252(color));
+    if (!pdf::IsDigits(resolved)) pdf::prRequireName(resolved, PatternKind);
+    return resolved;
+}
+
+// In digits; nothing for a pattern, which no pattern can be coloured with.
+std::string clsPDFCreator::State::Ink(std::string_view patternColor)
+{
+    if (patternColor.empty() || pdf::IsDigits(patternColor)) return std::string(patternColor);
+    std::string ink = pdf::prNamedColor(InWindows1252(patternColor));
+    if (!pdf::IsDigits(ink)) ink.clear();
+    return ink;
 }
 
 void clsPDFCreator::State::SetFill(std::string_view color, std::string_view patternColor)
 {
-    FillColor = {Resolved(color), Resolved(patternColor)};
+    FillColor = {Resolved(color), Ink(patternColor)};
     WriteFill(FillColor);
 }
 
 void clsPDFCreator::State::SetLine(std::string_view color, std::string_view patternColor)
 {
-    LineColor = {Resolved(color), Resolved(patternColor)};
+    LineColor = {Resolved(color), Ink(patternColor)};
     WriteLineColor(LineColor);
 }
 
@@ -72,8 +84,8 @@ void clsPDFCreator::State::WritePattern(std::string_view space, std::string_view
                                         const Paint& paint)
 {
     const auto& [name, ink] = paint;
-    if (!pdf::IsDigits(ink)) return Out.prLine("/Pattern", space, " /", name, use);
-    Out.prLine("/xxCSxx", space, " ", pdf::Components{ink}, " /", name, use);
+    if (!pdf::IsDigits(ink)) return Out.prLine("/Pattern", space, " /", pdf::Name{name}, use);
+    Out.prLine("/xxCSxx", space, " ", pdf::Components{ink}, " /", pdf::Name{name}, use);
 }
 
 void clsPDFCreator::State::SetLineWidth(double width)

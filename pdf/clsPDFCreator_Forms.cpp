@@ -3,23 +3,30 @@
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+namespace {
+
+constexpr std::string_view FormKind = "un modulo";
+
+} // namespace
+
 void clsPDFCreator::BeginObject(std::string_view Name, std::int32_t Flags)
 {
     auto& out = m->Out;
     m->Require();
     pdf::prRequireRoom(out.Counter() + 1, "oggetti");
     const std::string name = InWindows1252(Name);
+    pdf::prRequireName(name, FormKind);
     m->AutoObjects.push_back({name, Flags});
 
     const std::int32_t number = out.prInitObj(0);
     const double margin = m->PageMargin;
-    out.prLine("<< /Type /XObject /Subtype /Form /FormType 1 /Name /", name);
+    out.prLine("<< /Type /XObject /Subtype /Form /FormType 1 /Name /", pdf::Name{name});
     out.prLine("/BBox [", margin, " ", margin, " ", m->PageWidth - margin, " ",
                m->PageHeight - margin, "]");
     out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
     out.prLine("/Length ", number + 1, " 0 R >>");
     out.BeginStream();
-    m->FormResources.append("/").append(name).append(" ");
+    m->FormResources.append("/").append(pdf::prName(name)).append(" ");
     m->FormResources.append(std::to_string(number)).append(" 0 R \r");
     m->BeginDrawing();
     out.prWriteRaw("q");
@@ -36,12 +43,14 @@ void clsPDFCreator::EndObject()
 void clsPDFCreator::PlayObject(std::string_view Name)
 {
     m->Require();
-    m->prPlayObject(InWindows1252(Name));
+    const std::string name = InWindows1252(Name);
+    pdf::prRequireName(name, FormKind);
+    m->prPlayObject(name);
 }
 
 void clsPDFCreator::State::prPlayObject(std::string_view name)
 {
-    Out.prLine("/", name, " Do");
+    Out.prLine("/", pdf::Name{name}, " Do");
 }
 
 // Bit 1 alone selects nothing, and with all of 1, 2 and 4 bit 8 has no effect, on purpose.

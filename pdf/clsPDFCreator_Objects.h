@@ -4,6 +4,7 @@
 #include "ColorText.h"
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
+#include "Name.h"
 #include "Number.h"
 #include "Template.h"
 
@@ -33,6 +34,10 @@ inline void prRequireRoom(std::int32_t count, std::string_view what)
 struct Escaped
 {
     std::string_view Text; // as the inside of a literal string
+};
+struct Name
+{
+    std::string_view Bytes; // after a "/"
 };
 struct Components
 {
@@ -113,6 +118,7 @@ private:
     }
     static std::size_t Bound(std::string_view text) { return text.size(); }
     static std::size_t Bound(const Escaped& text) { return 2 * text.Text.size(); }
+    static std::size_t Bound(const Name& name) { return 3 * name.Bytes.size(); }
     static constexpr std::size_t Bound(const Components&) { return LongestColor; }
     static constexpr std::size_t Bound(double) { return LongestNumber; }
     static constexpr std::size_t Bound(std::int32_t) { return LongestNumber; }
@@ -128,6 +134,7 @@ private:
         return std::copy(text.begin(), text.end(), at);
     }
     static char* Put(char* at, const Escaped& text) { return prPutPDFString(at, text.Text); }
+    static char* Put(char* at, const Name& name) { return prPutName(at, name.Bytes); }
     static char* Put(char* at, const Components& color) { return prPutColor(at, color.Digits); }
     static char* Put(char* at, double number) { return prPutNumber(at, number); }
     static char* Put(char* at, std::int32_t number) { return prPutInteger(at, number); }

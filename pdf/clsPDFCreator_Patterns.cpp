@@ -29,6 +29,7 @@ void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float
     m->Require(X1, Y1, X2, Y2, XStep, YStep);
     pdf::prRequireRoom(out.Counter() + 1, "oggetti");
     const std::string name = InWindows1252(Name);
+    pdf::prRequireName(name, State::PatternKind);
     const auto points = [this](double units) { return m->InPoints(units); };
 
     const std::int32_t tile = out.prInitObj(0);
@@ -41,7 +42,7 @@ void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float
     out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
     out.prLine("/Length ", tile + 1, " 0 R >>");
     out.BeginStream();
-    m->PatternResources.append("/" + name + " " + std::to_string(tile) + " 0 R \r");
+    m->PatternResources.append("/" + pdf::prName(name) + " " + std::to_string(tile) + " 0 R \r");
     m->BeginDrawing();
     if (X1 != 0 || Y1 != 0) out.prLine("1 0 0 1 ", points(X1), " ", points(Y1), " cm");
     out.prLine("1 0 0 -1 0 ", points(static_cast<double>(Y2) - Y1), " cm");

@@ -294,7 +294,9 @@ struct clsPDFCreator::State
                          std::int32_t options) const;
 
     // ---- _Colors, _Paths, _Axes. Lengths in user units
+    static constexpr std::string_view PatternKind = "una trama"; // in messages about its name
     static std::string Resolved(std::string_view color);
+    static std::string Ink(std::string_view patternColor);
     void SetFill(std::string_view color, std::string_view patternColor = {});
     void SetLine(std::string_view color, std::string_view patternColor = {});
     void WriteFill(const Paint& paint);

@@ -31,8 +31,8 @@ void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float Lin
 {
     m->Require(Height, LineWidth);
     auto& table = m->Table;
-    table.RowHeight = Height;
     table.RowStyle = m->StyleOf(FillColor, LineWidth, LineColor, table.OwnStyle);
+    table.RowHeight = Height;
     m->OpenSpace(table.RowPosition.X, table.RowPosition.Y);
     // As wide as the cell begun last, not as all of the row's, on purpose.
     m->PaintFrame(table.RowStyle, table.CellWidth, Height);
@@ -56,10 +56,10 @@ void clsPDFCreator::BeginColumn(float Width, std::string_view FillColor, float L
 {
     m->Require(Width, LineWidth);
     auto& table = m->Table;
+    const auto style = m->StyleOf(FillColor, LineWidth, LineColor, table.RowStyle);
     table.CellWidth = Width;
     m->OpenSpace(table.CellX, 0);
-    m->PaintFrame(m->StyleOf(FillColor, LineWidth, LineColor, table.RowStyle), Width,
-                  table.RowHeight);
+    m->PaintFrame(style, Width, table.RowHeight);
     m->Current = {};
     table.CellOpen = true;
 }

@@ -141,18 +141,6 @@ TEST(TestiStrani, UnTitoloConUnCancellettoDiNumeroEUnErrore)
     aiuti::Esamina(Byte(nome));
 }
 
-TEST(TestiStrani, UnNomeDiModuloEScrittoComeSta)
-{
-    EXPECT_THAT(ByteDocumento({},
-                              [](clsPDFCreator& pdf) {
-                                  pdf.BeginPage();
-                                  pdf.PlayObject("è a(b)");
-                                  pdf.PlayObject("");
-                                  pdf.EndPage();
-                              }),
-                HasSubstr("\r\n/\xE8 a(b) Do\r\n/ Do\r\n"));
-}
-
 // ---- Counts ----------------------------------------------------------------------------------
 
 TEST(Limiti, IlTrentaduemilasettecentosessantottesimoCarattere)
