@@ -28,6 +28,25 @@ bool Numerico(std::string_view parola)
     return cifre > 0 && punti <= 1 && static_cast<std::size_t>(cifre + punti) == parola.size();
 }
 
+// Escaped is what must be and nothing else, so that equal names are equal bytes.
+bool NomeComeSiDeve(std::string_view nome)
+{
+    constexpr std::string_view cifreEsadecimali = "0123456789ABCDEF";
+    constexpr std::size_t massimo = 127;
+    std::size_t byte = 0;
+    for (std::size_t i = 0; i < nome.size(); ++i, ++byte) {
+        if (nome[i] < '!' || nome[i] > '~') return false;
+        if (nome[i] != '#') continue;
+        if (i + 2 >= nome.size()) return false;
+        const auto alta = cifreEsadecimali.find(nome[++i]);
+        const auto bassa = cifreEsadecimali.find(nome[++i]);
+        if (alta == std::string_view::npos || bassa == std::string_view::npos) return false;
+        const char c = static_cast<char>(alta * 16 + bassa);
+        if (c == '\0' || (c >= '!' && c <= '~' && c != '#' && Regolare(c))) return false;
+    }
+    return byte <= massimo;
+}
+
 } // namespace
 
 const ValorePdf* ValorePdf::Voce(std::string_view chiave) const
@@ -115,6 +134,7 @@ ValorePdf LettorePdf::Nome()
          ++m_posizione)
         valore.Testo += m_testo[m_posizione];
     if (valore.Testo.empty()) return Difetto("nome vuoto");
+    if (!NomeComeSiDeve(valore.Testo)) return Difetto("nome scritto male: " + valore.Testo);
     return valore;
 }
 

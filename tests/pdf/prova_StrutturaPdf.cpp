@@ -398,6 +398,13 @@ TEST(LeggiPdf, TrovaDizionariEStringheCheNonTornano)
                 Contains(HasSubstr("\"vero\" in un elenco")));
     EXPECT_THAT(DifettiCambiando(14, "/Vuoto", "/Marca"), Contains(HasSubstr("/Marca due volte")));
     EXPECT_THAT(DifettiCambiando(14, "/Vuoto", "/"), Contains(HasSubstr("nome vuoto")));
+    for (const char* nome : {"/Vu#oto", "/Vuoto#", "/Vuoto#2", "/#56uoto", "/#e8", "/#00",
+                             "/Vu\xE8to", "/Vu\x7Fto", "/Vu\x01to"}) {
+        EXPECT_THAT(DifettiCambiando(14, "/Vuoto", nome), Contains(HasSubstr("nome scritto male")));
+    }
+    EXPECT_THAT(DifettiCambiando(14, "/Vuoto", "/" + std::string(128, 'v')),
+                Contains(HasSubstr("nome scritto male")));
+    EXPECT_THAT(DifettiCambiando(14, "/Vuoto", "/#E8#20#23#7F#01"), IsEmpty());
     EXPECT_THAT(DifettiCambiando(14, "true", "<41>"), Contains(HasSubstr("\"<\" fuori posto")));
 }
 
