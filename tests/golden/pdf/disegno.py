@@ -2,7 +2,7 @@
 
 import math
 
-from numeri import AColore, Byte, ColoreNominato, Componenti, PI, Singolo
+from numeri import AColore, Byte, ColoreNominato, Componenti, Nome, PI, Singolo
 
 CURVA = 4 * (math.sqrt(2) - 1) / 3
 # Corner constant of rounded rectangles; not CURVA, on purpose.
@@ -54,9 +54,9 @@ class Disegno:
         coloreTrama = ColoreNominato(coloreTrama)
         if coloreTrama.startswith("#"):
             modello = "/xxCSxx cs #c #c #c /#t scn" if riempi else "/xxCSxx CS #c #c #c /#t SCN"
-            self.prPrint(modello, *Componenti(coloreTrama), colore)
+            self.prPrint(modello, *Componenti(coloreTrama), Nome(colore))
         else:
-            self.prPrint("/Pattern cs /#t scn" if riempi else "/Pattern CS /#t SCN", colore)
+            self.prPrint("/Pattern cs /#t scn" if riempi else "/Pattern CS /#t SCN", Nome(colore))
 
     def ToColor(self, *valori):
         return AColore(valori)

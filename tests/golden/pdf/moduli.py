@@ -1,6 +1,6 @@
 """Forms and tables of the reference PDF writer."""
 
-from numeri import Byte, ColoreNominato, Singolo
+from numeri import Byte, ColoreNominato, Nome, Singolo
 
 
 class Moduli:
@@ -14,7 +14,7 @@ class Moduli:
     # -- forms -------------------------------------------------------------
 
     def BeginObject(self, nome, segni=0):
-        nome = Byte(nome)
+        nome = Nome(Byte(nome))
         self.automatici.append((nome, segni))
         numero = self.prInitObj()
         margine = self.margine
@@ -39,7 +39,7 @@ class Moduli:
         self.prEndObj()
 
     def PlayObject(self, nome):
-        self.prPrint("/#t Do", Byte(nome))
+        self.prPrint("/#t Do", Nome(Byte(nome)))
 
     def prPlayAutoObjects(self, fine):
         pagina = self.pagine

@@ -34,6 +34,14 @@ def Byte(testo):
     return "".join(byte)
 
 
+def Nome(byte):
+    """A caller's text as a name: what is no regular character as "#" and two digits."""
+    if "\0" in byte or len(byte) > 127:
+        raise ErroreScrittore(f"no name: {byte!r}")
+    return "".join(c if "!" <= c <= "~" and c not in "()<>[]{}/%#" else f"#{ord(c):02X}"
+                   for c in byte)
+
+
 def CodiceUnicode(carattere):
     """Unicode code point of a character of the file."""
     codice = ord(carattere)

@@ -1,6 +1,6 @@
 """Tilings and gradients of the reference PDF writer."""
 
-from numeri import Byte, Numero, Singolo
+from numeri import Byte, Nome, Numero, Singolo
 from navigazione import Terna
 
 
@@ -11,7 +11,7 @@ class Trame:
         self.risorseTrame, self.sfumature = "", []
 
     def BeginTiling(self, nome, x1, y1, x2, y2, passoX, passoY, tinta=1):
-        nome = Byte(nome)
+        nome = Nome(Byte(nome))
         x1, y1, x2, y2, passoX, passoY = (
             Singolo(v) * self.scala for v in (x1, y1, x2, y2, passoX, passoY))
         numero = self.prInitObj()
