@@ -114,6 +114,17 @@ class Lettori(unittest.TestCase):
     def test_anche_con_la_misura_giusta_della_tavola(self):
         self.accetta(componi(oggetti(), meno=0))
 
+    def test_un_nome_con_un_cancelletto_e_un_nome_come_gli_altri(self):
+        for nome in [b"/Pie#23de", b"/#23", b"/P#E0#20#28#23#29"]:
+            corpi = oggetti(PAGINA.replace(b"/Piede", nome))
+            corpi[6] = corpi[6].replace(b"/Piede", nome)
+            self.accetta(componi(corpi))
+
+    def test_un_nome_col_cancelletto_scoperto_e_rifiutato(self):
+        corpi = oggetti(PAGINA.replace(b"/Piede", b"/Pie#xe"))
+        corpi[6] = corpi[6].replace(b"/Piede", b"/Pie#xe")
+        self.rifiuta(componi(corpi), "qpdf: WARNING", "stray #")
+
     def test_i_testi_sono_trovati_in_ogni_ordine_e_oltre_la_riga(self):
         uscita = self.accetta(componi(oggetti()),
                               attese="di 1\n\nNero  (31), Rosso\nuna riga e la seconda\n")
