@@ -17,9 +17,6 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::int64_t CarteGiocate = modCarte::CarteTaglia - modCarte::NumeroCarteAnnullate;
 
-// Half the width of a 95% interval in standard errors.
-constexpr double Novantacinque = 1.959963984540054;
-
 // What is not known (the error of one single shoe) is null.
 Json Numero(double valore)
 {
@@ -29,11 +26,13 @@ Json Numero(double valore)
 Json EsitoJson(const Stampe::Studio& studio, std::size_t esito)
 {
     const auto stima = Stampe::StimaTasso(studio, esito);
-    const double scarto = Novantacinque * stima.ErroreStandard;
+    const auto intervallo = Stampe::Intervallo95(stima, studio.Taglie());
     return {{"totale", studio.Esito(esito).Totale},
             {"tasso", Numero(stima.Tasso)},
             {"errore_standard", Numero(stima.ErroreStandard)},
-            {"intervallo95", {Numero(stima.Tasso - scarto), Numero(stima.Tasso + scarto)}}};
+            {"intervallo95",
+             {intervallo ? Json(intervallo->Minimo) : Json(),
+              intervallo ? Json(intervallo->Massimo) : Json()}}};
 }
 
 Json PrimoColpoJson(const Stampe::Studio& studio, std::size_t esito)

@@ -1,5 +1,9 @@
 #include "Studio.h"
 
+#include "InteroLargo.h"
+#include "Student.h"
+
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -45,6 +49,20 @@ Conteggi EsitiDelColpo(std::string_view record)
             rosso && conInverso};
 }
 
+// The sum over the shoes of the squares of x - X / C c, times the square of C: x and c are the
+// shoe's count and coups, X and C those of all shoes. In whole numbers: the terms nearly cancel,
+// and what is 0 must come out as 0.
+double ResiduiPerColpi(const Studio& studio, const ContoEsito& conto)
+{
+    const auto intero = [](std::int64_t n) { return static_cast<std::uint64_t>(n); };
+    const std::uint64_t x = intero(conto.Totale);
+    const std::uint64_t c = intero(studio.ColpiCompleti());
+    const InteroLargo quadrati = InteroLargo(c) * c * intero(conto.Quadrati) +
+                                 InteroLargo(x) * x * intero(studio.QuadratiColpi());
+    const InteroLargo prodotti = InteroLargo(x) * c * intero(conto.Prodotti) * 2;
+    return (quadrati - prodotti).InDouble();
+}
+
 } // namespace
 
 void Studio::AggiungiTaglia()
@@ -87,14 +105,15 @@ Stima StimaTasso(const Studio& studio, std::size_t esito)
     const auto taglie = static_cast<double>(studio.Taglie());
     const double tasso = static_cast<double>(conto.Totale) / colpi;
     if (studio.Taglie() < 2) return {tasso, std::numeric_limits<double>::quiet_NaN()};
+    const double varianza = ResiduiPerColpi(studio, conto) * taglie / (taglie - 1);
+    return {tasso, std::sqrt(varianza) / colpi / colpi};
+}
 
-    // Residuals x - tasso * c per shoe; in extended precision, since the terms nearly cancel.
-    const long double t = tasso;
-    const long double somma = static_cast<long double>(conto.Quadrati) -
-                              2 * t * static_cast<long double>(conto.Prodotti) +
-                              t * t * static_cast<long double>(studio.QuadratiColpi());
-    const double residui = somma > 0 ? static_cast<double>(somma) : 0;
-    return {tasso, std::sqrt(residui * taglie / (taglie - 1)) / colpi};
+std::optional<Intervallo> Intervallo95(const Stima& stima, std::int64_t taglie)
+{
+    if (taglie < 2 || !(stima.ErroreStandard > 0)) return std::nullopt;
+    const double scarto = Student95(taglie - 1) * stima.ErroreStandard;
+    return Intervallo{std::max(stima.Tasso - scarto, 0.0), std::min(stima.Tasso + scarto, 1.0)};
 }
 
 double ScartoPrimoColpo(const Studio& studio, std::size_t esito, double probabilita)

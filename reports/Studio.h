@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace Stampe {
 
@@ -53,8 +54,20 @@ struct Stima
 };
 
 // Rate of an outcome per complete coup, with the standard error of a ratio of sums over
-// independent shoes.
+// independent shoes: exactly 0 where the rate is the same in each shoe.
 Stima StimaTasso(const Studio& studio, std::size_t esito);
+
+// From where to where a rate is likely to lie, within 0 and 1.
+struct Intervallo
+{
+    double Minimo;
+    double Massimo;
+};
+
+// The interval that holds the true rate 95 times of 100, by Student's distribution with a degree of
+// freedom less than there are shoes. Nothing where the shoes tell nothing about the error: with
+// fewer than two, or when the rate is the same in each.
+std::optional<Intervallo> Intervallo95(const Stima& stima, std::int64_t taglie);
 
 // By how many standard deviations the outcome's number among the first coups differs from what
 // probability probabilita leads one to expect.

@@ -190,6 +190,24 @@ def colpi_mostrati(record):
     return record[1:-1] if taglia_breve(record) else record[1:]
 
 
+def student(gradi):
+    """The two-sided 95% point of Student's distribution: the density, which is a power of the
+    cosine of atan(t / sqrt(gradi)), summed by Simpson's rule and inverted by halving."""
+    fattore = math.exp(math.lgamma((gradi + 1) / 2) - math.lgamma(gradi / 2)) / math.sqrt(math.pi)
+
+    def dentro(angolo, passi=2000):
+        h = angolo / passi
+        pesi = [1 if i in (0, passi) else 4 if i % 2 else 2 for i in range(passi + 1)]
+        return 2 * fattore * h / 3 * math.fsum(
+            peso * math.cos(i * h) ** (gradi - 1) for i, peso in enumerate(pesi))
+
+    sotto, sopra = 0.0, math.pi / 2
+    for _ in range(60):
+        mezzo = (sotto + sopra) / 2
+        sotto, sopra = (mezzo, sopra) if dentro(mezzo) < 0.95 else (sotto, mezzo)
+    return math.sqrt(gradi) * math.tan(sotto)
+
+
 def conti_attesi(taglie):
     """All figures of the data output but the run's own, from the records."""
     n = len(taglie)
@@ -205,20 +223,22 @@ def conti_attesi(taglie):
         per_taglia.append([esiti_del_colpo(campi) for campi in record[1:]])
     completi = [sum(1 for esiti in taglia if esiti) for taglia in per_taglia]
     somma = sum(completi)
+    t = student(n - 1) if n > 1 else None
     dati = {"taglie": n, "report": {"colpi": colpi, "carte": carte},
             "completi": {"colpi": somma, "carte": 307 * n}, "esiti": {}, "primo_colpo": {}}
     for nome in ESITI:
         conti = [sum(nome in esiti for esiti in taglia) for taglia in per_taglia]
         tasso = Fraction(sum(conti), somma)
-        scarto = intervallo = None
+        scarto, intervallo = None, [None, None]
         if n > 1:
             residui = sum((x - tasso * c) ** 2 for x, c in zip(conti, completi))
             scarto = math.sqrt(residui * Fraction(n, n - 1)) / somma
-            intervallo = 1.959963984540054 * scarto
+            if residui:
+                intervallo = [max(0.0, float(tasso) - t * scarto),
+                              min(1.0, float(tasso) + t * scarto)]
         dati["esiti"][nome] = {
             "totale": sum(conti), "tasso": float(tasso), "errore_standard": scarto,
-            "intervallo95": [None, None] if n < 2 else
-                            [float(tasso) - intervallo, float(tasso) + intervallo]}
+            "intervallo95": intervallo}
         primi = sum(nome in taglia[0] for taglia in per_taglia)
         p = ESATTE[nome]
         dati["primo_colpo"][nome] = {

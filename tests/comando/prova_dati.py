@@ -71,6 +71,22 @@ class Dati(Prova):
             self.assertIsNone(esito["errore_standard"])
             self.assertEqual(esito["intervallo95"], [None, None])
 
+    def test_il_tasso_uguale_in_ogni_taglia_ha_errore_zero_e_nessun_intervallo(self):
+        # This seed's two shoes have 8 coups of 29 each.
+        esito = self.json("2", "--seme", "4")["esiti"]["RossoInverso"]
+        self.assertEqual(esito, {"totale": 16, "tasso": 16 / 58, "errore_standard": 0.0,
+                                 "intervallo95": [None, None]})
+        righe = self.fa("2", "--seme", "4", "--dati", "csv").uscita.decode("ascii")
+        self.assertRegex(righe, r"\nesiti,RossoInverso,16,0\.\d+,0\.0,,,,\n")
+
+    def test_gli_intervalli_restano_fra_zero_e_uno(self):
+        limiti = [limite for seme in range(20)
+                  for esito in self.json("2", "--seme", seme)["esiti"].values()
+                  for limite in esito["intervallo95"] if limite is not None]
+        self.assertTrue(all(0 <= limite <= 1 for limite in limiti))
+        self.assertIn(0, limiti)
+        self.assertIn(1, limiti)
+
     def test_i_conti_si_sommano(self):
         dati = self.json("500")
         e = {nome: dati["esiti"][nome]["totale"] for nome in ESITI}

@@ -14,6 +14,8 @@
 #include <set>
 #include <stdexcept>
 #include <thread>
+#include <utility>
+#include <vector>
 
 using namespace Stampe;
 using aiuti::AmbienteDiProva;
@@ -306,6 +308,65 @@ TEST(Studio, UnaSolaTagliaNonHaErroreStandard)
     Studio studio;
     studio.AggiungiTaglia();
     EXPECT_TRUE(std::isnan(StimaTasso(studio, 0).ErroreStandard));
+}
+
+namespace {
+
+// The study of shoes told as wins of Nero and of Rosso.
+Studio StudioDi(const std::vector<std::pair<double, double>>& taglie)
+{
+    Studio studio;
+    modCarte::Colpi = {"0", "1,N,C,32,33,,"};
+    for (const auto& [nero, rosso] : taglie) {
+        modCarte::Statistiche = {};
+        modCarte::Statistiche.VinceNero = nero;
+        modCarte::Statistiche.VinceRosso = rosso;
+        studio.AggiungiTaglia();
+    }
+    return studio;
+}
+
+} // namespace
+
+TEST(Studio, LErroreEZeroSoloDoveIlTassoELoStessoInOgniTaglia)
+{
+    // 8 of 29 twice, thirds of coups of different number, never, always.
+    const std::vector<std::vector<std::pair<double, double>>> uguali = {
+        {{8, 21}, {8, 21}}, {{9, 18}, {10, 20}, {8, 16}}, {{0, 28}, {0, 31}}, {{28, 0}, {31, 0}}};
+    for (const auto& taglie : uguali) {
+        const auto stima = StimaTasso(StudioDi(taglie), 0);
+        EXPECT_EQ(stima.ErroreStandard, 0);
+        EXPECT_FALSE(Intervallo95(stima, static_cast<std::int64_t>(taglie.size())));
+    }
+    EXPECT_GT(StimaTasso(StudioDi({{8, 21}, {8, 22}}), 0).ErroreStandard, 0);
+}
+
+TEST(Studio, UnaTagliaDiversaFraMoltissimeSiVede)
+{
+    auto studio = StudioDi({{8, 21}});
+    constexpr int raddoppi = 40; // 2^40 shoes alike
+    for (int i = 0; i < raddoppi; ++i) studio.Aggiungi(Studio(studio));
+    EXPECT_EQ(StimaTasso(studio, 0).ErroreStandard, 0);
+    studio.Aggiungi(StudioDi({{9, 20}}));
+    // One residual of 1: the error is 1 / all coups, but for the 40th binary digit.
+    const auto stima = StimaTasso(studio, 0);
+    EXPECT_NEAR(stima.ErroreStandard * 29 * std::ldexp(1.0, raddoppi), 1, 1e-9);
+}
+
+TEST(Studio, LIntervalloDiDueTaglieESecondoStudentEResta0E1)
+{
+    // Rates 1/4 and 3/4: residuals 1 and -1, error sqrt(2 * 2) / 8, 12.7 times that to each side.
+    const auto larga = StimaTasso(StudioDi({{1, 3}, {3, 1}}), 0);
+    EXPECT_DOUBLE_EQ(larga.ErroreStandard, 0.25);
+    const auto tutto = Intervallo95(larga, 2);
+    ASSERT_TRUE(tutto);
+    EXPECT_EQ(tutto->Minimo, 0);
+    EXPECT_EQ(tutto->Massimo, 1);
+    const auto stretto = Intervallo95({0.5, 0.01}, 2);
+    ASSERT_TRUE(stretto);
+    EXPECT_NEAR(stretto->Minimo, 0.5 - 0.12706204736174694, 1e-15);
+    EXPECT_NEAR(stretto->Massimo, 0.5 + 0.12706204736174694, 1e-15);
+    EXPECT_FALSE(Intervallo95(StimaTasso(StudioDi({{1, 3}}), 0), 1));
 }
 
 TEST(Studio, UnPariOltreTrentunoNonETrentuno)
