@@ -121,24 +121,53 @@ void PretendiScrivibili(const Opzioni& opzioni, const std::string& percorsoRepor
     }
 }
 
-std::vector<Taglia> MazziDaFile(const Opzioni& opzioni)
+// What the function gives; a shoe file that fails it is refused, whatever the reason.
+template <typename Funzione>
+auto OppureRifiuta(const Funzione& funzione)
 {
     try {
-        auto taglie = LeggiMazzi(opzioni.Mazzi, opzioni.Taglie, InterruzioneChiesta);
-        if (!taglie) Interrompi("nessuna taglia giocata");
-        if (opzioni.Taglie && taglie->size() < *opzioni.Taglie) {
-            throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                                "contiene " +
-                                    TestoNumero(static_cast<std::int64_t>(taglie->size())) +
-                                    " taglie, ne servono " +
-                                    TestoNumero(static_cast<std::int64_t>(*opzioni.Taglie)),
-                                opzioni.Mazzi);
-        }
-        return std::move(*taglie);
+        return funzione();
     } catch (const ErroreRuntime& errore) {
-        const std::string& file = errore.File();
-        throw ErroreComando(UscitaRifiuto, file, errore.Motivo());
+        throw ErroreComando(UscitaRifiuto, errore.File(), errore.Motivo());
     }
+}
+
+std::unique_ptr<FileMazzi> MazziDaFile(const Opzioni& opzioni)
+{
+    auto mazzi = std::make_unique<FileMazzi>(opzioni.Mazzi);
+    if (!mazzi->Leggi(opzioni.Taglie, InterruzioneChiesta)) Interrompi("nessuna taglia giocata");
+    if (opzioni.Taglie && mazzi->Quante() < *opzioni.Taglie) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                            "contiene " + TestoNumero(static_cast<std::int64_t>(mazzi->Quante())) +
+                                " taglie, ne servono " +
+                                TestoNumero(static_cast<std::int64_t>(*opzioni.Taglie)),
+                            opzioni.Mazzi);
+    }
+    return mazzi;
+}
+
+// The run goes on: whoever repeats shoes on purpose may know what the figures then mean.
+void AvvisaRipetizioni(FileMazzi& mazzi)
+{
+    const auto numero = [](std::size_t n) { return TestoNumero(static_cast<std::int64_t>(n)); };
+    const auto ripetute =
+        OppureRifiuta([&mazzi] { return mazzi.Ripetizioni(InterruzioneChiesta); });
+    if (InterruzioneChiesta()) Interrompi("nessuna taglia giocata");
+    if (!ripetute) return;
+    const std::string quante = ripetute->Quante == 1
+                                   ? "1 taglia ne ripete un'altra"
+                                   : numero(ripetute->Quante) + " taglie ne ripetono altre";
+    ScriviErrore({mazzi.Percorso(), ": avviso: ", quante, " (la ", numero(ripetute->Prima + 1),
+                  " è uguale alla ", numero(ripetute->Come + 1),
+                  "); errori e intervalli valgono per taglie indipendenti"});
+}
+
+void AvvisaCambiamento(const FileMazzi& mazzi)
+{
+    if (!mazzi.Cambiato()) return;
+    ScriviErrore(
+        {mazzi.Percorso(),
+         ": avviso: è stato modificato durante la corsa; sono giocate le taglie di prima"});
 }
 
 // ---- The run ----------------------------------------------------------------------------------
@@ -154,7 +183,7 @@ struct Lavoro
     const Opzioni& opzioni;
     std::int64_t taglie = 1;
     std::int64_t fatte = 0;
-    std::vector<Taglia> mazzi;
+    std::unique_ptr<FileMazzi> mazzi;
     std::unique_ptr<FileDati> fileMazzi;
     std::unique_ptr<FileDati> fileColpi;
     std::unique_ptr<Avanzamento> avanzamento;
@@ -167,8 +196,8 @@ struct Lavoro
 void ImpostaTaglie(Lavoro& lavoro)
 {
     if (!lavoro.opzioni.Mazzi.empty()) {
-        lavoro.mazzi = MazziDaFile(lavoro.opzioni);
-        lavoro.taglie = static_cast<std::int64_t>(lavoro.mazzi.size());
+        lavoro.mazzi = OppureRifiuta([&lavoro] { return MazziDaFile(lavoro.opzioni); });
+        lavoro.taglie = static_cast<std::int64_t>(lavoro.mazzi->Quante());
         return;
     }
     lavoro.taglie = static_cast<std::int64_t>(lavoro.opzioni.Taglie.value_or(1));
@@ -176,9 +205,10 @@ void ImpostaTaglie(Lavoro& lavoro)
 
 std::function<void(std::int64_t)> Sorgente(const Lavoro& lavoro)
 {
-    if (!lavoro.mazzi.empty()) {
-        return [&mazzi = lavoro.mazzi](std::int64_t taglia) {
-            modCarte::ImpostaMazzo(mazzi.at(static_cast<std::size_t>(taglia) - 1));
+    if (lavoro.mazzi) {
+        return [&mazzi = *lavoro.mazzi](std::int64_t taglia) {
+            const auto indice = static_cast<std::size_t>(taglia) - 1;
+            modCarte::ImpostaMazzo(OppureRifiuta([&] { return mazzi.Mazzo(indice); }));
         };
     }
     if (lavoro.opzioni.Seme) {
@@ -300,12 +330,14 @@ void Esegui(const Opzioni& opzioni)
     RifiutaFileDoppi(opzioni, percorso);
     ImpostaTaglie(lavoro);
     PretendiScrivibili(opzioni, percorso);
+    if (lavoro.mazzi) AvvisaRipetizioni(*lavoro.mazzi);
     ApriFile(lavoro);
     ImpostaAmbiente(lavoro, cartella);
 
     const auto totali = FaiReport(lavoro);
     ChiudiFile(lavoro);
     if (!totali) Interrompi(DescriviInterruzione(lavoro));
+    if (lavoro.mazzi) AvvisaCambiamento(*lavoro.mazzi);
     if (!lavoro.daAprire.empty()) ApriReport(lavoro.daAprire, lavoro.stile);
 
     if (opzioni.Dati != FormaDati::Nessuna) {

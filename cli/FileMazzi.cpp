@@ -1,7 +1,6 @@
 #include "FileMazzi.h"
 
 #include "ErroreRuntime.h"
-#include "LetturaFile.h"
 #include "Numeri.h"
 
 #include <algorithm>
@@ -37,7 +36,9 @@ std::string Citata(std::string_view parola)
 
 std::vector<std::string_view> Parole(std::string_view riga)
 {
-    constexpr std::string_view separatori = ", \t\r";
+    constexpr std::string_view separatori = ",; \t\r";
+    constexpr std::string_view segnoDiUtf8 = "\xEF\xBB\xBF"; // what some editors begin a file with
+    if (riga.starts_with(segnoDiUtf8)) riga.remove_prefix(segnoDiUtf8.size());
     riga = riga.substr(0, riga.find('#'));
     std::vector<std::string_view> parole;
     for (;;) {
@@ -91,6 +92,27 @@ Taglia DaTesti(const std::vector<std::string_view>& parole)
     return taglia;
 }
 
+// From 0 to 51, the same in each pack.
+std::uint64_t Carta(std::int16_t codice)
+{
+    return static_cast<std::uint64_t>((codice - 1) % CarteMazzetto);
+}
+
+bool StessaCarta(std::int16_t uno, std::int16_t altro)
+{
+    return Carta(uno) == Carta(altro);
+}
+
+// A number that shoes with the same cards share and others hardly ever do (the hash FNV-1a).
+std::uint64_t Impronta(const Taglia& taglia)
+{
+    std::uint64_t impronta = 14695981039346656037U;
+    for (const std::int16_t codice : taglia) {
+        impronta = (impronta ^ Carta(codice)) * 1099511628211U;
+    }
+    return impronta ^ (impronta >> IndiceMazzi::BitImpronta);
+}
+
 } // namespace
 
 std::optional<Taglia> LeggiTaglia(std::string_view riga)
@@ -105,29 +127,74 @@ std::optional<Taglia> LeggiTaglia(std::string_view riga)
     return CodiceMazzetto(parole.front()) ? DaTesti(parole) : DaCodici(parole);
 }
 
-std::optional<std::vector<Taglia>> LeggiMazzi(const std::string& percorso,
-                                              std::optional<std::uint64_t> massimo,
-                                              const std::function<bool()>& fermare)
+FileMazzi::FileMazzi(const std::string& percorso)
+    : m_file(percorso, RigaMassima)
 {
-    std::vector<Taglia> taglie;
-    const auto riga = [&](std::size_t numero, std::string_view testo) {
+}
+
+bool FileMazzi::Leggi(std::optional<std::uint64_t> massimo, const std::function<bool()>& fermare)
+{
+    const auto riga = [&](std::size_t numero, std::uint64_t inizio, std::string_view testo) {
         try {
             const auto taglia = LeggiTaglia(testo);
             // Lines beyond the last shoe wanted are read and checked, too, but not kept.
-            if (taglia && (!massimo || taglie.size() < *massimo)) taglie.push_back(*taglia);
+            if (taglia && (!massimo || Quante() < *massimo)) Aggiungi(inizio, *taglia);
         } catch (const ErroreRuntime& errore) {
             throw ErroreRuntime(errore.Numero(),
                                 "riga " + TestoNumero(static_cast<std::int64_t>(numero)) + ": " +
                                     errore.Motivo(),
-                                percorso);
+                                Percorso());
         }
     };
-    if (!LeggiRighe(percorso, RigaMassima, riga, fermare)) return std::nullopt;
-    if (taglie.empty()) {
+    if (!m_file.Leggi(riga, fermare)) return false;
+    if (Quante() == 0) {
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "non contiene nessuna taglia",
-                            percorso);
+                            Percorso());
     }
-    return taglie;
+    return true;
+}
+
+void FileMazzi::Aggiungi(std::uint64_t inizio, const Taglia& taglia)
+{
+    if (m_file.Rileggibile()) {
+        m_indice.Aggiungi(inizio, Impronta(taglia));
+        return;
+    }
+    m_indice.Aggiungi(m_intere.size(), Impronta(taglia));
+    m_intere.push_back(taglia);
+}
+
+// Nothing when no shoe stands there any more.
+std::optional<Taglia> FileMazzi::Rileggi(std::uint64_t inizio) const
+{
+    if (!m_file.Rileggibile()) return m_intere.at(inizio);
+    const std::string riga = m_file.RigaA(inizio);
+    try {
+        return LeggiTaglia(riga);
+    } catch (const ErroreRuntime&) {
+        return std::nullopt; // every line was a good one when it was checked
+    }
+}
+
+Taglia FileMazzi::Mazzo(std::size_t indice) const
+{
+    const auto taglia = Rileggi(m_indice.Inizio(indice));
+    if (taglia && m_indice.Conosce(indice, Impronta(*taglia))) return *taglia;
+    throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                        "la taglia " + TestoNumero(static_cast<std::int64_t>(indice) + 1) +
+                            " è cambiata da quando è stata controllata",
+                        Percorso());
+}
+
+std::optional<IndiceMazzi::Ripetute> FileMazzi::Ripetizioni(const std::function<bool()>& fermare)
+{
+    return m_indice.Ripetizioni([&](std::uint64_t una, std::uint64_t altra) {
+        if (fermare()) return false;
+        const auto prima = Rileggi(una);
+        const auto seconda = Rileggi(altra);
+        return prima && seconda &&
+               std::equal(prima->begin(), prima->end(), seconda->begin(), StessaCarta);
+    });
 }
 
 std::string RigaTaglia(const Taglia& taglia)

@@ -7,7 +7,9 @@
 #include <cerrno>
 #include <filesystem>
 #include <memory>
+#include <mutex>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -43,9 +45,27 @@ bool Regolare(int descrittore)
     struct _stat64 voce = {};
     return ::_fstat64(descrittore, &voce) == 0 && (voce.st_mode & _S_IFREG) != 0;
 }
+std::array<std::int64_t, 3> StatoDi(int descrittore)
+{
+    struct _stat64 voce = {};
+    if (::_fstat64(descrittore, &voce) != 0) return {};
+    return {voce.st_size, voce.st_mtime, 0};
+}
 std::ptrdiff_t Leggi(int descrittore, char* byte, std::size_t quanti)
 {
     return ::_read(descrittore, byte, static_cast<unsigned>(quanti));
+}
+// There is but one place in the file for all threads.
+std::ptrdiff_t LeggiDa(int descrittore, std::uint64_t inizio, char* byte, std::size_t quanti)
+{
+    static std::mutex chiave;
+    const std::lock_guard guardia(chiave);
+    if (::_lseeki64(descrittore, static_cast<std::int64_t>(inizio), SEEK_SET) < 0) return -1;
+    return Leggi(descrittore, byte, quanti);
+}
+std::int64_t Posto(int descrittore)
+{
+    return ::_lseeki64(descrittore, 0, SEEK_CUR);
 }
 void Chiudi(int descrittore)
 {
@@ -86,9 +106,28 @@ bool Regolare(int descrittore)
     struct stat voce = {};
     return ::fstat(descrittore, &voce) == 0 && S_ISREG(voce.st_mode);
 }
+std::array<std::int64_t, 3> StatoDi(int descrittore)
+{
+    struct stat voce = {};
+    if (::fstat(descrittore, &voce) != 0) return {};
+#ifdef __APPLE__
+    const auto& scritto = voce.st_mtimespec;
+#else
+    const auto& scritto = voce.st_mtim;
+#endif
+    return {voce.st_size, scritto.tv_sec, scritto.tv_nsec};
+}
 std::ptrdiff_t Leggi(int descrittore, char* byte, std::size_t quanti)
 {
     return ::read(descrittore, byte, quanti);
+}
+std::ptrdiff_t LeggiDa(int descrittore, std::uint64_t inizio, char* byte, std::size_t quanti)
+{
+    return ::pread(descrittore, byte, quanti, static_cast<off_t>(inizio));
+}
+std::int64_t Posto(int descrittore)
+{
+    return ::lseek(descrittore, 0, SEEK_CUR);
 }
 void Chiudi(int descrittore)
 {
@@ -100,38 +139,16 @@ int IngressoStandard()
 }
 #endif
 
-class Ingresso
-{
-public:
-    explicit Ingresso(const std::string& percorso)
-        : m_standard(percorso == "-")
-        , m_descrittore(m_standard ? IngressoStandard() : Apri(percorso.c_str()))
-    {
-        if (m_descrittore < 0) throw ErroreSistema(errno, percorso);
-    }
-    ~Ingresso()
-    {
-        if (!m_standard) Chiudi(m_descrittore);
-    }
-    Ingresso(const Ingresso&) = delete;
-    Ingresso& operator=(const Ingresso&) = delete;
-
-    int Descrittore() const { return m_descrittore; }
-
-private:
-    bool m_standard;
-    int m_descrittore;
-};
-
 // Cuts the bytes read into lines.
 class Righe
 {
 public:
-    Righe(const std::string& percorso, std::size_t massimo,
-          const std::function<void(std::size_t, std::string_view)>& riga,
-          const std::function<bool()>& fermare)
+    Righe(const std::string& percorso, std::size_t massimo, std::uint64_t inizio,
+          const FileRighe::PerRiga& riga, const std::function<bool()>& fermare)
         : m_percorso(percorso)
         , m_massimo(massimo)
+        , m_inizio(inizio)
+        , m_fine(inizio)
         , m_riga(riga)
         , m_fermare(fermare)
     {
@@ -142,6 +159,7 @@ public:
     {
         for (auto fine = byte.find('\n'); fine != std::string_view::npos; fine = byte.find('\n')) {
             Accoda(byte.substr(0, fine));
+            ++m_fine;
             if (!Consegna()) return false;
             byte.remove_prefix(fine + 1);
         }
@@ -157,6 +175,7 @@ private:
         // One more than allowed: it may be the CR of the line end.
         if (m_testo.size() + byte.size() > m_massimo + 1) TroppoLunga();
         m_testo.append(byte);
+        m_fine += byte.size();
     }
 
     [[noreturn]] void TroppoLunga() const
@@ -170,8 +189,9 @@ private:
         if (m_fermare()) return false;
         if (!m_testo.empty() && m_testo.back() == '\r') m_testo.pop_back();
         if (m_testo.size() > m_massimo) TroppoLunga();
-        m_riga(++m_numero, m_testo);
+        m_riga(++m_numero, m_inizio, m_testo);
         m_testo.clear();
+        m_inizio = m_fine;
         return true;
     }
 
@@ -182,7 +202,9 @@ private:
 
     const std::string& m_percorso;
     std::size_t m_massimo;
-    const std::function<void(std::size_t, std::string_view)>& m_riga;
+    std::uint64_t m_inizio; // of the line in m_testo
+    std::uint64_t m_fine;   // of all that was read
+    const FileRighe::PerRiga& m_riga;
     const std::function<bool()>& m_fermare;
     std::string m_testo;
     std::size_t m_numero = 0;
@@ -190,23 +212,62 @@ private:
 
 } // namespace
 
-bool LeggiRighe(const std::string& percorso, std::size_t massimo,
-                const std::function<void(std::size_t, std::string_view)>& riga,
-                const std::function<bool()>& fermare)
+FileRighe::FileRighe(std::string percorso, std::size_t massimo)
+    : m_percorso(std::move(percorso))
+    , m_massimo(massimo)
+    , m_descrittore(m_percorso == "-" ? IngressoStandard() : Apri(m_percorso.c_str()))
+    , m_regolare(m_descrittore >= 0 && Regolare(m_descrittore))
+    , m_stato{}
 {
-    const Ingresso ingresso(percorso);
-    Righe righe(percorso, massimo, riga, fermare);
+    if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
+    m_stato = StatoDi(m_descrittore);
+}
+
+FileRighe::~FileRighe()
+{
+    if (m_percorso != "-") Chiudi(m_descrittore);
+}
+
+bool FileRighe::Cambiato() const
+{
+    return m_regolare && StatoDi(m_descrittore) != m_stato;
+}
+
+bool FileRighe::Leggi(const PerRiga& riga, const std::function<bool()>& fermare)
+{
+    // Standard input may have been read already, by whoever gave it to the program.
+    const std::int64_t inizio = m_regolare ? Posto(m_descrittore) : 0;
+    Righe righe(m_percorso, m_massimo, static_cast<std::uint64_t>(inizio), riga, fermare);
     std::vector<char> blocco(64 * 1024);
-    while (Attendi(ingresso.Descrittore(), fermare)) {
-        const auto letti = Leggi(ingresso.Descrittore(), blocco.data(), blocco.size());
+    while (Attendi(m_descrittore, fermare)) {
+        const auto letti = ::Leggi(m_descrittore, blocco.data(), blocco.size());
         if (letti == 0) return !fermare() && righe.Finisci();
         if (letti < 0) {
-            if (errno != EINTR && errno != EAGAIN) throw ErroreSistema(errno, percorso);
+            if (errno != EINTR && errno != EAGAIN) throw ErroreSistema(errno, m_percorso);
         } else if (!righe.Aggiungi({blocco.data(), static_cast<std::size_t>(letti)})) {
             return false;
         }
     }
     return false;
+}
+
+std::string FileRighe::RigaA(std::uint64_t inizio) const
+{
+    constexpr std::size_t blocco = 2048; // more than most lines are long
+    std::string testo;
+    for (std::size_t presi = 0; presi <= m_massimo;) {
+        testo.resize(presi + blocco);
+        const auto letti = LeggiDa(m_descrittore, inizio + presi, testo.data() + presi, blocco);
+        if (letti < 0 && errno == EINTR) continue;
+        if (letti < 0) throw ErroreSistema(errno, m_percorso);
+        testo.resize(presi + static_cast<std::size_t>(letti));
+        const auto fine = testo.find('\n', presi);
+        presi = testo.size();
+        if (fine != std::string::npos) testo.resize(fine);
+        if (letti == 0 || fine != std::string::npos) break;
+    }
+    if (!testo.empty() && testo.back() == '\r') testo.pop_back();
+    return testo;
 }
 
 std::string LeggiFile(const std::string& percorso, std::size_t massimo)

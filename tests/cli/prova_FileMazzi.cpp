@@ -3,6 +3,7 @@
 #include "Aiuti.h"
 #include "ErroreRuntime.h"
 #include "FileMazzi.h"
+#include "Scritture.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,7 @@ std::string Motivo(const std::string& riga)
 
 TEST(LeggiTaglia, CodiciConVirgoleOBianchi)
 {
-    for (const auto* separatore : {",", " ", ", ", "\t", " ,\t "}) {
+    for (const auto* separatore : {",", " ", ", ", "\t", " ,\t ", ";", "; ", ";\t,"}) {
         const auto taglia = LeggiTaglia(Riga(Codice, separatore));
         ASSERT_TRUE(taglia) << separatore;
         EXPECT_EQ(taglia->front(), 1);
@@ -66,6 +67,19 @@ TEST(LeggiTaglia, BianchiECommentiNonSonoTaglie)
     EXPECT_EQ(LeggiTaglia("  \t "), std::nullopt);
     EXPECT_EQ(LeggiTaglia("# 1,2,3"), std::nullopt);
     EXPECT_TRUE(LeggiTaglia("  " + Riga(Codice) + " # la prima"));
+}
+
+TEST(LeggiTaglia, IlSegnoDiUtf8DavantiNonConta)
+{
+    EXPECT_EQ(LeggiTaglia("\xEF\xBB\xBF" + Riga(Codice)), LeggiTaglia(Riga(Codice)));
+    EXPECT_EQ(LeggiTaglia("\xEF\xBB\xBF# titolo"), std::nullopt);
+    EXPECT_EQ(Motivo("\xEF\xBB" + Riga(Codice)), "\"??1\" non è un codice da 1 a 312");
+    EXPECT_EQ(Motivo(Riga([](int i) {
+                  return i == 5 ? "\xEF\xBB\xBF"
+                                  "6"
+                                : Codice(i);
+              })),
+              "\"???6\" non è un codice da 1 a 312");
 }
 
 TEST(LeggiTaglia, OgniRifiutoDiceIlMotivo)
@@ -111,35 +125,125 @@ TEST(RigaTaglia, SiRileggeUguale)
     EXPECT_EQ(LeggiTaglia(riga.substr(0, riga.size() - 1)), taglia);
 }
 
-TEST(LeggiMazzi, ErroriConFileERiga)
+namespace {
+
+constexpr auto Mai = [] { return false; };
+
+// A file of these lines in a folder of its own, and the shoes that are read from it.
+struct Archivio
 {
-    const aiuti::CartellaDiProva cartella;
-    const std::string nome = cartella.File("mazzi").string();
-    std::ofstream(nome) << "# prima riga\n\n" << Riga(Codice) << "\r\n1,2\n";
-    const auto mai = [] { return false; };
-    try {
-        LeggiMazzi(nome, std::nullopt, mai);
-        FAIL() << "no error";
-    } catch (const ErroreRuntime& errore) {
-        EXPECT_EQ(errore.File(), nome);
-        EXPECT_EQ(errore.Motivo(), "riga 4: le carte sono 2 invece di 312");
+    explicit Archivio(const std::string& byte)
+        : Nome(Cartella.File("mazzi").string())
+    {
+        Scrivi(byte);
     }
-    // A wrong line is an error even behind the last shoe wanted.
-    EXPECT_THROW(LeggiMazzi(nome, 1, mai), ErroreRuntime);
+    void Scrivi(const std::string& byte) const { std::ofstream(Nome, std::ios::binary) << byte; }
+
+    aiuti::CartellaDiProva Cartella;
+    std::string Nome;
+};
+
+// How many shoes are read of a file of which massimo are wanted; nothing when stopped.
+std::optional<std::size_t> Lette(const Archivio& archivio, std::optional<std::uint64_t> massimo,
+                                 const std::function<bool()>& fermare = Mai)
+{
+    FileMazzi mazzi(archivio.Nome);
+    if (!mazzi.Leggi(massimo, fermare)) return std::nullopt;
+    return mazzi.Quante();
 }
 
-TEST(LeggiMazzi, IPrimiNeNonDiPiu)
+// Codes with two cards of different value in each other's place, another two for each i.
+std::string Scambiata(int quale)
 {
-    const aiuti::CartellaDiProva cartella;
-    const std::string nome = cartella.File("mazzi").string();
-    std::ofstream(nome) << Riga(Codice) << "\n" << Riga(Testo) << "\n" << Riga(Codice);
-    const auto mai = [] { return false; };
-    EXPECT_EQ(LeggiMazzi(nome, std::nullopt, mai)->size(), 3U);
-    EXPECT_EQ(LeggiMazzi(nome, 2, mai)->size(), 2U);
-    EXPECT_EQ(LeggiMazzi(nome, 5, mai)->size(), 3U);
-    EXPECT_EQ(LeggiMazzi(nome, 5, [] { return true; }), std::nullopt);
-    std::ofstream(nome).flush(); // empty: even at the end of the file the request to stop counts
-    EXPECT_EQ(LeggiMazzi(nome, 5, [] { return true; }), std::nullopt);
-    std::ofstream(nome) << "# niente\n";
-    EXPECT_THROW(LeggiMazzi(nome, std::nullopt, mai), ErroreRuntime);
+    return Riga([quale](int i) {
+        if (i == quale) return Codice(quale + 1);
+        if (i == quale + 1) return Codice(quale);
+        return Codice(i);
+    });
+}
+
+} // namespace
+
+TEST(FileMazzi, ErroriConFileERiga)
+{
+    const Archivio archivio("# prima riga\n\n" + Riga(Codice) + "\r\n1,2\n");
+    const auto errore = aiuti::ErroreDi([&] { Lette(archivio, std::nullopt); });
+    ASSERT_TRUE(errore);
+    EXPECT_EQ(errore->File(), archivio.Nome);
+    EXPECT_EQ(errore->Motivo(), "riga 4: le carte sono 2 invece di 312");
+    // A wrong line is an error even behind the last shoe wanted.
+    EXPECT_THROW(Lette(archivio, 1), ErroreRuntime);
+}
+
+TEST(FileMazzi, LePrimeENonDiPiu)
+{
+    const Archivio archivio(Riga(Codice) + "\n" + Riga(Testo) + "\n" + Riga(Codice));
+    EXPECT_EQ(Lette(archivio, std::nullopt), 3U);
+    EXPECT_EQ(Lette(archivio, 2), 2U);
+    EXPECT_EQ(Lette(archivio, 5), 3U);
+    const auto subito = [] { return true; };
+    EXPECT_EQ(Lette(archivio, 5, subito), std::nullopt);
+    archivio.Scrivi(""); // even at the end of the file the request to stop counts
+    EXPECT_EQ(Lette(archivio, 5, subito), std::nullopt);
+    archivio.Scrivi("# niente\n");
+    EXPECT_THROW(Lette(archivio, std::nullopt), ErroreRuntime);
+}
+
+TEST(FileMazzi, OgniTagliaSiRileggeInQualunqueOrdine)
+{
+    std::string byte = "\xEF\xBB\xBF# in testa\r\n";
+    for (std::size_t i = 0; i < 20; ++i)
+        byte += Scambiata(static_cast<int>(i)) + "   # " + std::string(i * 300, '.') + "\r\n\n";
+    const Archivio archivio(byte + Riga(Testo, " ; "));
+    FileMazzi mazzi(archivio.Nome);
+    ASSERT_TRUE(mazzi.Leggi(std::nullopt, Mai));
+    ASSERT_EQ(mazzi.Quante(), 21U);
+    for (const int i : {19, 0, 7, 7, 18, 1}) {
+        EXPECT_EQ(mazzi.Mazzo(static_cast<std::size_t>(i)), LeggiTaglia(Scambiata(i))) << i;
+    }
+    EXPECT_EQ(mazzi.Mazzo(20), LeggiTaglia(Riga(Testo)));
+    EXPECT_FALSE(mazzi.Cambiato());
+}
+
+TEST(FileMazzi, LaTagliaCambiataDopoIlControlloEUnErrore)
+{
+    const Archivio archivio(Scambiata(0) + "\n" + Scambiata(1) + "\n");
+    const auto motivo = [](const FileMazzi& mazzi, std::size_t indice) {
+        const auto errore = aiuti::ErroreDi([&] { mazzi.Mazzo(indice); });
+        return errore ? errore->File() + ": " + errore->Motivo() : "";
+    };
+    const auto dopo = Scambiata(0) + "\n";
+    for (const std::string& altra : {Scambiata(2), std::string("1,2"), std::string("# nulla"),
+                                     std::string(), std::string(200'000, ' ')}) {
+        archivio.Scrivi(Scambiata(0) + "\n" + Scambiata(1) + "\n");
+        FileMazzi mazzi(archivio.Nome);
+        ASSERT_TRUE(mazzi.Leggi(std::nullopt, Mai));
+        archivio.Scrivi(dopo + altra);
+        EXPECT_EQ(motivo(mazzi, 0), "");
+        EXPECT_EQ(motivo(mazzi, 1),
+                  archivio.Nome + ": la taglia 2 è cambiata da quando è stata controllata");
+        EXPECT_TRUE(mazzi.Cambiato());
+    }
+}
+
+TEST(FileMazzi, LeTaglieUgualiSiContanoQualunqueMazzettoDicano)
+{
+    // The first shoe again, as texts; the same card of another pack is the same card.
+    const std::string altroMazzetto = Riga([](int i) {
+        return i == 0 ? Codice(52) : i == 52 ? Codice(0) : Codice(i);
+    });
+    const Archivio archivio(Riga(Codice) + "\n" + Scambiata(3) + "\n" + Riga(Testo) + "\n" +
+                            Scambiata(9) + "\n" + altroMazzetto + "\n" + Scambiata(3));
+    FileMazzi mazzi(archivio.Nome);
+    ASSERT_TRUE(mazzi.Leggi(std::nullopt, Mai));
+    const auto ripetute = mazzi.Ripetizioni(Mai);
+    ASSERT_TRUE(ripetute);
+    EXPECT_EQ(ripetute->Quante, 3U);
+    EXPECT_EQ(ripetute->Prima, 2U);
+    EXPECT_EQ(ripetute->Come, 0U);
+    EXPECT_EQ(mazzi.Mazzo(3), LeggiTaglia(Scambiata(9))); // in the file's order as before
+
+    FileMazzi diverse(archivio.Nome);
+    ASSERT_TRUE(diverse.Leggi(2, Mai));
+    EXPECT_FALSE(diverse.Ripetizioni(Mai));
 }

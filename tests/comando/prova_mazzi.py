@@ -2,10 +2,11 @@
 
 import os
 import re
+import signal
 import unittest
 
-from aiuti import (GOLDEN, RIFIUTO, USO, Prova, ambiente, buona_riga, riga_testi,
-                   taglie_dei_colpi)
+from aiuti import (GOLDEN, RIFIUTO, USO, Prova, ambiente, aspetta, buona_riga, riga_testi,
+                   taglie_dei_colpi, taglie_nel_testo)
 
 # How each kind of golden report is asked for.
 GENERI = {"it": (["--numeri", "it"], "C"), "c": (["--numeri", "c"], "C"),
@@ -97,6 +98,10 @@ class Lettura(Prova):
                 "a capo di due byte": buona_riga() + "\r\n",
                 "commento con a capo di due byte": "# x\r\n" + buona_riga() + " # y\r\n\r\n",
                 "senza a capo alla fine": buona_riga(),
+                "punto e virgola": buona_riga().replace(",", ";") + "\n",
+                "punto e virgola con altro": buona_riga().replace(",", " ;\t,") + ";\n",
+                "segno di UTF-8": b"\xef\xbb\xbf" + buona_riga().encode(),
+                "segno di UTF-8 e commento": b"\xef\xbb\xbf# una\r\n" + buona_riga().encode(),
                 "testi": riga_testi() + "\n",
                 "testi con virgole": riga_testi().replace(" ", ",") + "\r\n",
                 "zeri davanti": re.sub(r"\b(\d\d?)\b", r"00\1", buona_riga()) + "\n"}.items():
@@ -121,6 +126,25 @@ class Lettura(Prova):
         self.assertEqual(self.byte("c"), (GOLDEN / "tre.colpi").read_bytes())
         self.errore(self.taglie("--mazzi", "-", ingresso=b""), RIFIUTO, "nessuna taglia")
         self.errore(self.taglie("--mazzi", "-", ingresso=b"1,2\n"), RIFIUTO, "riga 1")
+
+    def test_lo_standard_input_si_legge_da_dove_sta(self):
+        tre = (GOLDEN / "tre.mazzi").read_bytes()
+        self.scrivi("mazzi", tre)
+        salto = len(b"".join(tre.splitlines(True)[:2]))  # a comment and the first shoe
+        with open(self.cartella / "mazzi", "rb") as ingresso:
+            os.lseek(ingresso.fileno(), salto, os.SEEK_SET)
+            self.fa("--mazzi", "-", "-f", "nessuna", "--salva-mazzi", "resto", stdin=ingresso)
+        self.fa("--mazzi", "mazzi", "-f", "nessuna", "--salva-mazzi", "tutti")
+        resto, tutti = self.byte("resto"), self.byte("tutti")
+        self.assertEqual(resto, b"".join(tutti.splitlines(True)[1:]))
+        self.assertEqual(resto.count(b"\n"), 2)
+
+    def test_piu_lavori_rileggono_le_stesse_taglie(self):
+        self.fa(700, "--seme", 3, "-f", "nessuna", "--salva-mazzi", "m")
+        dati = [self.fa("--mazzi", "m", "--dati", "csv", "-j", lavori).uscita
+                for lavori in [1, 4, 32]]
+        senza_tempo = [re.sub(rb"corsa,secondi,[^,]*", b"", testo) for testo in dati]
+        self.assertEqual(set(senza_tempo), {senza_tempo[0]})
 
     def test_il_file_che_non_si_legge_e_rifiutato(self):
         self.nuova("cartella")
@@ -155,7 +179,6 @@ class Lettura(Prova):
             "un byte nullo": (buona.replace(",2,", ",2\0,", 1), "2?"),
             "solo byte nulli": ("\0" * 1000, "1 invece di 312"),
             "byte alti": (b"\xff\xfe\x80" + buona.encode(), '"???1"'),
-            "punto e virgola": (buona.replace(",", ";"), "1 invece di 312"),
             "comandi al terminale": (buona.replace(",312", ",\x1b[2J\x07"), '"?[2J?"'),
             "dieci milioni di byte": (b"1" * 10_000_000, "troppo lunga"),
             "dieci milioni di spazi": (b" " * 10_000_000, "troppo lunga"),
@@ -194,6 +217,86 @@ class Lettura(Prova):
                 self.errore(self.taglie("--mazzi", "mazzi"), RIFIUTO,
                             "taglie: mazzi: non contiene nessuna taglia")
         self.assertEqual(self.contenuto(), ["mazzi"])
+
+
+class Uguali(Prova):
+    """Equal shoes are played, but told."""
+
+    def avvisa(self, attesi, *argomenti, **opzioni):
+        esito = self.taglie(*argomenti, "-f", "nessuna", "--colpi", "c", **opzioni)
+        self.assertEqual(esito.codice, 0)
+        self.assertEqual(esito.errori.decode(), attesi)
+
+    def test_le_taglie_uguali_sono_dette(self):
+        testo = ("taglie: {}: avviso: {} (la {} è uguale alla {}); errori e intervalli valgono per "
+                 "taglie indipendenti\n")
+        altra = buona_riga().replace("1,2,3,", "3,2,1,", 1)
+        (self.cartella / "m").write_text(f"{buona_riga()}\n{altra}\n{riga_testi()}\n")
+        una = testo.format("m", "1 taglia ne ripete un'altra", 3, 1)
+        self.avvisa(una, "--mazzi", "m")
+        self.avvisa(una, "--mazzi", "m", "-q")
+        self.assertEqual(len(taglie_dei_colpi(self.byte("c"))), 3)
+        self.avvisa("", "--mazzi", "m", 2)  # the third is not played
+        self.avvisa(una.replace(" m:", " -:"), "--mazzi", "-", ingresso=self.byte("m"))
+        (self.cartella / "m").write_text(f"{altra}\n" * 5 + f"{riga_testi()}\n")
+        self.avvisa(testo.format("m", "4 taglie ne ripetono altre", 2, 1), "--mazzi", "m")
+
+    def test_mille_mescolate_sono_diverse(self):
+        self.fa(1000, "-f", "nessuna", "--salva-mazzi", "m")
+        self.avvisa("", "--mazzi", "m")
+
+
+class Cambiato(Prova):
+    """A shoe file that somebody writes to between its check and the dealing."""
+
+    def corre(self, cambia, *argomenti):
+        """Runs over many shoes; while the first ones are dealt the file is changed."""
+        self.fa(20_000, "--seme", 1, "-f", "nessuna", "--salva-mazzi", "m")
+        processo = self.avvia("--mazzi", "m", *argomenti)
+        report = self.cartella / "taglie.txt"
+        aspetta(lambda: report.exists() and report.stat().st_size > 100_000, "le prime taglie")
+        processo.send_signal(signal.SIGSTOP)
+        cambia(self.cartella / "m")
+        processo.send_signal(signal.SIGCONT)
+        return self.raccogli(processo)
+
+    def test_la_taglia_cambiata_ferma_la_corsa(self):
+        def cambia(file):
+            with open(file, "r+b") as aperto:
+                aperto.seek(-100, os.SEEK_END)
+                aperto.write(b"x")
+
+        testo = self.errore(self.corre(cambia), RIFIUTO)
+        self.assertEqual(testo, "taglie: m: la taglia 20000 è cambiata da quando è stata "
+                                "controllata\n")
+        self.assertEqual(taglie_nel_testo(self.byte("taglie.txt")), 19_999)
+
+    def test_il_file_accorciato_ferma_la_corsa(self):
+        def cambia(file):
+            os.truncate(file, file.stat().st_size // 2)
+
+        testo = self.errore(self.corre(cambia), RIFIUTO)
+        self.assertRegex(testo, r"\Ataglie: m: la taglia \d+ è cambiata ")
+
+    def test_il_file_allungato_e_detto_e_le_taglie_sono_quelle_di_prima(self):
+        def cambia(file):
+            with open(file, "ab") as aperto:
+                aperto.write(b"non una taglia\n")
+
+        esito = self.corre(cambia)
+        self.assertEqual(esito.codice, 0)
+        self.assertEqual(esito.errori.decode(), "taglie: m: avviso: è stato modificato durante la "
+                                                "corsa; sono giocate le taglie di prima\n")
+        self.assertEqual(taglie_nel_testo(self.byte("taglie.txt")), 20_000)
+
+    def test_il_file_sostituito_non_conta(self):
+        def cambia(file):
+            file.rename(file.with_name("altro"))
+            file.write_text("niente")
+
+        esito = self.corre(cambia)
+        self.assertEqual((esito.codice, esito.errori), (0, b""))
+        self.assertEqual(taglie_nel_testo(self.byte("taglie.txt")), 20_000)
 
 
 class StessoFile(Prova):

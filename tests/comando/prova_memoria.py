@@ -2,6 +2,7 @@
 
 import os
 import re
+import subprocess
 import time
 import unittest
 from pathlib import Path
@@ -47,7 +48,7 @@ class Memoria(Prova):
         if con_sanificatori():
             self.skipTest("con i sanificatori la memoria liberata resta occupata")
 
-    def picco(self, *argomenti, report, fine):
+    def picco(self, *argomenti, report, fine, **opzioni):
         """Most memory that a run held at any time, in KiB.
 
         The kernel's figure for an ended child would include what the interpreter held when it
@@ -63,14 +64,14 @@ class Memoria(Prova):
                 aperto.seek(max(0, file.stat().st_size - 200))
                 return fine in aperto.read()
 
-        picco = self.picco_alla_scrittura(*argomenti, quando=lambda _: finito())
+        picco = self.picco_alla_scrittura(*argomenti, quando=lambda _: finito(), **opzioni)
         file.unlink()
         return picco
 
-    def picco_alla_scrittura(self, *argomenti, quando):
+    def picco_alla_scrittura(self, *argomenti, quando, **opzioni):
         """The same for a run that is caught when something has come about."""
         with TuboPieno() as tubo:
-            processo = self.avvia(*argomenti, stdout=tubo.scrittore)
+            processo = self.avvia(*argomenti, stdout=tubo.scrittore, **opzioni)
             aspetta(lambda: quando(processo), "la fine del report")
             stato = Path(f"/proc/{processo.pid}/status").read_text()
             self.assertIsNone(processo.poll())
@@ -128,14 +129,25 @@ class Memoria(Prova):
     def test_le_statistiche_in_un_documento_non_prendono_piu_memoria(self):
         self.pari(self.documento(2_000, "-s"), self.documento(40_000, "-s"))
 
-    def test_la_misura_vede_la_memoria_che_cresce(self):
-        # Recorded shoes are held all at once, so that many must show.
-        def picco(n):
-            self.fa(n, "-f", "nessuna", "--salva-mazzi", "m")
-            return self.picco("--mazzi", "m", "-s", report="taglie.txt",
-                              fine=b"Vincite Rosso-Inverso")
+    def picco_dei_mazzi(self, n, *, tubo):
+        self.fa(n, "-f", "nessuna", "--salva-mazzi", "m")
+        come = {"report": "taglie.txt", "fine": b"Vincite Rosso-Inverso"}
+        if not tubo:
+            return self.picco("--mazzi", "m", "-s", **come)
+        with subprocess.Popen(["cat", self.cartella / "m"], stdout=subprocess.PIPE) as gatto:
+            return self.picco("--mazzi", "-", "-s", stdin=gatto.stdout, **come)
 
-        self.assertGreater(picco(8_000) - picco(10), 2 * KIB)
+    def test_un_file_di_tante_taglie_prende_al_massimo_sedici_byte_l_una(self):
+        poche, tante, incertezza = 1_000, 60_000, 200
+        cresce = self.picco_dei_mazzi(tante, tubo=False) - self.picco_dei_mazzi(poche, tubo=False)
+        print(f"{tante - poche} taglie di file in più: {cresce} KiB", flush=True)
+        self.assertGreater(cresce, 0)
+        self.assertLess(cresce, 16 * (tante - poche) // KIB + incertezza)
+
+    def test_la_misura_vede_la_memoria_che_cresce(self):
+        # Shoes from a pipe are held all at once, so that many must show.
+        self.assertGreater(self.picco_dei_mazzi(8_000, tubo=True) -
+                           self.picco_dei_mazzi(10, tubo=True), 2 * KIB)
 
 
 if __name__ == "__main__":

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -139,6 +142,56 @@ TEST(LeggiRighe, UnErroreDellaRigaArrivaAChiChiama)
     });
     ASSERT_TRUE(errore);
     EXPECT_EQ(errore->Motivo(), "mio");
+}
+
+TEST(FileRighe, OgniRigaSiRileggeDalSuoInizio)
+{
+    const CartellaDiProva cartella;
+    const std::string lunga(5000, 'l');
+    std::ofstream(cartella.File("f"), std::ios::binary) << "uno\r\n\n"
+                                                        << lunga << "\nquattro\r\n"
+                                                        << std::string(1999, 'x') << "\r\nfine";
+    FileRighe file(cartella.Nome() + "f", 5000);
+    ASSERT_TRUE(file.Rileggibile());
+    std::vector<std::uint64_t> inizi;
+    Testi testi;
+    ASSERT_TRUE(file.Leggi(
+        [&](std::size_t, std::uint64_t inizio, std::string_view testo) {
+            inizi.push_back(inizio);
+            testi.emplace_back(testo);
+        },
+        Mai));
+    EXPECT_EQ(inizi, (std::vector<std::uint64_t>{0, 5, 6, 5007, 5016, 7017}));
+    ASSERT_EQ(testi.size(), inizi.size());
+    for (std::size_t i = inizi.size(); i-- > 0;) EXPECT_EQ(file.RigaA(inizi[i]), testi[i]) << i;
+    EXPECT_EQ(file.RigaA(1'000'000), "");
+}
+
+TEST(FileRighe, DiUnaRigaDivenutaTroppoLungaSiLeggePoco)
+{
+    const CartellaDiProva cartella;
+    std::ofstream(cartella.File("f")) << "uno\n";
+    FileRighe file(cartella.Nome() + "f", 10);
+    std::ofstream(cartella.File("f")) << std::string(1'000'000, 'x');
+    const std::string riga = file.RigaA(0);
+    EXPECT_GT(riga.size(), 10U);
+    EXPECT_LT(riga.size(), 10'000U);
+}
+
+TEST(FileRighe, SiVedeCheCambia)
+{
+    const CartellaDiProva cartella;
+    std::ofstream(cartella.File("f")) << "uno\n";
+    const FileRighe file(cartella.Nome() + "f", 10);
+    EXPECT_FALSE(file.Cambiato());
+    std::ofstream(cartella.File("f"), std::ios::app) << "due\n";
+    EXPECT_TRUE(file.Cambiato());
+    const FileRighe ancora(cartella.Nome() + "f", 10);
+    EXPECT_FALSE(ancora.Cambiato());
+    // The same length: the time tells.
+    const auto prima = std::filesystem::last_write_time(cartella.File("f"));
+    std::filesystem::last_write_time(cartella.File("f"), prima + std::chrono::seconds(2));
+    EXPECT_TRUE(ancora.Cambiato());
 }
 
 TEST(LeggiFile, DaTuttiIByte)

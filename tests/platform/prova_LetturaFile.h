@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +23,17 @@ using Testi = std::vector<std::string>;
 inline bool Mai()
 {
     return false;
+}
+
+// All lines of a file as numbers and texts, to the end or until fermare says to stop.
+inline bool LeggiRighe(const std::string& percorso, std::size_t massimo,
+                       const std::function<void(std::size_t, std::string_view)>& riga,
+                       const std::function<bool()>& fermare)
+{
+    return FileRighe(percorso, massimo)
+        .Leggi([&riga](std::size_t numero, std::uint64_t,
+                       std::string_view testo) { riga(numero, testo); },
+               fermare);
 }
 
 // The lines of a file; fails the test when their numbers are not 1, 2, 3 and so on.

@@ -69,6 +69,37 @@ TEST(LeggiRighe, UnTrattinoELIngressoStandard)
               Riuscito);
 }
 
+TEST(FileRighe, LIngressoStandardSiRileggeDaDoveStava)
+{
+    const CartellaDiProva cartella;
+    std::ofstream(cartella.File("f")) << "saltata\nuno\ndue";
+    EXPECT_EQ(aiuti::InUnFiglio([&] {
+                  const int aperto = ::open(cartella.File("f").c_str(), O_RDONLY | O_CLOEXEC);
+                  ASSERT_EQ(::dup2(aperto, STDIN_FILENO), STDIN_FILENO);
+                  ASSERT_EQ(::lseek(STDIN_FILENO, 8, SEEK_SET), 8);
+                  FileRighe file("-", 10);
+                  std::vector<std::uint64_t> inizi;
+                  EXPECT_TRUE(file.Leggi([&](std::size_t, std::uint64_t inizio,
+                                             std::string_view) { inizi.push_back(inizio); },
+                                         Mai));
+                  EXPECT_EQ(inizi, (std::vector<std::uint64_t>{8, 12}));
+                  EXPECT_TRUE(file.Rileggibile());
+                  EXPECT_EQ(file.RigaA(8), "uno");
+                  EXPECT_EQ(file.RigaA(12), "due");
+              }),
+              Riuscito);
+}
+
+TEST(FileRighe, UnaFifoNonSiRilegge)
+{
+    const CartellaDiProva cartella;
+    const std::string fifo = cartella.Nome() + "fifo";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    EXPECT_FALSE(FileRighe(fifo, 10).Rileggibile());
+    EXPECT_FALSE(FileRighe(fifo, 10).Cambiato());
+    EXPECT_FALSE(FileRighe("/dev/null", 10).Rileggibile());
+}
+
 TEST(LeggiRighe, UnaFifoSiLeggeFinoAllaFine)
 {
     const CartellaDiProva cartella;
