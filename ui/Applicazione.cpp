@@ -38,6 +38,7 @@ void Applicazione::Proteggi(const std::function<void()>& gestore)
 bool Applicazione::notify(QObject* ricevente, QEvent* evento)
 {
     try {
+        if (m_tasti.Trattiene(ricevente, evento)) return true;
         return QApplication::notify(ricevente, evento);
     } catch (...) {
         Fallisci(ErroreInCorso());

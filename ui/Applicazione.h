@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ErroreRuntime.h"
+#include "TastiRipetuti.h"
 
 #include <QApplication>
 
@@ -18,7 +19,8 @@ public:
     // goes no further, since Qt's own code cleans nothing up on its way.
     static void Proteggi(const std::function<void()>& gestore);
 
-    // Delivers an event. The last resort for an exception that came by another way.
+    // Delivers an event, unless it is a held key's repetition that must press nothing. The last
+    // resort for an exception that came by another way.
     bool notify(QObject* ricevente, QEvent* evento) override;
 
     // Shows one message box about the failure, closes all windows (with their closing steps) and
@@ -42,4 +44,5 @@ public:
 
 private:
     int m_codice = 0;
+    TastiRipetuti m_tasti;
 };

@@ -275,6 +275,30 @@ class Utente(Prova):
         self.assertEqual([v.name for v in finestra.base.iterdir()
                           if v.suffix in (".htm", ".txt", ".pdf")], [])
 
+    def test_un_tasto_tenuto_giu_preme_una_volta_sola(self):
+        finestra = self.avvia().pronta()
+        finestra.tasti("Return") # from the field to the button
+        for quanti, tasto in enumerate(("Return", "space"), 1):
+            self.tieni_giu(tasto)
+            self.aperto(finestra, quanti, "taglie.htm")
+        # A message is not answered by the key that brought it up.
+        finestra.scrivi("51")
+        finestra.tasti("Return")
+        self.tieni_giu("Return")
+        self.assertEqual(len(finestra.finestre()), 2)
+        finestra.tasti("Return")
+        aspetta(lambda: len(finestra.finestre()) == 1, "il limite chiuso")
+        self.assertEqual(len(finestra.aperti()), 2)
+        finestra.chiudi()
+        self.assertEqual(finestra.esito(), 0)
+
+    def tieni_giu(self, tasto):
+        """Holds a key down until the server has repeated it many times over."""
+        self.schermo.fa("xdotool", "keydown", tasto)
+        time.sleep(1.5)
+        self.schermo.fa("xdotool", "keyup", tasto)
+        time.sleep(0.3)
+
     def test_le_lettere_non_arrivano_al_numero(self):
         finestra = self.avvia().pronta()
         finestra.scrivi("ab-c5")
