@@ -7,6 +7,7 @@
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -33,6 +34,19 @@ bool SoloCifre(const QString& testo)
     return std::all_of(testo.begin(), testo.end(), Cifra);
 }
 
+// On X11 these keys insert what is selected anywhere, as the middle button does. A word selected
+// by chance would be no number.
+bool IncollaLaSelezione(const QKeyEvent& evento)
+{
+    constexpr auto insieme = Qt::ControlModifier | Qt::ShiftModifier;
+    return evento.key() == Qt::Key_Insert && (evento.modifiers() & insieme) == insieme;
+}
+
+bool Centrale(QEvent* evento)
+{
+    return static_cast<QMouseEvent*>(evento)->button() == Qt::MiddleButton;
+}
+
 // The window was left or a menu opened: the field keeps its place and its selection.
 bool Passeggero(Qt::FocusReason motivo)
 {
@@ -54,11 +68,14 @@ bool Form1::FiltraNumero(QEvent* evento)
     case QEvent::FocusOut:
         numTaglie_LostFocus(static_cast<QFocusEvent*>(evento)->reason());
         return false;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        return Centrale(evento);
     case QEvent::MouseButtonRelease:
         // The press has put the caret somewhere; a click selects all, dragging selects a part.
         if (m_clicDaFinire && !numTaglie->hasSelectedText()) SelezionaNumero();
         m_clicDaFinire = false;
-        return false;
+        return Centrale(evento);
     default:
         return false;
     }
@@ -68,6 +85,7 @@ bool Form1::FiltraNumero(QEvent* evento)
 bool Form1::numTaglie_KeyPress(QKeyEvent* evento)
 {
     const QString testo = evento->text();
+    if (IncollaLaSelezione(*evento)) return true;
     // Tab backwards gives one character or another, or none, depending on the platform.
     if (testo.isEmpty() || evento->key() == Qt::Key_Backtab) return false;
     if ((evento->modifiers() & Qt::AltModifier) != 0) {

@@ -299,6 +299,20 @@ class Utente(Prova):
         self.schermo.fa("xdotool", "keyup", tasto)
         time.sleep(0.3)
 
+    def test_il_testo_selezionato_altrove_non_arriva_al_numero(self):
+        for testo in ("parola", "9"):
+            finestra = self.avvia().pronta()
+            finestra.scrivi("2")
+            self.schermo.seleziona(testo)
+            finestra.clicca("numTaglie", pulsante=2)
+            finestra.tasti("ctrl+shift+Insert", "ctrl+shift+KP_Insert")
+            finestra.clicca("cmdTaglie")
+            pagina = self.aperto(finestra, 1, "taglie.htm").read_bytes()
+            self.assertIn(b'<a name="2"', pagina)
+            self.assertNotIn(b'<a name="3"', pagina)
+            finestra.chiudi()
+            self.assertEqual(finestra.esito(), 0)
+
     def test_le_lettere_non_arrivano_al_numero(self):
         finestra = self.avvia().pronta()
         finestra.scrivi("ab-c5")

@@ -2,7 +2,7 @@
 
 The environment names what is tested: SCALVINO the program, ARTEFATTI the folder that keeps the
 screenshots, LOCPATH the folder of the locales made for the tests. Needs Xvfb, openbox, xdotool,
-wmctrl and ImageMagick's import.
+wmctrl, xclip and ImageMagick's import.
 """
 
 import mmap
@@ -95,6 +95,11 @@ class Schermo:
     def fa(self, *comando):
         return leggi(*comando, env=self.ambiente)
 
+    def seleziona(self, testo):
+        """Makes this the selected text of the display, as if another program showed it so."""
+        subprocess.run(["xclip", "-selection", "primary"], input=testo.encode(), env=self.ambiente,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
+
     def close(self):
         self.immagine.close()
         for processo in (self.openbox, self.xvfb):
@@ -163,9 +168,10 @@ class Finestra:
         """Brings the window to the front, where others are, too."""
         self.schermo.fa("xdotool", "windowactivate", "--sync", self.id)
 
-    def clicca(self, nome):
+    def clicca(self, nome, pulsante=1):
         x, y = (round(v * self.scala) for v in POSTI[nome])
-        self.schermo.fa("xdotool", "mousemove", "--window", self.id, str(x), str(y), "click", "1")
+        self.schermo.fa("xdotool", "mousemove", "--window", self.id, str(x), str(y), "click",
+                        str(pulsante))
 
     def scosta(self):
         """Takes the pointer off the window, of which it would be seen as a part."""

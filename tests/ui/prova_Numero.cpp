@@ -270,3 +270,24 @@ TEST_F(Finestra, TrascinareTestoNelCampoNonSiPuo)
 {
     EXPECT_FALSE(Numero()->acceptDrops());
 }
+
+// Dropping's siblings on X11: what is selected anywhere, by the middle button or by keys. Whether
+// it really comes in is tried with a display of that kind.
+TEST_F(Finestra, IlPulsanteCentraleNonToccaIlCampo)
+{
+    Scrivi("123");
+    Numero()->setSelection(1, 1);
+    QTest::mouseClick(Numero(), Qt::MiddleButton);
+    EXPECT_EQ(Numero()->selectedText(), QStringLiteral("2"));
+    QTest::mouseDClick(Numero(), Qt::MiddleButton);
+    EXPECT_EQ(Numero()->selectedText(), QStringLiteral("2"));
+    EXPECT_EQ(Numero()->text(), QStringLiteral("123"));
+    // It brings the focus like every click, and then all is chosen.
+    Pulsante("cmdTaglie")->setFocus();
+    QTest::mouseClick(Numero(), Qt::MiddleButton);
+    EXPECT_EQ(finestra->focusWidget(), Numero());
+    EXPECT_EQ(Numero()->selectedText(), QStringLiteral("123"));
+    // The next click puts the caret, as the second one always does.
+    QTest::mouseClick(Numero(), Qt::LeftButton);
+    EXPECT_EQ(Numero()->selectedText(), QString());
+}
