@@ -65,7 +65,8 @@ void Applicazione::Fallisci(const ErroreRuntime& errore)
 {
     if (m_codice != 0) return;
     m_codice = UscitaErrore;
-    MsgBox(activeWindow(), TestoMessaggio(errore), QMessageBox::Critical);
+    MsgBox(activeWindow(), TestoMessaggio(errore) + "\rIl programma si chiude.",
+           QMessageBox::Critical);
     closeAllWindows();
     exit(m_codice);
 }

@@ -23,8 +23,9 @@ public:
     // resort for an exception that came by another way.
     bool notify(QObject* ricevente, QEvent* evento) override;
 
-    // Shows one message box about the failure, closes all windows (with their closing steps) and
-    // leaves the event loop. Later failures are not shown any more: they follow from the first.
+    // Shows one message box about the failure, which also says that the program ends, closes all
+    // windows (with their closing steps) and leaves the event loop. Later failures are not shown
+    // any more: they follow from the first.
     void Fallisci(const ErroreRuntime& errore);
 
     // The failure being handled now, as a run-time error. Call it inside a catch block.

@@ -73,7 +73,7 @@ bool ControllaGuasto(std::size_t forma, std::uint64_t quale)
     EXPECT_EQ(mano.Visti.size(), 1U);
     if (mano.Visti.empty()) return false;
     EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
-    EXPECT_EQ(mano.Visti[0].Testo, "Errore 7: Memoria esaurita.");
+    EXPECT_EQ(mano.Visti[0].Testo, "Errore 7: Memoria esaurita.\nIl programma si chiude.");
     EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Critical);
     EXPECT_EQ(prova.Codice, Applicazione::UscitaErrore);
     EXPECT_TRUE(prova.finestra->Chiusa());

@@ -62,6 +62,14 @@ public:
     SenzaDiritti& operator=(const SenzaDiritti&) = delete;
 };
 
+// A message that ends the program begins with the error and says so at its end.
+void SiChiude(const std::vector<Riquadro>& visti, const std::string& inizio)
+{
+    ASSERT_EQ(visti.size(), 1U);
+    EXPECT_TRUE(visti[0].Testo.starts_with(inizio)) << visti[0].Testo;
+    EXPECT_TRUE(visti[0].Testo.ends_with("\nIl programma si chiude.")) << visti[0].Testo;
+}
+
 // A started library draws, a stopped one does not.
 bool LibreriaAvviata()
 {
@@ -152,6 +160,7 @@ TEST_F(Finestra, UnGuastoNellaPaginaNonFermaGliAltriPassi)
     Risponditore mano;
     EXPECT_EQ(Esegui([this] { finestra->close(); }), 1);
     ASSERT_EQ(mano.Visti.size(), 1U);
+    SiChiude(mano.Visti, "Errore 70: ");
     EXPECT_NE(mano.Visti[0].Testo.find("scalvino.htm"), std::string::npos);
     EXPECT_FALSE(LibreriaAvviata());
     EXPECT_EQ(chiusa.Contenuto(), std::vector<std::string>{"scalvino.htm"});
@@ -290,7 +299,7 @@ TEST_F(Finestra, UnGuastoDelReportFinisceIlProgramma)
     EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
     EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Critical);
     EXPECT_EQ(mano.Visti[0].Pulsanti, std::vector<std::string>{"OK"});
-    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 75: ")) << mano.Visti[0].Testo;
+    SiChiude(mano.Visti, "Errore 75: ");
     EXPECT_NE(mano.Visti[0].Testo.find("taglie.txt"), std::string::npos);
     EXPECT_TRUE(finestra->Chiusa());
     EXPECT_EQ(ambiente.Cartella.Contenuto(), std::vector<std::string>{"taglie.txt"});
@@ -302,8 +311,7 @@ TEST_F(Finestra, UnTestoIncollatoCheNonENumeroFinisceIlProgramma)
     Risponditore mano;
     QApplication::clipboard()->setText(QStringLiteral("dieci"));
     EXPECT_EQ(Esegui([this] { QTest::keyClick(Numero(), Qt::Key_Insert, Qt::ShiftModifier); }), 1);
-    ASSERT_EQ(mano.Visti.size(), 1U);
-    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 13: ")) << mano.Visti[0].Testo;
+    SiChiude(mano.Visti, "Errore 13: ");
     EXPECT_TRUE(finestra->Chiusa());
 }
 
@@ -317,8 +325,7 @@ TEST_F(Finestra, UnGuastoInUnaTagliaFinisceIlProgrammaDopoAverSbloccato)
         modCarte::MescolaMazzo();
     };
     EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
-    ASSERT_EQ(mano.Visti.size(), 1U);
-    EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 7: ")) << mano.Visti[0].Testo;
+    SiChiude(mano.Visti, "Errore 7: ");
     EXPECT_TRUE(finestra->Chiusa());
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
 }

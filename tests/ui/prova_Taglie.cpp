@@ -342,7 +342,8 @@ TEST_F(Finestra, SottoUnoSiDiceESiContinua)
         Clicca("cmdTaglie");
         ASSERT_EQ(mano.Visti.size(), 1U);
         EXPECT_EQ(mano.Visti[0].Titolo, "Scalvino");
-        EXPECT_TRUE(mano.Visti[0].Testo.starts_with("Errore 5: ")) << mano.Visti[0].Testo;
+        EXPECT_EQ(mano.Visti[0].Testo, "Errore 5: Chiamata o valore non validi.\nnumero di taglie\n"
+                                       "deve essere almeno 1");
         EXPECT_EQ(mano.Visti[0].Icona, QMessageBox::Warning);
         EXPECT_EQ(mano.Visti[0].Pulsanti, Nomi{"OK"});
         EXPECT_TRUE(finestra->isVisible());
