@@ -19,6 +19,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 class QInputMethodEvent;
@@ -104,7 +105,7 @@ private:
     int ValoreStat() const;
     std::size_t FormaScelta() const;
     void TrovaCartella(); // error 76 when there is no temporary folder
-    void EseguiReport();
+    std::string EseguiReport();
     void ChiamaReport();
     void MostraStato(std::string_view testo);
     void MostraAvanzamento(std::string_view testo);

@@ -15,6 +15,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <string>
 
 namespace {
 
@@ -47,10 +48,11 @@ public:
     Clessidra& operator=(Clessidra&&) = delete;
 };
 
-// These two say that the request made no sense; the program is as sound as before.
+// These say that the request made no sense; the program is as sound as before.
 bool SoloDaDire(NumeroErrore numero)
 {
-    return numero == NumeroErrore::ChiamataNonValida || numero == NumeroErrore::DivisionePerZero;
+    return numero == NumeroErrore::ChiamataNonValida || numero == NumeroErrore::DivisionePerZero ||
+           numero == NumeroErrore::Overflow;
 }
 
 } // namespace
@@ -99,26 +101,30 @@ void Form1::cmdTaglie_Click()
     m_fermata = false;
     m_ultimoRitocco = 0;
     m_nonRitoccate = 0;
+    std::string rifiuto;
     try {
         AbilitaComandi(Falso);
-        EseguiReport();
+        rifiuto = EseguiReport();
     } catch (...) {
         Restituisci(fuoco);
         throw;
     }
     Restituisci(fuoco);
+    // Only now: behind the message nothing must say that the run goes on.
+    if (!rifiuto.empty() && !m_chiusa) MsgBox(this, rifiuto, QMessageBox::Warning);
 }
 
-// Runs the report behind the hourglass. What the user is only told does not end the program.
-void Form1::EseguiReport()
+// Runs the report behind the hourglass. Returns what the user is to be told and does not end the
+// program; empty when all went well.
+std::string Form1::EseguiReport()
 {
     try {
         const Clessidra clessidra;
         if (!m_chiusa) ChiamaReport();
-        return;
+        return {};
     } catch (const ErroreRuntime& errore) {
         if (!SoloDaDire(errore.Numero())) throw;
-        if (!m_chiusa) MsgBox(this, TestoMessaggio(errore), QMessageBox::Warning);
+        return TestoMessaggio(errore);
     }
 }
 

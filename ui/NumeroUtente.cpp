@@ -3,7 +3,6 @@
 #include "ErroreRuntime.h"
 #include "Numeri.h"
 
-#include <cmath>
 #include <string>
 
 namespace {
@@ -75,7 +74,5 @@ double NumeroUtente(std::string_view testo, const Separatori& separatori)
 {
     const std::string piano = InPiano(SenzaMargini(testo), separatori);
     if (piano.empty()) throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente);
-    const double valore = NumeroIniziale(piano);
-    if (!std::isfinite(valore)) throw ErroreRuntime(NumeroErrore::Overflow);
-    return valore;
+    return NumeroIniziale(piano);
 }

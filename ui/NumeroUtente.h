@@ -7,5 +7,6 @@
 
 // The number that the whole text is: sign, digits with the user's marks and an exponent are
 // understood, blanks around it are not looked at. Marks of thousands may stand between any two
-// digits before the decimal mark. Error 13 when it is no number, error 6 when it is too large.
+// digits before the decimal mark. One too large for a double is infinite. Error 13 when it is no
+// number.
 double NumeroUtente(std::string_view testo, const Separatori& separatori);

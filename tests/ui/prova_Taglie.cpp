@@ -335,8 +335,15 @@ TEST_F(Finestra, EscFermaUnGiroDiStatistiche)
 
 TEST_F(Finestra, SottoUnoSiDiceESiContinua)
 {
+    // The run is over when the message comes: nothing says "wait" any more.
+    const auto finito = [this](QMessageBox&) {
+        EXPECT_EQ(Stato(), "");
+        EXPECT_TRUE(Pulsante("cmdTaglie")->isEnabled());
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    };
     for (const char* testo : {"00", "-5", "0,4"}) {
         Risponditore mano;
+        mano.Guarda = finito;
         Numero()->setText(QString::fromLatin1(testo));
         Scegli(FormaTxt, false);
         Clicca("cmdTaglie");
@@ -355,9 +362,35 @@ TEST_F(Finestra, SottoUnoSiDiceESiContinua)
     }
 }
 
+// Whole numbers end at 2^53, numbers at all some 300 digits later.
+TEST_F(Finestra, TroppeTaglieSiDiconoESiContinua)
+{
+    const std::string tanti(400, '9');
+    for (const auto& testo : {std::string("9007199254740993000"), tanti, std::string("1e999")}) {
+        for (std::size_t forma = 0; forma < NumeroForme; ++forma) {
+            Scegli(forma, true);
+            Risponditore mano(QMessageBox::Yes);
+            Numero()->setText(QString::fromStdString(testo));
+            EXPECT_EQ(Pulsante("cmdTaglie")->text(), QStringLiteral("Simula taglie"));
+            Clicca("cmdTaglie");
+            ASSERT_FALSE(mano.Visti.empty());
+            EXPECT_EQ(mano.Visti.back(), Esclamazione("Errore 6: Overflow.\nnumero di taglie\n"
+                                                      "può essere al massimo 9007199254740992"));
+            EXPECT_TRUE(finestra->isVisible());
+            EXPECT_TRUE(Pulsante("cmdTaglie")->isEnabled());
+            EXPECT_EQ(Numero()->text().toStdString(), testo);
+            EXPECT_EQ(Stato(), "");
+        }
+    }
+    EXPECT_TRUE(ambiente.Aperti.empty());
+    Numero()->setText(QStringLiteral("-1e999"));
+    EXPECT_EQ(Pulsante("cmdTaglie")->text(), QStringLiteral("Simula taglia"));
+}
+
 TEST_F(Finestra, UnaDivisionePerZeroSiDiceESiContinua)
 {
     Risponditore mano;
+    mano.Guarda = [this](QMessageBox&) { EXPECT_EQ(Stato(), ""); };
     // A shoe of which the full text report shows no coup: it cannot be dealt, only pretended.
     Stampe::AmbienteInUso.TagliaFatta = [](std::int64_t) {
         throw ErroreRuntime(NumeroErrore::DivisionePerZero);
