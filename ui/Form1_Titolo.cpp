@@ -2,7 +2,7 @@
 
 #include "Form1.h"
 
-#include "Ambiente.h"
+#include "ErroreRuntime.h"
 #include "Generale.h"
 #include "Testi.h"
 
@@ -69,7 +69,11 @@ void Form1::MostraTitolo()
 
 void Form1::cmdHelp_Click()
 {
-    if (Stampe::AmbienteInUso.Cartella.empty()) return; // like a folder that cannot be written
+    try {
+        TrovaCartella(); // it may have been missing at the start and be there by now
+    } catch (const ErroreRuntime&) {
+        return; // like a folder that cannot be written
+    }
     Generale::ApriRisorsa(Generale::NomeGuida, Generale::PaginaGuida);
 }
 

@@ -6,7 +6,9 @@
 #include "QuoteEsatte.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
+#include <optional>
 
 using namespace aiuti;
 namespace fs = std::filesystem;
@@ -22,6 +24,27 @@ std::string UltimaCella(const std::string& pagina, const std::string& prima)
     const auto cella = riga.rfind("\">");
     return riga.substr(cella + 2, riga.rfind("</td>") - cella - 2);
 }
+
+// The system's temporary folder while this lives.
+class CartellaTemporanea
+{
+public:
+    explicit CartellaTemporanea(const std::string& percorso)
+    {
+        if (const char* prima = std::getenv("TMPDIR")) m_prima = prima;
+        ::setenv("TMPDIR", percorso.c_str(), 1);
+    }
+    ~CartellaTemporanea()
+    {
+        if (m_prima) ::setenv("TMPDIR", m_prima->c_str(), 1);
+        else ::unsetenv("TMPDIR");
+    }
+    CartellaTemporanea(const CartellaTemporanea&) = delete;
+    CartellaTemporanea& operator=(const CartellaTemporanea&) = delete;
+
+private:
+    std::optional<std::string> m_prima;
+};
 
 } // namespace
 
@@ -64,6 +87,7 @@ TEST_F(Finestra, SenzaCartellaNonSuccedeNulla)
 {
     Risponditore mano;
     const CartellaDiProva qui;
+    const CartellaTemporanea nessuna(qui.Nome() + "non/esiste");
     const fs::path prima = fs::current_path();
     fs::current_path(qui.Nome());
     Stampe::AmbienteInUso.Cartella.clear();
@@ -72,6 +96,20 @@ TEST_F(Finestra, SenzaCartellaNonSuccedeNulla)
     EXPECT_TRUE(mano.Visti.empty());
     EXPECT_TRUE(qui.Contenuto().empty());
     fs::current_path(prima);
+}
+
+TEST_F(Finestra, TornataLaCartellaLaGuidaSiApre)
+{
+    const CartellaDiProva qui;
+    const CartellaTemporanea tornera(qui.Nome() + "tmp");
+    Stampe::AmbienteInUso.Cartella.clear();
+    Clicca("cmdHelp");
+    EXPECT_TRUE(ambiente.Aperti.empty());
+    fs::create_directory(qui.Nome() + "tmp");
+    Clicca("cmdHelp");
+    EXPECT_EQ(ambiente.Aperti, std::vector<std::string>{qui.Nome() + "tmp/scalvino.htm"});
+    EXPECT_TRUE(finestra->close());
+    EXPECT_TRUE(fs::is_empty(qui.Nome() + "tmp"));
 }
 
 TEST_F(Finestra, UnaRisorsaCheNonCESiIgnora)
