@@ -67,6 +67,7 @@ bool Form1::Carica()
         MostraTitolo();
     } catch (const ErroreRuntime& errore) {
         if (errore.Numero() != NumeroErrore::FileNonTrovato) return true;
+        ScriviErrore(errore.what()); // the message names a library, not the file that is missing
         MsgBox(nullptr, "La libreria CARDS.DLL non è presente nel sistema.", QMessageBox::Warning);
         return false;
     } catch (const std::exception&) {

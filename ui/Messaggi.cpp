@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 
 namespace {
 
@@ -43,6 +44,28 @@ void TieniLeRighe(const QMessageBox& messaggio)
     etichetta->setMinimumWidth(std::min(larghezza + margine, massima));
 }
 
+// The first letter apart: a reason begins with a small one.
+bool Uguali(std::string_view motivo, std::string_view testo)
+{
+    return InQt(motivo).compare(InQt(testo), Qt::CaseInsensitive) == 0;
+}
+
+constexpr std::string_view NomeComando = "scalvino";
+
+// A terminal could take these for commands, or show the text in another order.
+bool Innocuo(QChar carattere)
+{
+    switch (carattere.category()) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        return true;
+    }
+}
+
 } // namespace
 
 QMessageBox::StandardButton MsgBox(QWidget* padre, std::string_view testo, QMessageBox::Icon icona,
@@ -69,7 +92,17 @@ std::string TestoMessaggio(const ErroreRuntime& errore)
     std::string testo = "Errore " + TestoNumero(static_cast<std::int64_t>(errore.Numero())) + ": " +
                         std::string(errore.Testo()) + ".";
     for (const auto* parte : {&errore.File(), &errore.Motivo()}) {
-        if (!parte->empty()) testo.append("\r").append(*parte);
+        if (!parte->empty() && !Uguali(*parte, errore.Testo())) testo.append("\r").append(*parte);
     }
     return testo;
+}
+
+void ScriviErrore(std::string_view testo)
+{
+    QString riga = InQt(NomeComando) + QStringLiteral(": ") + InQt(testo);
+    for (QChar& carattere : riga) {
+        if (!Innocuo(carattere)) carattere = QLatin1Char('?');
+    }
+    const QByteArray byte = riga.toUtf8() + '\n';
+    std::fwrite(byte.constData(), 1, static_cast<std::size_t>(byte.size()), stderr);
 }

@@ -15,5 +15,11 @@ QMessageBox::StandardButton MsgBox(QWidget* padre, std::string_view testo, QMess
                                    QMessageBox::StandardButtons pulsanti = QMessageBox::Ok,
                                    std::string_view titolo = NomeProgramma);
 
-// The number and the text of a run-time error, with file and reason where there is one.
+// The number and the text of a run-time error, with file and reason where there is one. A reason
+// that says the same as the text is left out.
 std::string TestoMessaggio(const ErroreRuntime& errore);
+
+// Writes "scalvino: ", the text (UTF-8) and a line end to standard error, for whoever started the
+// program from a terminal. Control and format characters become "?", bytes that are no UTF-8 the
+// replacement character. A line that cannot be written is lost.
+void ScriviErrore(std::string_view testo);

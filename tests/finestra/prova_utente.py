@@ -228,10 +228,15 @@ class Utente(Prova):
         self.assertEqual(finestra.esito(), 0)
 
     def test_senza_le_carte_il_programma_finisce(self):
-        cartella = Path(tempfile.mkdtemp(prefix="senza-carte."))
+        cartella = Path(tempfile.mkdtemp(prefix="senza\x1b[2J-carte."))
         self.addCleanup(shutil.rmtree, cartella)
         shutil.copy2(SCALVINO, cartella / "scalvino")
-        for byte in (None, b"", SCALVINO.with_name("carte.svg").read_bytes()[:100000]):
+        intero = SCALVINO.with_name("carte.svg").read_bytes()
+        for byte, detto in ((None, "../share/scalvino/carte.svg: non si può leggere"),
+                            (b"", "carte.svg: è danneggiato"),
+                            (intero[:100000], "carte.svg: è danneggiato"),
+                            (intero.replace(b'"carta7"', b'"altra"'),
+                             "carte.svg: manca qualche carta")):
             if byte is not None:
                 (cartella / "carte.svg").write_bytes(byte)
             finestra = self.avvia(1, cartella / "scalvino")
@@ -242,6 +247,8 @@ class Utente(Prova):
             finestra.fotografa("senza-carte", id=riquadro)
             self.schermo.fa("xdotool", "windowactivate", "--sync", riquadro, "key", "Return")
             self.assertEqual(finestra.esito(), 1)
+            detto = f"scalvino: {cartella}/{detto}\n".replace("\x1b", "?")
+            self.assertEqual((finestra.base / "errori").read_text(encoding="utf-8"), detto)
             # No closing steps.
             self.assertTrue((finestra.cartella / "taglie.txt").exists())
 

@@ -370,6 +370,17 @@ TEST_F(Finestra, DiDueGuastiSiDiceIlPrimo)
     fs::permissions(chiusa.Nome(), fs::perms::owner_all);
 }
 
+// Some reasons are the error's own text in small letters.
+TEST(Errori, IlMessaggioNonDiceNullaDueVolte)
+{
+    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::PermessoNegato, "permesso negato", "/x")),
+              "Errore 70: Permesso negato.\r/x");
+    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::MemoriaEsaurita, "memoria esaurita")),
+              "Errore 7: Memoria esaurita.");
+    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::PermessoNegato, "permesso", "/x")),
+              "Errore 70: Permesso negato.\r/x\rpermesso");
+}
+
 TEST(Errori, IlMessaggioDiceNumeroTestoFileEMotivo)
 {
     EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::TipoNonCorrispondente)),
