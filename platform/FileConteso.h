@@ -6,9 +6,9 @@
 // True when there is any directory entry of this name (a link counts itself).
 bool VoceTrovata(const std::string& percorso);
 
-// True when the file cannot be had for this program alone: opening it for reading fails, or
-// somebody else has it open. Never waits, and leaves no trace on the file. Windows: an opening
-// that shares nothing. Linux: a write lease on a read-only descriptor, which the kernel grants
-// only while nobody else has the file open (fcntl(2), F_SETLEASE); where leases cannot be had
-// (another owner, a file system without them) the file counts as free.
+// True when somebody else holds the file. Never waits, never follows a link, and leaves no trace on
+// the file. Windows: an opening that shares nothing fails.
+// Linux: a write lease on a read-only descriptor, which the kernel grants only while nobody else
+// has the file open (fcntl(2), F_SETLEASE). What cannot be asked (a link, no right to read, another
+// owner, a file system without leases) counts as free: whoever replaces it then finds out.
 bool FileOccupato(const std::string& percorso);

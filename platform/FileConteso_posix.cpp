@@ -15,6 +15,13 @@ bool VoceTrovata(const std::string& percorso)
 
 namespace {
 
+// Whether a system call failed because somebody holds the file: has it open, holds a lease of it
+// (one would have to wait), uses it as a disk or runs it.
+bool Tenuto(int motivo)
+{
+    return motivo == EAGAIN || motivo == EBUSY || motivo == ETXTBSY;
+}
+
 #ifdef F_SETLEASE
 
 // An opening by somebody else while the lease is held would raise SIGIO, which ends a program.
@@ -38,7 +45,7 @@ private:
 bool ApertoDaAltri(int descrittore)
 {
     const SenzaSigio guardia;
-    if (::fcntl(descrittore, F_SETLEASE, F_WRLCK) != 0) return errno == EAGAIN;
+    if (::fcntl(descrittore, F_SETLEASE, F_WRLCK) != 0) return Tenuto(errno);
     ::fcntl(descrittore, F_SETLEASE, F_UNLCK);
     return false;
 }
@@ -56,8 +63,9 @@ bool ApertoDaAltri(int /*descrittore*/)
 
 bool FileOccupato(const std::string& percorso)
 {
-    const int descrittore = ::open(percorso.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descrittore < 0) return true;
+    const int descrittore =
+        ::open(percorso.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+    if (descrittore < 0) return Tenuto(errno);
     const bool occupato = ApertoDaAltri(descrittore);
     ::close(descrittore);
     return occupato;

@@ -10,14 +10,22 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <string>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#ifdef __linux__
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#endif
 
 using aiuti::CartellaDiProva;
 using aiuti::Riuscito;
@@ -86,6 +94,24 @@ std::function<void()> Apre(const std::string& percorso, int modo)
 }
 
 void NonFareNulla(int /*segnale*/) {}
+
+// From now on this process opens nothing any more: the kernel answers with motivo.
+void NonAprirePiu(int motivo)
+{
+#ifdef __linux__
+    const auto risposta = SECCOMP_RET_ERRNO | static_cast<unsigned>(motivo);
+    sock_filter passi[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, risposta),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog filtro = {std::size(passi), passi};
+    ASSERT_EQ(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), 0);
+    if (::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filtro) == 0) return;
+#endif
+    aiuti::EsciImpossibile();
+}
 
 #define SALTA_SE_NON_SI_PUO_SAPERE(file)                                                           \
     if (!(file).SiPuoSapere()) GTEST_SKIP() << "no leases on this file system"
@@ -156,10 +182,8 @@ TEST(FileOccupato, ApertoConUnAltroNomeSi)
     const FileDiProva file;
     SALTA_SE_NON_SI_PUO_SAPERE(file);
     fs::create_hard_link(file.Nome(), file.Nome() + "2");
-    fs::create_symlink(file.Nome(), file.Nome() + "3");
     const Altro altro(Apre(file.Nome() + "2", O_RDONLY));
     EXPECT_TRUE(FileOccupato(file.Nome()));
-    EXPECT_TRUE(FileOccupato(file.Nome() + "3")); // the file behind a link counts
 }
 
 TEST(FileOccupato, DopoLaDomandaGliAltriNonAspettano)
@@ -228,7 +252,21 @@ TEST(FileOccupato, IlFileDiUnAltroUtenteELibero)
               Riuscito);
 }
 
-TEST(FileOccupato, CioCheNonSiPuoLeggereSi)
+TEST(FileOccupato, UnCollegamentoNonSiSegue)
+{
+    const FileDiProva file;
+    SALTA_SE_NON_SI_PUO_SAPERE(file);
+    fs::create_symlink(file.Nome(), file.Nome() + "2");
+    fs::create_symlink("nulla", file.Nome() + "penzolante");
+    fs::create_symlink("anello", fs::path(file.Nome()).parent_path() / "anello");
+    const Altro altro(Apre(file.Nome(), O_RDWR));
+    ASSERT_TRUE(FileOccupato(file.Nome()));
+    EXPECT_FALSE(FileOccupato(file.Nome() + "2")); // the file behind it is another one
+    EXPECT_FALSE(FileOccupato(file.Nome() + "penzolante"));
+    EXPECT_FALSE(FileOccupato((fs::path(file.Nome()).parent_path() / "anello").string()));
+}
+
+TEST(FileOccupato, CioCheNonSiPuoLeggereNo)
 {
     const FileDiProva file;
     if (aiuti::SonoRadice()) aiuti::Affida(file.Nome(), aiuti::Nessuno);
@@ -237,10 +275,26 @@ TEST(FileOccupato, CioCheNonSiPuoLeggereSi)
                   ASSERT_EQ(aiuti::Padrone(file.Nome()), ::geteuid());
                   ASSERT_EQ(::open(file.Nome().c_str(), O_RDONLY), -1);
                   ASSERT_EQ(errno, EACCES);
-                  EXPECT_TRUE(FileOccupato(file.Nome()));
+                  EXPECT_FALSE(FileOccupato(file.Nome()));
               }),
               Riuscito);
-    EXPECT_TRUE(FileOccupato(file.Nome() + "assente"));
+    EXPECT_FALSE(FileOccupato(file.Nome() + "assente"));
+}
+
+TEST(FileOccupato, DiUnAperturaFallitaContaIlMotivo)
+{
+    const FileDiProva file;
+    for (const int motivo : {EAGAIN, EBUSY, ETXTBSY, EACCES, ELOOP, ENOENT, EMFILE, EIO}) {
+        const bool tenuto = motivo == EAGAIN || motivo == EBUSY || motivo == ETXTBSY;
+        const int esito = aiuti::InUnFiglio([&] {
+            NonAprirePiu(motivo);
+            ASSERT_EQ(::open(file.Nome().c_str(), O_RDONLY), -1);
+            ASSERT_EQ(errno, motivo);
+            EXPECT_EQ(FileOccupato(file.Nome()), tenuto) << motivo;
+        });
+        if (esito == aiuti::Impossibile) GTEST_SKIP() << "no filter of system calls here";
+        EXPECT_EQ(esito, Riuscito) << motivo;
+    }
 }
 
 TEST(FileOccupato, UnaFifoNonFermaNessuno)

@@ -3,10 +3,13 @@
 #include "FileInUso.h"
 
 #include "Aiuti.h"
+#include "LettoreDiFile.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <string>
 
 using namespace FileInUso;
 using aiuti::AmbienteDiProva;
@@ -18,9 +21,15 @@ TEST(FileTrovato, VeroAnchePerUnCollegamentoPenzolante)
     EXPECT_EQ(FileTrovato(prova.Cartella.Nome() + "penzolante"), -1);
 }
 
-TEST(FileAperto, UnCollegamentoPenzolanteETenuto)
+TEST(FileAperto, UnCollegamentoELiberoOvunqueConduca)
 {
     const AmbienteDiProva prova;
-    std::filesystem::create_symlink("nulla", prova.Cartella.File("taglie.txt"));
-    EXPECT_EQ(FileAperto(prova.Cartella.Nome() + "taglie.txt"), -1); // there, but not to be had
+    const std::string report = prova.Cartella.Nome() + "taglie.txt";
+    std::ofstream(prova.Cartella.File("altro")) << "testo";
+    const aiuti::LettoreDiFile tenuto(prova.Cartella.Nome() + "altro");
+    for (const char* bersaglio : {"altro", "nulla", "taglie.txt", "/dev/null", "."}) {
+        std::filesystem::create_symlink(bersaglio, report);
+        EXPECT_EQ(FileAperto(report), 0) << bersaglio;
+        std::filesystem::remove(report);
+    }
 }
