@@ -2,6 +2,7 @@
 
 #include "ApriConShell.h"
 #include "Calendario.h"
+#include "FileNuovo.h"
 #include "Percorsi.h"
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
@@ -160,6 +161,7 @@ std::string clsPDFCreator::BeginDoc(const std::string& FileName)
 {
     m->Out.Close();
     std::string name = FileName.empty() ? m->UnnamedFile() : FileName;
+    PretendiNonSpeciale(name);
     const std::string info = m->InfoText(); // an error in it must not cost the file there is
     m->Out.Open(name);
     try {

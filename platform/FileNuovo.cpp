@@ -1,8 +1,19 @@
 #include "FileNuovo.h"
 
 #include "ErroreSistema.h"
+#include "Percorsi.h"
 
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+void TogliCollegamento(const std::string& percorso)
+{
+    std::error_code errore;
+    const bool collegamento = std::filesystem::is_symlink(percorsi::Cammino(percorso), errore);
+    PretendiMemoria(errore);
+    if (collegamento) TogliFile(percorso);
+}
 
 void ScriviSuDescrittore(int descrittore, std::string_view byte, const std::string& nome)
 {

@@ -13,12 +13,21 @@
 // removed; a folder, a FIFO, a device or anything of another user is an error and stays.
 void TogliFile(const std::string& percorso);
 
+// TogliFile for a symbolic link; anything else that stands there stays.
+void TogliCollegamento(const std::string& percorso);
+
 // The error that TogliFile would raise about percorso, without touching anything.
 void PretendiSostituibile(const std::string& percorso);
 
 // The error that creating percorso anew would raise, as far as it shows without touching anything:
 // that of TogliFile, or of a folder that takes no new entry.
 void PretendiCreabile(const std::string& percorso);
+
+// An error when percorso is a link that leads to a device, a pipe or a socket, or to whatever this
+// process has open (/dev/stdout): for names that come from outside, where such a link is meant and
+// not planted, and replacing it would take it away from everybody. Any other entry, or none, is no
+// error; nothing is touched or opened.
+void PretendiNonSpeciale(const std::string& percorso);
 
 // True when percorso names an ordinary file: no folder, device, hidden or system entry. A link
 // counts as what it leads to. False on any error.

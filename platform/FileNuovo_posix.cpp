@@ -4,11 +4,16 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#ifdef __linux__
+#include <linux/magic.h>
+#include <sys/vfs.h>
+#endif
 
 namespace {
 
@@ -77,6 +82,47 @@ void TogliFile(const std::string& percorso)
 {
     if (!DaTogliere(percorso)) return;
     if (::unlink(percorso.c_str()) != 0 && errno != ENOENT) throw ErroreSistema(errno, percorso);
+}
+
+namespace {
+
+// What stat(2) finds behind the name: also the nameless things of the kernel that have no kind.
+bool ConduceAUnoSpeciale(const std::string& percorso)
+{
+    struct stat voce = {};
+    return ::stat(percorso.c_str(), &voce) == 0 && !S_ISREG(voce.st_mode) && !S_ISDIR(voce.st_mode);
+}
+
+// Whether the name, or one it leads to, is the kernel's name of something open: what is behind
+// /dev/stdout may be a plain file, and the link is the whole system's all the same.
+bool ConduceAUnoAperto([[maybe_unused]] std::filesystem::path nome)
+{
+#ifdef PROC_SUPER_MAGIC
+    constexpr int massimo = 40; // links that the kernel itself follows in a row
+    for (int passo = 0; passo < massimo; ++passo) {
+        const auto cartella = nome.parent_path();
+        struct statfs disco = {};
+        if (::statfs(cartella.empty() ? "." : cartella.c_str(), &disco) != 0) return false;
+        if (disco.f_type == PROC_SUPER_MAGIC) return true;
+        std::error_code errore;
+        const auto bersaglio = std::filesystem::read_symlink(nome, errore);
+        PretendiMemoria(errore);
+        if (errore) return false;
+        nome = cartella / bersaglio;
+    }
+#endif
+    return false;
+}
+
+} // namespace
+
+void PretendiNonSpeciale(const std::string& percorso)
+{
+    struct stat voce = {};
+    if (::lstat(percorso.c_str(), &voce) != 0 || !S_ISLNK(voce.st_mode)) return;
+    if (!ConduceAUnoSpeciale(percorso) && !ConduceAUnoAperto(percorso)) return;
+    throw ErroreRuntime(NumeroErrore::AccessoAlFile,
+                        "è un collegamento a qualcosa che non è un file ordinario", percorso);
 }
 
 bool FileOrdinario(const std::string& percorso)

@@ -59,6 +59,9 @@ void TogliFile(const std::string& percorso)
     if (::_unlink(percorso.c_str()) != 0 && errno != ENOENT) throw ErroreSistema(errno, percorso);
 }
 
+// The names of devices stand in no folder here, so that no link is known to lead to one.
+void PretendiNonSpeciale(const std::string& /*percorso*/) {}
+
 bool FileOrdinario(const std::string& percorso)
 {
     const DWORD attributi = GetFileAttributesA(percorso.c_str());

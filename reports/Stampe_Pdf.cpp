@@ -81,6 +81,9 @@ public:
         Pdf.Orientation(0);
         Pdf.PDFReader(0);
         std::string nome = m_percorso; // all memory is taken before there is a file
+        // The writer refuses a link to a device as one that its caller means. Nobody chose the name
+        // of a report: any link there is a stray one.
+        TogliCollegamento(m_percorso);
         Pdf.BeginDoc(m_percorso);
         m_file.Segna(std::move(nome));
     }
