@@ -14,6 +14,7 @@
 #include "Percorsi.h"
 #include "RigaErrore.h"
 #include "Segnali.h"
+#include "SpazioPdf.h"
 #include "Stampe.h"
 #include "SuperficieTesto.h"
 #include "modCarte.h"
@@ -289,6 +290,15 @@ std::optional<Stampe::TotaliReport> FaiReport(Lavoro& lavoro)
     }
 }
 
+// Also before the files of the shoes and the coups are replaced.
+void PretendiSpazio(const Lavoro& lavoro)
+{
+    const bool pdf = lavoro.opzioni.FormaReport == Forma::Pdf;
+    if (pdf && lavoro.opzioni.Piena()) {
+        Stampe::PretendiSpazioPdf(static_cast<double>(lavoro.taglie));
+    }
+}
+
 bool MostraAvanzamento(const Opzioni& opzioni)
 {
     if (opzioni.Quieto || opzioni.Avanzamento == Avviso::Mai) return false;
@@ -330,9 +340,10 @@ void Esegui(const Opzioni& opzioni)
     RifiutaFileDoppi(opzioni, percorso);
     ImpostaTaglie(lavoro);
     PretendiScrivibili(opzioni, percorso);
+    ImpostaAmbiente(lavoro, cartella);
+    PretendiSpazio(lavoro);
     if (lavoro.mazzi) AvvisaRipetizioni(*lavoro.mazzi);
     ApriFile(lavoro);
-    ImpostaAmbiente(lavoro, cartella);
 
     const auto totali = FaiReport(lavoro);
     ChiudiFile(lavoro);

@@ -184,7 +184,7 @@ std::size_t clsPDFCreator::State::FindFont(FontRequest& request) const
 
 std::size_t clsPDFCreator::State::AddStandardFont(FontRequest& request)
 {
-    pdf::prRequireRoom(static_cast<std::int32_t>(Fonts.size()), "caratteri");
+    pdf::prRequireRoom(static_cast<std::int32_t>(Fonts.size()), "tipi di carattere");
     Fonts.push_back(request.Standard);
     if (std::exchange(request.Added, true)) return Fonts.size();
     // A key belongs to the first font that has it.
@@ -217,7 +217,7 @@ double clsPDFCreator::State::TextWidth(std::string_view text) const
 
 void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontName, bool Embed)
 {
-    pdf::prRequireRoom(static_cast<std::int32_t>(m->Fonts.size()), "caratteri");
+    pdf::prRequireRoom(static_cast<std::int32_t>(m->Fonts.size()), "tipi di carattere");
     const std::string bytes = LeggiFile(FileName, pdf::LargestInput);
     auto font = std::make_unique<State::TrueType>();
     font->File = pdf::ReadTrueType(bytes, FileName);

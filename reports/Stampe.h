@@ -44,7 +44,9 @@ std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
                                             const EtichettaStato& etichettaStato);
 
 // The same two as a page for each shoe and one of general statistics, "taglie.pdf". When another
-// program holds the file the user is told and nothing is done: nothing is returned.
+// program holds the file the user is told and nothing is done: nothing is returned. Error 6 for
+// more shoes than a full report can hold, before any file is touched where no cards could change it
+// (SpazioPdf.h).
 std::optional<TotaliReport> StampaPdf(double numeroTaglie);
 std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
                                            const EtichettaStato& etichettaStato);

@@ -9,6 +9,7 @@
 #include "FileNuovo.h"
 #include "FormatiNumero.h"
 #include "Numeri.h"
+#include "SpazioPdf.h"
 #include "Stampe.h"
 #include "clsPDFCreator.h"
 
@@ -327,18 +328,18 @@ std::string_view SemeSymbol(std::string_view carta)
     }
 }
 
-std::optional<TotaliReport> StampaPdf(double numeroTaglie)
+namespace {
+
+std::optional<TotaliReport> ScriviPieno(double numeroTaglie)
 {
     constexpr float titoloTaglia = 1.3F;
     constexpr float titoloGenerali = 2;
-    const std::int64_t taglie = TaglieDaFare(numeroTaglie);
-    if (InUso()) return std::nullopt;
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
     Documento documento;
     auto& pdf = documento.Pdf;
 
     const auto totali = EseguiPiene(
-        taglie,
+        TaglieDaFare(numeroTaglie),
         [&](std::int64_t taglia, const CifreTaglia& cifre) {
             CorpoTaglia(pdf, taglia, numeroTaglie, cifre, separatori);
         },
@@ -353,6 +354,22 @@ std::optional<TotaliReport> StampaPdf(double numeroTaglie)
     }
     documento.Finisci();
     return totali;
+}
+
+} // namespace
+
+std::optional<TotaliReport> StampaPdf(double numeroTaglie)
+{
+    PretendiPdfPossibile(numeroTaglie);
+    if (InUso()) return std::nullopt;
+    try {
+        return ScriviPieno(numeroTaglie);
+    } catch (const ErroreRuntime& errore) {
+        // The writer tells which of its own limits was met; the user counts shoes.
+        const bool limite = errore.Numero() == NumeroErrore::Overflow;
+        if (limite && errore.File() == "clsPDFCreator") TroppePerUnPdf();
+        throw;
+    }
 }
 
 std::optional<TotaliReport> StatistichePdf(double numeroTaglie,

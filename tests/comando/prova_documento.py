@@ -6,7 +6,7 @@ import re
 import resource
 import unittest
 
-from aiuti import GOLDEN, RIFIUTO, SCRITTURA, Prova, ambiente
+from aiuti import FATTO, GOLDEN, RIFIUTO, SCRITTURA, Prova, ambiente
 
 FISSO = ambiente(SOURCE_DATE_EPOCH="1767323045")
 
@@ -59,20 +59,55 @@ class Documento(Prova):
         self.assertEqual(caratteri(unici), 4)
         self.assertLess(len(unici), len(tanti) * 0.75)
 
-    def test_un_carattere_di_troppo_e_un_rifiuto_che_non_lascia_niente(self):
-        for taglie in [100, 1000]:
+    def rifiuta_senza_toccare(self, *argomenti):
+        """More shoes than fit: told with how many do, and whatever is there stays as it is."""
+        vecchi = {nome: b"vecchio " + nome.encode() for nome in ("taglie.pdf", "m.txt", "c.txt")}
+        for nome, byte in vecchi.items():
+            (self.cartella / nome).write_bytes(byte)
+        esito = self.taglie("-f", "pdf", "--salva-mazzi", "m.txt", "--colpi", "c.txt", *argomenti)
+        self.errore(esito, RIFIUTO, f"taglie: {self.cartella / 'taglie.pdf'}: ", "circa 82",
+                    "--caratteri-unici 8187")
+        for nome, byte in vecchi.items():
+            self.assertEqual(self.byte(nome), byte)
+            (self.cartella / nome).unlink()
+        self.assertEqual(self.contenuto(), [])
+
+    def test_troppe_taglie_si_rifiutano_prima_di_toccare_qualcosa(self):
+        for taglie in ["95", "100", "1000", "32768", str(10**15), str(2**53)]:
             with self.subTest(taglie=taglie):
-                esito = self.taglie("-f", "pdf", taglie, "--seme", "1")
-                self.errore(esito, RIFIUTO, "al massimo 32767 ")
-                self.assertEqual(self.contenuto(), [])
+                self.rifiuta_senza_toccare(taglie)
+        for taglie in ["8188", "9000", "32768", str(2**53)]:
+            with self.subTest(taglie=taglie):
+                self.rifiuta_senza_toccare(taglie, "--caratteri-unici")
+
+    def test_dove_dipende_dalle_carte_si_contano_prima(self):
+        entra = 79
+        while self.taglie("-f", "pdf", entra + 1, "--seme", "1").codice == FATTO:
+            entra += 1
+        self.assertIn(entra, range(81, 85))
+        self.assertEqual(pagine(self.fa_pdf(entra, "--seme", "1")), entra + 1)
+        (self.cartella / "taglie.pdf").unlink()
+        self.rifiuta_senza_toccare(entra + 1, "--seme", "1")
+        self.rifiuta_senza_toccare("88")  # of shuffled cards, too
+
+    def test_le_taglie_contate_prima_sono_quelle_scritte(self):
+        self.fa("-f", "pdf", "80", "--seme", "9", "--salva-mazzi", "m.txt", "--colpi", "c.txt",
+                env=FISSO)
+        documento, mazzi, colpi = map(self.byte, ("taglie.pdf", "m.txt", "c.txt"))
+        self.fa("-f", "pdf", "--mazzi", "m.txt", "--colpi", "c.txt", env=FISSO)
+        self.assertEqual((self.byte("taglie.pdf"), self.byte("c.txt")), (documento, colpi))
+        self.fa("80", "--seme", "9", "--salva-mazzi", "m.txt", "--colpi", "c.txt")
+        self.assertEqual((self.byte("m.txt"), self.byte("c.txt")), (mazzi, colpi))
+        self.fa("-f", "pdf", "80", "--salva-mazzi", "m.txt")  # of shuffled cards
+        primo = self.byte("m.txt")
+        self.fa("--mazzi", "m.txt", "-f", "pdf", "--salva-mazzi", "m2.txt")
+        self.assertEqual(self.byte("m2.txt"), primo)
 
     def test_coi_caratteri_unici_ci_stanno_molte_piu_taglie(self):
         self.assertEqual(pagine(self.fa_pdf("1000", "--caratteri-unici")), 1001)
 
-    def test_una_pagina_di_troppo_e_un_rifiuto_che_non_lascia_niente(self):
-        self.errore(self.taglie("-f", "pdf", "9000", "--caratteri-unici"), RIFIUTO,
-                    "al massimo 32767 oggetti")
-        self.assertEqual(self.contenuto(), [])
+    def test_coi_caratteri_unici_ne_entrano_8187(self):
+        self.assertEqual(pagine(self.fa_pdf("8187", "--caratteri-unici")), 8188)
 
     def test_il_documento_in_uso_resta_com_e(self):
         file = self.cartella / "taglie.pdf"

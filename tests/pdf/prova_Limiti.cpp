@@ -148,7 +148,7 @@ TEST(Limiti, IlTrentaduemilasettecentosessantottesimoCarattere)
     clsPDFCreator pdf;
     for (int i = 0; i < Massimo; ++i) pdf.SetFont("Times New Roman", 10);
     EXPECT_FLOAT_EQ(pdf.TextLength("W"), 9.44F);
-    Troppi(ErroreDi([&pdf] { pdf.SetFont("Courier New", 20, 4); }), "caratteri");
+    Troppi(ErroreDi([&pdf] { pdf.SetFont("Courier New", 20, 4); }), "tipi di carattere");
     // The present one stays, with its size.
     EXPECT_FLOAT_EQ(pdf.TextLength("W"), 9.44F);
     EXPECT_EQ(pdf.TextHeight(), 10);
