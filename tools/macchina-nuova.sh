@@ -300,14 +300,19 @@ due_volte() {
 }
 
 # ./run.sh where there is a display: the window must show, and a polite request must end it with 0.
-# Run by bash inside the tree. What ./test.sh has installed there shows it.
+# Run by bash inside the tree. What ./test.sh has installed there shows it. Xvfb takes a free number
+# and tells it once it answers; it is gone before this ends.
 # shellcheck disable=SC2016
 mostra_finestra='
     set -e
-    Xvfb :97 -screen 0 1024x768x24 -nolisten tcp &
+    canale=$(mktemp -d)/numero
+    mkfifo "$canale"
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$canale" &
     schermo=$!
-    trap "kill $schermo" EXIT
-    export DISPLAY=:97
+    trap "kill $schermo; wait $schermo || true" EXIT
+    read -r numero <"$canale"
+    rm -r "${canale%/*}"
+    export DISPLAY=:$numero
     ./run.sh &
     avvio=$!
     until xdotool search --onlyvisible --name "^Scalvino$"; do
