@@ -267,14 +267,20 @@ class Lettori(unittest.TestCase):
         self.assertIn(pezzo, esito.stderr)
 
     def test_senza_pdf_niente_e_provato(self):
-        self.uso(self.avvia(), "PDF trovati: 0, almeno 1")
+        self.uso(self.avvia("--almeno", "1"), "PDF trovati: 0, almeno 1")
+        for cartella in [self.cartella, self.cartella / "altrove"]:
+            with self.subTest(cartella=cartella):
+                esito = self.avvia(cartella)
+                self.assertEqual((esito.returncode, esito.stderr), (lettori.SALTATO, ""))
+                self.assertEqual(esito.stdout, "no documents: run the tests that make them\n")
 
     def test_meno_pdf_di_quelli_promessi(self):
         self.scrivi("uno.pdf", componi(oggetti()))
         self.uso(self.avvia("--almeno", "2"), "PDF trovati: 1, almeno 2")
 
-    def test_una_cartella_che_non_c_e(self):
-        self.uso(self.avvia(self.cartella / "altrove"), "altrove non c'è")
+    def test_un_file_che_non_c_e(self):
+        self.uso(self.avvia(self.cartella / "altrove.pdf"), "altrove.pdf non c'è")
+        self.uso(self.avvia("--almeno", "1", self.cartella / "altrove"), "PDF trovati: 0")
 
     def test_un_file_accanto_a_niente_o_vuoto(self):
         self.scrivi("uno.pdf", componi(oggetti()))
