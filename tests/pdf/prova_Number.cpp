@@ -117,11 +117,82 @@ TEST(PrAppendNumber, ComeLaDivisionePerMilleDiUnIntero)
     }
 }
 
+// A whole number of thousandths as it must be written.
+std::string Atteso(std::int64_t millesimi)
+{
+    std::string testo = std::to_string(std::abs(millesimi));
+    if (testo.size() < 4) testo.insert(0, 4 - testo.size(), '0');
+    testo.insert(testo.size() - 3, 1, '.');
+    testo.erase(testo.find_last_not_of('0') + 1);
+    if (testo.back() == '.') testo.pop_back();
+    return (millesimi < 0 ? "-" : "") + testo;
+}
+
+TEST(PrAppendNumber, AiDueLatiDiOgniLimite)
+{
+    // A million ends the quick way; 2^31 and 2^32 thousandths no longer fit 32 bits.
+    constexpr std::int64_t limiti[] = {1000,
+                                       10'000,
+                                       100'000,
+                                       1'000'000,
+                                       1'000'000'000,
+                                       2'147'483'648,
+                                       4'000'000'000,
+                                       4'294'967'296,
+                                       8'589'934'592,
+                                       1'000'000'000'000,
+                                       9'000'000'000'000};
+    for (const std::int64_t limite : limiti) {
+        for (std::int64_t scarto = -1001; scarto <= 1001; ++scarto) {
+            for (const std::int64_t millesimi : {limite + scarto, -limite - scarto}) {
+                const double valore = static_cast<double>(millesimi) / 1000;
+                ASSERT_EQ(InMillesimi(valore), Atteso(millesimi));
+                ASSERT_EQ(prNumber(valore, 3), Atteso(millesimi));
+            }
+        }
+    }
+}
+
+TEST(PrAppendNumber, LeMetaAiDueLatiDelLimite)
+{
+    // Sixteenths are exact in both; 62.5 and 187.5 thousandths go to the even one.
+    for (const double intero : {999'999.0, 1'000'000.0, 2'147'483.0, 4'294'967.0, 1e9}) {
+        const std::string testo = std::to_string(static_cast<std::int64_t>(intero));
+        EXPECT_EQ(InMillesimi(intero + 0.0625), testo + ".062");
+        EXPECT_EQ(InMillesimi(intero + 0.1875), testo + ".188");
+        EXPECT_EQ(InMillesimi(-intero - 0.0625), "-" + testo + ".062");
+    }
+}
+
+TEST(PrAppendNumber, GrandiQuantoUnInteroEOltre)
+{
+    // Beyond 9e15 the thousandths no longer fit 64 bits, and no fraction is left.
+    for (const std::int64_t intero :
+         {8'900'000'000'000'000, 9'000'000'000'000'000, 9'100'000'000'000'000,
+          9'300'000'000'000'000, 10'000'000'000'000'000, 36'000'000'000'000'000}) {
+        EXPECT_EQ(InMillesimi(static_cast<double>(intero)), std::to_string(intero));
+        EXPECT_EQ(InMillesimi(static_cast<double>(-intero)), std::to_string(-intero));
+        EXPECT_EQ(prNumber(static_cast<double>(intero), 3), std::to_string(intero));
+        EXPECT_EQ(prNumber(static_cast<double>(-intero), 0), std::to_string(-intero));
+    }
+    EXPECT_EQ(prNumber(8.9e18, 0), "8900000000000000000");
+    EXPECT_EQ(prNumber(1e19, 0), "10000000000000000000");
+    EXPECT_EQ(prNumber(-3e19, 0), "-30000000000000000000");
+    EXPECT_EQ(prNumber(8.5e9, 9), "8500000000");
+    EXPECT_EQ(prNumber(9.5e9, 9), "9500000000");
+}
+
 TEST(PrAppendInteger, TuttiGliInteri)
 {
     EXPECT_EQ(Intero(0), "0");
     EXPECT_EQ(Intero(7), "7");
     EXPECT_EQ(Intero(-10), "-10");
+    for (std::int64_t potenza = 10; potenza < 1'000'000'000'000'000; potenza *= 10) {
+        for (const std::int64_t numero : {potenza - 1, potenza, potenza + 1}) {
+            EXPECT_EQ(Intero(numero), std::to_string(numero));
+            EXPECT_EQ(Intero(-numero), std::to_string(-numero));
+        }
+    }
     EXPECT_EQ(Intero(std::numeric_limits<std::int64_t>::max()), "9223372036854775807");
     EXPECT_EQ(Intero(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
 }
