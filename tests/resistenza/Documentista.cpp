@@ -139,13 +139,14 @@ void Documentista::Modelli()
     for (int i = 0; i < piastrelle; ++i) Piastrella(i);
     const int oggetti = m_caso.Intero(0, 3);
     for (int i = 0; i < oggetti; ++i) Oggetto(i);
-    m_oggetti.push_back("Tardivo"); // played before it is made
+    m_tardivo = Nome(m_caso, oggetti);
+    m_oggetti.push_back(m_tardivo); // played before it is made
 }
 
 // In the strip at the edge of the page where nothing else is drawn.
 void Documentista::Oggetto(int numero)
 {
-    const std::string nome = "Oggetto_" + std::to_string(numero);
+    const std::string nome = Nome(m_caso, numero);
     const int quando = m_caso.Fra(std::vector<int>{0, 1, 2, 4, 7, 12});
     CHIAMA(BeginObject, nome, quando + (m_caso.Una(2) ? 16 : 0));
     SceglieFont();
@@ -160,7 +161,7 @@ void Documentista::Oggetto(int numero)
 
 void Documentista::OggettoTardivo()
 {
-    CHIAMA(BeginObject, "Tardivo", m_caso.Una(2) ? 7 : 0);
+    CHIAMA(BeginObject, m_tardivo, m_caso.Una(2) ? 7 : 0);
     const Zona zona{m_margine + 8, m_alta - m_margine - Striscia, 60, 18};
     CHIAMA(SetColorFill, Tinta()); // no pattern: see BeginObject
     Figure(zona);

@@ -105,6 +105,7 @@ private:
     std::vector<std::string> m_colorate;   // tilings with colours of their own
     std::vector<std::string> m_daColorare; // tilings that take a colour
     std::vector<std::string> m_oggetti;
+    std::string m_tardivo; // the object that is made after the pages
     std::vector<std::string> m_attese;
 };
 

@@ -36,11 +36,12 @@ std::string Documentista::Tinta()
     static const std::vector<std::string> nomi = {"Black",   "Gray",    "Silver", "White",
                                                   "Fuchsia", "MAGENTA", "red",    "Yellow",
                                                   "green",   "Aqua",    "cyan",   "Blue"};
+    const std::string coda = m_caso.Una(4) ? TestoOstile(m_caso, 6) : ""; // no part of the colour
     switch (m_caso.Intero(0, 4)) {
     case 0:
-        return Esadecimale(m_caso);
+        return m_caso.Una(9) ? "#" + coda : Esadecimale(m_caso) + coda;
     case 1:
-        return "%" + std::to_string(m_caso.Intero(0, 100));
+        return "%" + std::to_string(m_caso.Intero(0, 100)) + coda;
     case 2:
         return CHIAMA(ToColor, F(0, 255), F(0, 255), F(0, 255));
     case 3:
@@ -59,7 +60,9 @@ void Documentista::Colora()
 {
     const bool trama = !m_daColorare.empty() && m_caso.Una(6);
     const std::string colore = trama ? m_caso.Fra(m_daColorare) : Colore();
-    const std::string inchiostro = trama ? Tinta() : std::string();
+    // A pattern's colour that is a pattern in its turn counts for nothing.
+    const std::string inchiostro =
+        trama ? Tinta() : (m_caso.Una(4) ? TestoOstile(m_caso, 6) : std::string());
     if (m_caso.Una(2)) CHIAMA(SetColorFill, colore, inchiostro);
     else CHIAMA(SetColorLine, colore, inchiostro);
 }
@@ -195,7 +198,7 @@ void Documentista::Gioca(const Zona& zona)
 void Documentista::Piastrella(int numero)
 {
     const bool colorata = m_caso.Una(2);
-    const std::string nome = (colorata ? "Trama_" : "Sagoma_") + std::to_string(numero);
+    const std::string nome = Nome(m_caso, numero);
     const double x = m_caso.Reale(0, 10);
     const double y = m_caso.Reale(0, 10);
     const double larga = m_caso.Reale(6, 30);

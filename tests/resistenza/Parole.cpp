@@ -117,6 +117,70 @@ std::string ParolaSemplice(Caso& caso)
     return parola;
 }
 
+std::string TestoOstile(Caso& caso, int pezzi)
+{
+    static const std::vector<std::string> parti = {" scn Q BT /F 9 Tf (x) Tj ET q %",
+                                                   " Do\r\nQ\r\nQ\r\n",
+                                                   "endstream\r\nendobj\r\n",
+                                                   ">> >> /Length 0",
+                                                   " 0 R \r/X 1 0 R",
+                                                   " ",
+                                                   "\t",
+                                                   "\r",
+                                                   "\n",
+                                                   "\f",
+                                                   "(",
+                                                   ")",
+                                                   "<",
+                                                   ">",
+                                                   "<<",
+                                                   ">>",
+                                                   "[",
+                                                   "]",
+                                                   "{",
+                                                   "}",
+                                                   "/",
+                                                   "//",
+                                                   "%",
+                                                   "#",
+                                                   "##",
+                                                   "#20",
+                                                   "#2",
+                                                   "#zz",
+                                                   "#00",
+                                                   "\\",
+                                                   "à",
+                                                   "€",
+                                                   "Ÿ",
+                                                   "日本",
+                                                   "\xFF",
+                                                   "\xC3",
+                                                   "\x81",
+                                                   "\x7F",
+                                                   "\x01",
+                                                   "\x1B[31m",
+                                                   "true",
+                                                   "null",
+                                                   "-1",
+                                                   "R"};
+    std::string testo = caso.Fra(parti);
+    if (testo.front() == '#' || testo.front() == '%') testo.insert(0, " ");
+    const int altre = caso.Intero(0, pezzi - 1);
+    for (int i = 0; i < altre; ++i) testo += caso.Fra(parti);
+    return testo;
+}
+
+std::string Nome(Caso& caso, int numero)
+{
+    constexpr std::size_t byte = 126;
+    const std::string coda = "_" + std::to_string(numero);
+    if (caso.Una(3)) return "Nome" + coda;
+    std::string nome = TestoOstile(caso, 8);
+    while (InWindows1252(nome).size() + coda.size() > byte) nome = TestoOstile(caso, 8);
+    if (caso.Una(6)) nome.append(byte - coda.size() - InWindows1252(nome).size(), '(');
+    return nome + coda;
+}
+
 std::string ComeSiVede(std::string_view testo)
 {
     std::string visto;

@@ -19,6 +19,15 @@ std::string FraseComune(Caso& caso, int quante);
 // A word of plain letters.
 std::string ParolaSemplice(Caso& caso);
 
+// A name for a reusable object or a tiling, another one for each numero: plain, or full of what
+// could leave its place in the document. Never one that reads as a colour. At most 126 bytes in
+// Windows-1252: one reader remarks on a name of 127, which is the most that there may be.
+std::string Nome(Caso& caso, int numero);
+
+// Anything that could leave its place in the document: operators, delimiters, control characters,
+// bytes that are no UTF-8. Never at its front "#" or "%", never a byte 0.
+std::string TestoOstile(Caso& caso, int pezzi);
+
 // What a page shows of a text: each character outside Windows-1252 is "?".
 std::string ComeSiVede(std::string_view testo);
 
