@@ -1,5 +1,5 @@
-// The texts that a document takes: whatever they hold, the file is sound and what they say adds
-// nothing to it, or there is one clear error.
+// The texts, names and colours that a document takes: whatever they hold, the file is sound and
+// what they say adds nothing to it, or there is one clear error.
 
 #include "ErroreRuntime.h"
 #include "StrutturaPdf.h"
@@ -61,6 +61,43 @@ void Testo(clsPDFCreator& pdf, FuzzedDataProvider& dati)
     }
 }
 
+// A tiling and an object of that name; none where the name is refused, and then its use is, too.
+void Definisci(clsPDFCreator& pdf, const std::string& nome)
+{
+    try {
+        pdf.BeginTiling(nome, 0, 0, 5, 5, 5, 5);
+        pdf.EndTiling();
+        pdf.BeginObject(nome, 7);
+        pdf.EndObject();
+    } catch (const ErroreRuntime& errore) {
+        if (errore.Numero() != NumeroErrore::ChiamataNonValida) std::abort();
+    }
+}
+
+void Usa(clsPDFCreator& pdf, FuzzedDataProvider& dati, const std::string& nome)
+{
+    const std::string testo = dati.ConsumeRandomLengthString(50);
+    switch (dati.ConsumeIntegralInRange(0, 5)) {
+    case 0:
+        return pdf.SetColorFill(nome, testo);
+    case 1:
+        return pdf.SetColorLine(nome, testo);
+    case 2:
+        return pdf.SetColorFill("#" + testo, testo);
+    case 3:
+        return pdf.SetColorLine("%" + testo, testo);
+    case 4:
+        return pdf.PlayObject(nome);
+    default:
+        pdf.BeginTable(0, 0, nome, 1, nome);
+        pdf.BeginRow(5, nome);
+        pdf.BeginColumn(5, "", 2, nome);
+        pdf.EndColumn();
+        pdf.EndRow();
+        return pdf.EndTable();
+    }
+}
+
 // A "#" in a property takes the properties after it as they are, on purpose: what they then say
 // together is nobody's promise.
 std::string Proprieta(FuzzedDataProvider& dati)
@@ -76,11 +113,16 @@ void Scrivi(FuzzedDataProvider& dati)
     pdf.SetClock({[] { return clsPDFCreator::DateTime{2026, 1, 2, 3, 4, 5}; }, [] { return 1; }});
     pdf.SetDocProperty(Proprieta(dati), Proprieta(dati), "", "", "", Proprieta(dati));
     pdf.BeginDoc(File());
+    // An empty name is sound, but our reader wants one.
+    const std::string nome = dati.ConsumeRandomLengthString(140);
+    const std::string nonVuoto = nome.empty() ? "Nome" : nome;
+    Definisci(pdf, nonVuoto);
     pdf.BeginPage(0, dati.ConsumeIntegralInRange(0, 6), dati.ConsumeRandomLengthString(20));
     pdf.SetFont("Arial", 10);
     for (int i = 0; i < 8 && dati.remaining_bytes() > 0; ++i) {
         try {
-            Testo(pdf, dati);
+            if (dati.ConsumeBool()) Testo(pdf, dati);
+            else Usa(pdf, dati, nonVuoto);
         } catch (const ErroreRuntime& errore) {
             if (errore.Motivo().empty()) std::abort();
         }
