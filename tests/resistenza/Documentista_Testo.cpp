@@ -176,8 +176,11 @@ void Documentista::Codice13(const Zona& zona)
 {
     const std::string codice = Cifre(m_caso, m_caso.Intero(12, 13));
     const bool testo = !m_caso.Una(4);
-    const float alta = m_caso.Una(4) ? 0 : U(zona.Alta / 2);
-    CHIAMA(DrawEAN13, codice, U(zona.X + 15), U(zona.Y), testo, alta, F(0, 1.5));
+    constexpr double moduli = 80; // down to the text of usual bars, which must stay on the page
+    const bool usuali = m_caso.Una(4);
+    const float alta = usuali ? 0 : U(zona.Alta / 2);
+    const double modulo = usuali ? std::min(1.5, zona.Alta / moduli) : 1.5;
+    CHIAMA(DrawEAN13, codice, U(zona.X + 15), U(zona.Y), testo, alta, F(0, modulo));
 }
 
 // Control characters have bars, but no sign that readers could agree on.
