@@ -10,6 +10,7 @@
 #include "Testi.h"
 
 #include <QFile>
+#include <QFontMetricsF>
 #include <QPainter>
 
 namespace Generale {
@@ -23,6 +24,16 @@ QByteArray LeggiRisorsa(std::int32_t numero)
 {
     QFile risorsa(QStringLiteral(":/%1/%2").arg(TipoHtml).arg(numero));
     return risorsa.open(QIODevice::ReadOnly) ? risorsa.readAll() : QByteArray();
+}
+
+// How much narrower a caption is drawn so that a blank stays before the next one; 1: not at all.
+double Stretta(const QString& testo, const QFont& font, double spazio)
+{
+    const QFontMetricsF metrica(font);
+    const double larghezza = metrica.horizontalAdvance(testo);
+    const double libero = spazio - metrica.horizontalAdvance(QLatin1Char(' '));
+    // Where there is no room at all, nothing helps.
+    return libero > 0 && larghezza > libero ? libero / larghezza : 1;
 }
 
 } // namespace
@@ -44,6 +55,7 @@ void PrintText(std::string_view testo, float x, float y, std::string_view nomeFo
     pennello.rotate(-angolo / decimiPerGrado);
     pennello.setPen(superficie.ColoreTesto());
     pennello.setFont(font);
+    if (angolo == 0) pennello.scale(Stretta(InQt(testo), font, superficie.Spazio(x, y)), 1);
     pennello.drawText(0, caratteri::Ascendente(nomeFont, pixel), InQt(testo));
 }
 

@@ -13,7 +13,8 @@ namespace Generale {
 // Prints one caption on the table's picture in its text colour, with a font made for this call.
 // testo: UTF-8, printed as one run. x, y: twips, top left corner of the first character cell.
 // altezza: of the character cell, in pixels. peso: 400 normal. angolo: tenths of a degree
-// counter-clockwise; 900 reads from bottom to top. Flags: Falso off, else on. Never fails; a face
+// counter-clockwise; 900 reads from bottom to top. Flags: Falso off, else on. A level
+// caption is drawn narrower where the table gives it less room than it takes. Never fails; a face
 // that the system lacks is drawn by its substitute.
 void PrintText(std::string_view testo, float x, float y, std::string_view nomeFont,
                std::int32_t altezza, std::int32_t peso, std::int32_t angolo, Flag corsivo,

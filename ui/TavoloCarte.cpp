@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -39,6 +40,7 @@ void TavoloCarte::Ricomincia()
 {
     m_passi.clear();
     m_didascalie.clear();
+    m_daStringere = false;
     m_statoIniziale = m_stato;
     PreparaTela();
 }
@@ -80,7 +82,7 @@ void TavoloCarte::Stampa(std::string_view testo)
 {
     // A shadow and its title are one caption.
     const bool ombra = !m_didascalie.empty() && m_didascalie.back().Testo == testo;
-    if (!ombra) m_didascalie.push_back({m_stato.X, m_stato.Y, std::string(testo)});
+    if (!ombra) Annota({m_stato.X, m_stato.Y, std::string(testo), false});
     Fai([this, testo = std::string(testo)] { StampaOra(testo); });
 }
 
@@ -104,7 +106,7 @@ void TavoloCarte::PrintText(std::string_view testo, float x, float y, std::strin
 {
     constexpr std::int32_t versoLAlto = 900;
     constexpr float lunghezzaTipica = 1000; // a caption that reads upwards begins below its row
-    m_didascalie.push_back({x, angolo == versoLAlto ? y - lunghezzaTipica : y, std::string(testo)});
+    Annota({x, angolo == versoLAlto ? y - lunghezzaTipica : y, std::string(testo), angolo == 0});
     Fai([=, this, testo = std::string(testo), nomeFont = std::string(nomeFont)] {
         Generale::PrintText(testo, x, y, nomeFont, altezza, peso, angolo, corsivo, sottolineato,
                             barrato, *this);
@@ -119,8 +121,29 @@ void TavoloCarte::cdtDraw(std::int32_t x, std::int32_t y, std::int32_t carta, st
 
 void TavoloCarte::Aggiorna()
 {
+    if (m_daStringere) Ridisegna();
     setAccessibleDescription(Descrizione());
     repaint();
+}
+
+void TavoloCarte::Annota(const Didascalia& didascalia)
+{
+    const bool vicina =
+        std::any_of(m_didascalie.begin(), m_didascalie.end(), [&](const Didascalia& altra) {
+            return altra.Piana && didascalia.Piana && altra.Y == didascalia.Y;
+        });
+    m_daStringere = m_daStringere || vicina;
+    m_didascalie.push_back(didascalia);
+}
+
+double TavoloCarte::Spazio(float x, float y) const
+{
+    double spazio = std::numeric_limits<double>::infinity();
+    for (const auto& altra : m_didascalie) {
+        if (!altra.Piana || altra.Y != y || altra.X <= x) continue;
+        spazio = std::min(spazio, static_cast<double>(Pixel(altra.X) - Pixel(x)));
+    }
+    return spazio;
 }
 
 // Row by row, as one would read the picture aloud.
@@ -152,6 +175,7 @@ void TavoloCarte::PreparaTela()
 void TavoloCarte::Ridisegna()
 {
     m_stato = m_statoIniziale;
+    m_daStringere = false;
     PreparaTela();
     for (const auto& passo : m_passi) passo();
 }

@@ -13,6 +13,9 @@
 
 // A surface with a persistent picture of the widget's size. What is drawn shows at Aggiorna().
 //
+// A level caption of PrintText that would run into another one further right on its line is drawn
+// narrower, as much as it takes to leave a blank between the two.
+//
 // The steps since the last clear are kept and drawn anew when the window moves to a screen of
 // another pixel density. Screen readers get the captions as the accessible description.
 class TavoloCarte : public QWidget, public Superficie
@@ -38,6 +41,10 @@ public:
     Tela& Disegno() { return m_tela; }
     QColor ColoreTesto() const { return m_stato.Testo; }
 
+    // The room of a level caption at x, y (twips): pixels of the layout up to the next caption on
+    // its line, infinite where there is none.
+    double Spazio(float x, float y) const;
+
 protected:
     void paintEvent(QPaintEvent* evento) override;
 
@@ -59,8 +66,10 @@ private:
         float X;
         float Y;
         std::string Testo;
+        bool Piana; // a level one of PrintText
     };
 
+    void Annota(const Didascalia& didascalia);
     void Fai(std::function<void()> passo);
     void Ricomincia();
     QSize MisuraTela() const;
@@ -74,4 +83,5 @@ private:
     Stato m_statoIniziale; // as it was before the first of the steps
     std::vector<std::function<void()>> m_passi;
     std::vector<Didascalia> m_didascalie;
+    bool m_daStringere = false; // a caption came after a neighbour on its line had been drawn
 };

@@ -3,6 +3,7 @@
 
 #include "Caratteri.h"
 #include "Finestra.h"
+#include "FormatiNumero.h"
 #include "Generale.h"
 #include "LibreriaCarte.h"
 #include "Stampe.h"
@@ -11,6 +12,8 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdlib>
 
 using namespace aiuti;
@@ -75,15 +78,63 @@ protected:
         Clicca("cmdColpo");
     }
 
-    void Video()
+    void Video(const char* taglie = "1000")
     {
         Stampe::AmbienteInUso.PreparaTaglia = [](std::int64_t taglia) {
             modCarte::AvviaSeme(2026, static_cast<std::uint64_t>(taglia));
             modCarte::MescolaMazzo();
         };
         Scegli(FormaVideo, true);
-        Scrivi("1000");
+        Scrivi(taglie);
         Clicca("cmdTaglie");
+    }
+
+    // The rows of the statistics as a run of so many shoes would print them, which takes hours.
+    void VideoDi(double taglie)
+    {
+        struct UnaRiga
+        {
+            float Y;
+            const char* Etichetta;
+            double PerTaglia;
+            const char* Quota;
+        };
+        constexpr std::array<UnaRiga, 13> righe = {{
+            {1500, "Taglie:", 1, ""},
+            {1800, "Colpi totali:", 28.6525, "28,65"},
+            {2100, "Carte utilizzate:", 303.9664, "97,43%"},
+            {2400, "Vincite Nero:", 12.7280, "44,42%"},
+            {2700, "Vincite Rosso:", 12.7020, "44,33%"},
+            {3000, "Colpi pari:", 3.1548, "11,01%"},
+            {3300, "Vincite Colore:", 12.7286, "44,42%"},
+            {3600, "Vincite Inverso:", 12.7014, "44,33%"},
+            {3900, "31 après:", 0.6252, "2,18%"},
+            {4300, "Nero-Colore:", 6.3682, "22,23%"},
+            {4600, "Nero-Inverso:", 6.3598, "22,20%"},
+            {4900, "Rosso-Colore:", 6.3604, "22,20%"},
+            {5200, "Rosso-Inverso:", 6.3416, "22,13%"},
+        }};
+        Carte().Pulisci();
+        for (const auto& [y, etichetta, perTaglia, quota] : righe) {
+            Scritta(etichetta, 1000, y);
+            Scritta(Stampe::MigliaiaConZero(std::llround(perTaglia * taglie), {",", "."}), 3500, y);
+            if (*quota != '\0') Scritta(quota, 4500, y);
+        }
+        Carte().Aggiorna();
+    }
+
+    void Scritta(const std::string& testo, float x, float y)
+    {
+        Carte().PrintText(testo, x, y, "Verdana", 16, 400, 0, Falso, Falso, Falso);
+    }
+
+    // What these captions look like on an empty table, each a text and its x on the line y 1500.
+    QImage Riga(const std::vector<std::pair<std::string, float>>& scritte)
+    {
+        Carte().Pulisci();
+        for (const auto& [testo, x] : scritte) Scritta(testo, x, 1500);
+        Carte().Aggiorna();
+        return Carte().Disegno().Immagine.copy();
     }
 };
 
@@ -353,6 +404,80 @@ TEST_F(Tavolo, LeRigheDelleStatisticheNonSiToccano)
     }
 }
 
+// Columns are fixed: what is too long for its own is drawn narrower, and what is not stays.
+TEST_F(Tavolo, UnTotaleLungoSiStringeQuantoBasta)
+{
+    const QRect valore(228, 95, 72, 30);
+    for (const char* lungo : {"3.040.458", "304.058.123", "304.058.123.456"}) {
+        SCOPED_TRACE(lungo);
+        Riga({{lungo, 3500}});
+        const QRect libero = Inchiostro({228, 95, 300, 30});
+        Riga({{lungo, 3500}, {"97,45%", 4500}});
+        const QRect stretto = Inchiostro(valore);
+        EXPECT_NEAR(stretto.left(), libero.left(), 1);
+        EXPECT_NEAR(stretto.top(), libero.top(), 1);
+        EXPECT_NEAR(stretto.bottom(), libero.bottom(), 1);
+        EXPECT_LT(stretto.right(), libero.right());
+        // A blank of 4 pixels stays, and no more; the last digit has an edge of its own.
+        EXPECT_LE(stretto.right(), 300 - 4);
+        EXPECT_GE(stretto.right(), 300 - 4 - 3);
+    }
+}
+
+TEST_F(Tavolo, SoloChiUrterebbeSiStringe)
+{
+    // The caption further right keeps its picture, and a short one before it, too.
+    const QImage quota = Riga({{"97,45%", 4500}});
+    const QImage corto = Riga({{"304.058", 3500}});
+    const QImage insieme = Riga({{"304.058", 3500}, {"97,45%", 4500}});
+    const int meta = qRound(296 * Carte().Disegno().Rapporto);
+    const QRect sinistra(0, 0, meta, insieme.height());
+    const QRect destra(meta, 0, insieme.width() - meta, insieme.height());
+    EXPECT_EQ(insieme.copy(sinistra), corto.copy(sinistra));
+    EXPECT_EQ(insieme.copy(destra), quota.copy(destra));
+    EXPECT_EQ(Riga({{"304.058.123", 3500}, {"97,45%", 4500}}).copy(destra), quota.copy(destra));
+    // Whichever of the two comes first.
+    EXPECT_EQ(Riga({{"97,45%", 4500}, {"304.058.123", 3500}}),
+              Riga({{"304.058.123", 3500}, {"97,45%", 4500}}));
+    // Another line, the same place and what reads upwards are no neighbours.
+    const QImage lungo = Riga({{"304.058.123", 3500}});
+    const QRect riga(0, qRound(95 * Carte().Disegno().Rapporto), lungo.width(),
+                     qRound(30 * Carte().Disegno().Rapporto));
+    Scritta("97,45%", 4500, 3000);
+    Carte().PrintText("NERO", 5400, 1500, "Arial", 28, 400, 900, Falso, Falso, Falso);
+    Carte().Aggiorna();
+    EXPECT_EQ(Carte().Disegno().Immagine.copy(riga).copy(0, 0, meta, riga.height()),
+              lungo.copy(riga).copy(0, 0, meta, riga.height()));
+    EXPECT_EQ(Riga({{"304.058.123", 3500}, {"304.058.123", 3500}}).size(), lungo.size());
+}
+
+TEST_F(Tavolo, StrettoRestaAncheRidisegnato)
+{
+    const QImage prima = Riga({{"304.058.123", 3500}, {"97,45%", 4500}});
+    Carte().Disegno().Immagine = QImage(10, 10, QImage::Format_RGB32);
+    Carte().repaint();
+    EXPECT_EQ(Carte().Disegno().Immagine, prima);
+}
+
+// What is asked for stays the same: only the picture differs.
+TEST_F(Tavolo, LeColonneDiTanteTaglieNonSiToccano)
+{
+    for (const char* taglie : {"10000", "30000"}) {
+        Risponditore mano(QMessageBox::Yes);
+        Video(taglie);
+        for (const int y : {120, 140, 160, 180, 200, 220, 240, 260, 286, 306, 326, 346}) {
+            EXPECT_TRUE(Inchiostro({297, y, 3, 20}).isNull()) << y;
+            EXPECT_NEAR(Inchiostro({297, y, 100, 20}).left(), 301, 2) << y;
+        }
+        const auto passi = registro->UltimaSchermata();
+        const auto carte = std::find_if(passi.begin(), passi.end(), [](const auto& passo) {
+            return passo.find("| 3500 2100 |") != std::string::npos;
+        });
+        ASSERT_NE(carte, passi.end());
+        EXPECT_TRUE(carte->ends_with("| Verdana | 16 400 0 | 0 0 0")) << *carte;
+    }
+}
+
 // ---- Golden pictures -------------------------------------------------------------------------
 
 class SchermateDorate : public Tavolo
@@ -392,6 +517,16 @@ TEST_F(SchermateDorate, Statistiche)
 {
     Video();
     Guarda("statistiche");
+}
+
+TEST_F(SchermateDorate, StatisticheDiTanteTaglie)
+{
+    Video("10000");
+    Guarda("statistiche-10000");
+    VideoDi(1e6);
+    Guarda("statistiche-1000000");
+    VideoDi(1e9);
+    Guarda("statistiche-1000000000");
 }
 
 // The smallest caption, one pixel further on, is more than the tolerance forgives.
