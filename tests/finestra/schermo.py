@@ -58,6 +58,7 @@ class Schermo:
     """Xvfb with openbox; ends both at close()."""
 
     def __init__(self, larghezza=1700, altezza=1050):
+        self.larghezza, self.altezza = larghezza, altezza
         leggere, scrivere = os.pipe()
         self.casa = tempfile.mkdtemp(prefix="schermo.")
         self.xvfb = subprocess.Popen(
@@ -72,10 +73,15 @@ class Schermo:
                                                                            "WAYLAND_DISPLAY")}
         self.ambiente.update(DISPLAY=self.nome, LC_ALL="it_IT.UTF-8", XDG_RUNTIME_DIR=self.casa,
                              HOME=self.casa, QT_QPA_PLATFORM="xcb")
-        self.openbox = subprocess.Popen(["openbox", "--sm-disable"], env=self.ambiente,
-                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        aspetta(lambda: "_NET_SUPPORTING_WM_CHECK" in self.fa("xprop", "-root"), "openbox")
+        self.gestore = self._avvia_gestore()
         self._apri_immagine()
+
+    def _avvia_gestore(self):
+        """The process that manages the windows, which it does by now."""
+        gestore = subprocess.Popen(["openbox", "--sm-disable"], env=self.ambiente,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        aspetta(lambda: "_NET_SUPPORTING_WM_CHECK" in self.fa("xprop", "-root"), "openbox")
+        return gestore
 
     def _apri_immagine(self):
         """The server's own picture of the screen: looking at it costs next to nothing."""
@@ -102,7 +108,7 @@ class Schermo:
 
     def close(self):
         self.immagine.close()
-        for processo in (self.openbox, self.xvfb):
+        for processo in (self.gestore, self.xvfb):
             processo.terminate()
             processo.wait()
         shutil.rmtree(self.casa, ignore_errors=True)
