@@ -11,7 +11,7 @@ installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev \
     qpdf poppler-utils mupdf-tools ghostscript fonts-liberation fonts-liberation2 fonts-urw-base35 \
     libtiff-dev python3-pil python3-fonttools pkg-config zbar-tools \
     qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-gtk-platformtheme fonts-dejavu-core \
-    xvfb openbox xdotool wmctrl xclip imagemagick x11-utils doxygen tzdata \
+    xvfb openbox weston qt6-wayland xdotool wmctrl xclip imagemagick x11-utils doxygen tzdata \
     desktop-file-utils appstream man-db zsh fish
 echo "Compilo in $PWD/build/release"
 cmake --preset release

@@ -7,6 +7,7 @@
 #include "Generale.h"
 #include "LibreriaCarte.h"
 #include "Messaggi.h"
+#include "MisuraFissa.h"
 #include "Misure.h"
 #include "Percorsi.h"
 #include "Segnali.h"
@@ -33,6 +34,7 @@ Form1::Form1()
                    Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                    Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
     setFixedSize(Pixel(larghezza), Pixel(altezza));
+    TieniMisuraFissa(*this);
     CreaControlli();
     OrdinaFuoco();
     CollegaComandi();

@@ -1,5 +1,6 @@
 #include "Messaggi.h"
 
+#include "MisuraFissa.h"
 #include "Numeri.h"
 
 #include <QAbstractButton>
@@ -72,6 +73,7 @@ QMessageBox::StandardButton MsgBox(QWidget* padre, std::string_view testo, QMess
                                    QMessageBox::StandardButtons pulsanti, std::string_view titolo)
 {
     QMessageBox messaggio(padre);
+    TieniMisuraFissa(messaggio);
     messaggio.setWindowTitle(InQt(titolo));
     messaggio.setTextFormat(Qt::PlainText);
     messaggio.setText(InQt(testo).replace(QLatin1Char('\r'), QLatin1Char('\n')));
