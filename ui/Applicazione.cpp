@@ -14,6 +14,8 @@
 Applicazione::Applicazione(int& argc, char** argv)
     : QApplication(argc, argv)
 {
+    // The one menu is that of the number field, which takes most of these keys for no digits.
+    setAttribute(Qt::AA_DontShowShortcutsInContextMenus);
     // Qt has just taken the user's locale for all of the C library.
     std::setlocale(LC_NUMERIC, "C");
     setApplicationName(InQt(NomeProgramma));

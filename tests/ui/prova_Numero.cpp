@@ -272,6 +272,20 @@ TEST_F(Finestra, IlMenuDelCampoEItaliano)
     }
 }
 
+// The field takes no such keys, so the menu must not offer them.
+TEST_F(Finestra, IlMenuDelCampoNonPrometteTasti)
+{
+    const std::unique_ptr<QMenu> menu(Numero()->createStandardContextMenu());
+    int voci = 0;
+    for (const auto* voce : menu->actions()) {
+        if (voce->isSeparator()) continue;
+        EXPECT_FALSE(voce->text().contains(QLatin1Char('\t'))) << voce->text().toStdString();
+        EXPECT_TRUE(voce->shortcut().isEmpty() || !voce->isShortcutVisibleInContextMenu());
+        ++voci;
+    }
+    EXPECT_EQ(voci, 7);
+}
+
 TEST_F(Finestra, TrascinareTestoNelCampoNonSiPuo)
 {
     EXPECT_FALSE(Numero()->acceptDrops());
