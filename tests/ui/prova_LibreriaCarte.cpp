@@ -6,6 +6,7 @@
 #include "LibreriaCarte.h"
 
 #include <QApplication>
+#include <QtMath>
 
 #include <fstream>
 #include <set>
@@ -220,4 +221,26 @@ TEST_F(LibreriaCarte, SenzaCarteLaFinestraNonSiApre)
               std::vector{Esclamazione("La libreria CARDS.DLL non è presente nel sistema.")});
     EXPECT_TRUE(registro.Passi.empty()); // not even the title screen
     EXPECT_FALSE(finestra.isVisible());
+}
+
+// What touches the edge looks cut off: a pixel of white at least stays beside it.
+TEST_F(LibreriaCarte, NessunSegnoToccaIlBordo)
+{
+    ASSERT_EQ(Avvia(Vero_), 0);
+    for (const qreal rapporto : {1.0, 1.5, 2.0}) {
+        const int prima = qCeil(rapporto);
+        const int dopo = qFloor(2 * rapporto);
+        const int larghezza = qRound(71 * rapporto);
+        for (int carta = 0; carta < 52; ++carta) {
+            const QImage immagine = Disegna(carta, ModoFaccia, rapporto);
+            int segni = 0;
+            for (int y = qRound(6 * rapporto); y < qRound(90 * rapporto); ++y) {
+                for (int x = prima; x < dopo; ++x) {
+                    segni += immagine.pixelColor(x, y) != QColor(Qt::white) ? 1 : 0;
+                    segni += immagine.pixelColor(larghezza - 1 - x, y) != QColor(Qt::white) ? 1 : 0;
+                }
+            }
+            EXPECT_EQ(segni, 0) << carta << " at " << rapporto;
+        }
+    }
 }
