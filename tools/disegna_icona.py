@@ -3,8 +3,9 @@
 
 Usage: tools/disegna_icona.py resources
 
-Writes scalvino.svg, the pictures icone/scalvino-16.png to -256.png (needs rsvg-convert) and
-scalvino.ico, 32 x 32 in 16 colours (needs python3-pil).
+Writes scalvino.svg, the pictures icone/scalvino-24.png to -256.png (needs rsvg-convert),
+icone/scalvino-16.png, which has a drawing of its own, and scalvino.ico, 32 x 32 in 16 colours (needs
+python3-pil).
 """
 
 import io
@@ -12,12 +13,13 @@ import pathlib
 import struct
 import subprocess
 import sys
+import zlib
 
 from PIL import Image
 
-from tratti_carte import BIANCO, seme
+from tratti_carte import BIANCO, NERO, ROSSO, seme
 
-MISURE = (16, 24, 32, 48, 64, 128, 256)
+MISURE = (24, 32, 48, 64, 128, 256)
 LATO_ICO = 32
 # Chosen by hand: an automatic choice spends its last colours on pink specks along the green edges.
 # The last one stands for a transparent pixel and must be black below the mask.
@@ -26,6 +28,29 @@ COLORI_ICO = ("24500a", "3c8405", "55b800", "93cf66", "7c9a6c", "b4c8a8", "e2ebd
 TRASPARENTE = len(COLORI_ICO) - 1
 # Below this the pixel belongs to the mask: a 16-colour icon knows no half transparency.
 OPACO = 128
+
+
+# In 16 pixels the tilted cards of the drawing become a blur: here they stand upright, and every
+# edge falls between two pixels.
+SEDICI = """
+..GGGGGGGGGGGG..
+.GggggggggggggG.
+GwwwwwwwgggggggG
+GwwwwwwwgggggggG
+GwwwkwwwswwwwwwG
+GwwkkkwwswwwwwwG
+GwkkkkkwswrwrwwG
+GwkkkkkwsrrrrrwG
+GwwwkwwwsrrrrrwG
+GwwkkkwwswrrrwwG
+GwwwwwwwswwrwwwG
+GwwwwwwwswwwwwwG
+GgggggggswwwwwwG
+GgggggggswwwwwwG
+.GggggggggggggG.
+..GGGGGGGGGGGG..
+""".split()
+COLORI_SEDICI = {"G": "#24500a", "g": "#55b800", "w": BIANCO, "s": "#93a488", "k": NERO, "r": ROSSO}
 
 
 def carta(segno, x, y, angolo, posto):
@@ -48,6 +73,21 @@ def figura(svg, lato):
     """The drawing as PNG bytes of lato x lato pixels."""
     return subprocess.run(["rsvg-convert", "-w", str(lato), "-h", str(lato), str(svg)],
                           capture_output=True, check=True).stdout
+
+
+def pezzo(tipo, dati):
+    """A chunk of a PNG file."""
+    return struct.pack(">I", len(dati)) + tipo + dati + struct.pack(">I", zlib.crc32(tipo + dati))
+
+
+def a_mano(righe):
+    """Rows of letters as PNG bytes, a dot being transparent."""
+    punti = {segno: bytes.fromhex(colore[1:]) + b"\xff" for segno, colore in COLORI_SEDICI.items()}
+    punti["."] = b"\0\0\0\0"
+    byte = b"".join(b"\0" + b"".join(punti[segno] for segno in riga) for riga in righe)
+    testa = struct.pack(">IIBBBBB", len(righe[0]), len(righe), 8, 6, 0, 0, 0)
+    return (b"\x89PNG\r\n\x1a\n" + pezzo(b"IHDR", testa)
+            + pezzo(b"IDAT", zlib.compress(byte, 9)) + pezzo(b"IEND", b""))
 
 
 def distanza(colore, punto):
@@ -89,6 +129,7 @@ def principale(cartella):
     (cartella / "icone").mkdir(exist_ok=True)
     for lato in MISURE:
         (cartella / "icone" / f"scalvino-{lato}.png").write_bytes(figura(svg, lato))
+    (cartella / "icone" / "scalvino-16.png").write_bytes(a_mano(SEDICI))
     (cartella / "scalvino.ico").write_bytes(icona(figura(svg, LATO_ICO)))
 
 

@@ -6,10 +6,12 @@
 
 namespace {
 
-// The one of 32 by 32 in 16 colours, and every other size from the same motif.
+// The one of 32 by 32 in 16 colours, one drawn for 16 by 16, and every other size from the same
+// motif.
 QIcon Icona()
 {
     QIcon icona(QStringLiteral(":/scalvino.ico"));
+    icona.addFile(QStringLiteral(":/scalvino-16.png"));
     icona.addFile(QStringLiteral(":/scalvino.svg"));
     return icona;
 }

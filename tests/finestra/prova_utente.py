@@ -133,7 +133,9 @@ class Utente(Prova):
         self.assertNotIn("RESIZE", permesse)
         self.assertIn("CLOSE", permesse)
         self.assertIn("scalvino", self.schermo.fa("xprop", "-id", finestra.id, "WM_CLASS"))
-        self.assertIn("32 x 32", self.schermo.fa("xprop", "-id", finestra.id, "_NET_WM_ICON"))
+        icone = self.schermo.fa("xprop", "-id", finestra.id, "_NET_WM_ICON")
+        for lato in (16, 32):
+            self.assertIn(f"{lato} x {lato}", icone)
 
     def test_il_pulsante_esci_chiude(self):
         finestra = self.avvia().pronta()

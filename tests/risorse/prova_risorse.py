@@ -7,6 +7,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import zlib
 import xml.etree.ElementTree as ET
 from pathlib import Path
 
@@ -202,6 +203,20 @@ class Icona(unittest.TestCase):
             byte = (RISORSE / "icone" / f"scalvino-{lato}.png").read_bytes()
             self.assertEqual(byte[:8], b"\x89PNG\r\n\x1a\n")
             self.assertEqual(struct.unpack_from(">II", byte, 16), (lato, lato))
+
+
+    def test_a_sedici_punti_nessun_colore_sfuma(self):
+        byte = (RISORSE / "icone/scalvino-16.png").read_bytes()
+        self.assertEqual(byte[24:29], bytes((8, 6, 0, 0, 0))) # 8 bits, RGBA, not interlaced
+        inizio = byte.index(b"IDAT") + 4
+        righe = zlib.decompressobj().decompress(byte[inizio:])
+        righe = [righe[i : i + 65] for i in range(0, len(righe), 65)]
+        self.assertEqual([riga[0] for riga in righe], [0] * 16) # pixels as they are
+        punti = [riga[i : i + 4] for riga in righe for i in range(1, 65, 4)]
+        self.assertEqual({punto[3] for punto in punti}, {0, 255})
+        self.assertEqual([punti[i][3] for i in (0, 15, 240, 255)], [0] * 4)
+        colori = {punto[:3].hex() for punto in punti if punto[3]}
+        self.assertEqual(colori, {"24500a", "55b800", "ffffff", "93a488", "1c1c22", "c41e3a"})
 
 
 class Windows(unittest.TestCase):
