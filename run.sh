@@ -16,7 +16,7 @@ pacchetti=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
 if [ $# -eq 0 ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     finestra_si=ON
     pacchetti+=(qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-wayland
-        fonts-liberation2 fonts-dejavu-core)
+        fonts-liberation2 fonts-dejavu-core xdg-utils)
 fi
 installa_pacchetti "${pacchetti[@]}"
 echo "Compilo in $radice/build/run" >&2

@@ -92,8 +92,8 @@ void Form1::ImpostaAmbiente()
         MsgBox(this, messaggio.Testo, esclama ? QMessageBox::Warning : QMessageBox::Information,
                QMessageBox::Ok, messaggio.Titolo);
     };
-    ambiente.Apri = [](const std::string& percorso, StileFinestra stile) {
-        ApriConShell(percorso, stile);
+    ambiente.Apri = [this](const std::string& percorso, StileFinestra stile) {
+        ApriReport(percorso, stile);
     };
     Stampe::AmbienteInUso = std::move(ambiente);
     try {
@@ -101,6 +101,16 @@ void Form1::ImpostaAmbiente()
     } catch (const ErroreRuntime&) {
         // Whoever only plays needs no folder; the first report tells.
     }
+}
+
+// Only a run tells: the help page, which nobody opens in one, stays silent.
+void Form1::ApriReport(const std::string& percorso, StileFinestra stile)
+{
+    if (ApriConShell(percorso, stile) || !m_inCorso || m_chiusa) return;
+    MsgBox(this,
+           "Nessun programma ha potuto aprire il report:\r" + percorso +
+               "\rScalvino lo elimina quando si chiude.",
+           QMessageBox::Warning);
 }
 
 void Form1::TrovaCartella()

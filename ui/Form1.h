@@ -5,6 +5,7 @@
 // Form1_Titolo.cpp title screen and help.
 #pragma once
 
+#include "ApriConShell.h"
 #include "Flag.h"
 #include "MenuSistema.h"
 #include "TavoloCarte.h"
@@ -105,6 +106,7 @@ private:
     int ValoreStat() const;
     std::size_t FormaScelta() const;
     void TrovaCartella(); // error 76 when there is no temporary folder
+    void ApriReport(const std::string& percorso, StileFinestra stile);
     std::string EseguiReport();
     void ChiamaReport();
     void MostraStato(std::string_view testo);

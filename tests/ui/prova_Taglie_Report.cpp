@@ -7,9 +7,24 @@
 #include "Stampe.h"
 #include "modCarte.h"
 
+#include <cstdlib>
+
 using namespace aiuti;
 
 namespace {
+
+// No program at all can be found while this lives.
+class SenzaProgrammi
+{
+public:
+    SenzaProgrammi() { ::setenv("PATH", "/cartella/che/non/esiste", 1); }
+    ~SenzaProgrammi() { ::setenv("PATH", m_prima.c_str(), 1); }
+    SenzaProgrammi(const SenzaProgrammi&) = delete;
+    SenzaProgrammi& operator=(const SenzaProgrammi&) = delete;
+
+private:
+    std::string m_prima = std::getenv("PATH");
+};
 
 using Nomi = std::vector<std::string>;
 
@@ -54,6 +69,32 @@ TEST_F(Finestra, TutteLeCombinazioniDannoLaLoroUscita)
     EXPECT_TRUE(mano.Visti.empty());
     // The text report was deleted by the one on screen.
     EXPECT_EQ(ambiente.Cartella.Contenuto(), (Nomi{"taglie.htm", "taglie.pdf"}));
+}
+
+// The report is there all the same, and whoever wants it learns where; help stays silent.
+TEST_F(Finestra, UnReportCheNessunoApreVieneNominato)
+{
+    Risponditore mano;
+    const SenzaProgrammi nessuno;
+    finestra->ImpostaAmbiente();
+    Stampe::AmbienteInUso.Cartella = ambiente.Cartella.Nome();
+    for (const bool statistiche : {false, true}) {
+        for (std::size_t forma = 0; forma < 3; ++forma) {
+            Scegli(forma, statistiche);
+            mano.Visti.clear();
+            Clicca("cmdTaglie");
+            const auto percorso = ambiente.Cartella.Nome() + NomeReport[forma];
+            EXPECT_EQ(mano.Visti, std::vector{Esclamazione(
+                                      "Nessun programma ha potuto aprire il report:\n" + percorso +
+                                      "\nScalvino lo elimina quando si chiude.")});
+            EXPECT_GT(Byte(percorso).size(), 400U);
+        }
+    }
+    mano.Visti.clear();
+    Clicca("cmdHelp");
+    EXPECT_EQ(Byte(ambiente.Cartella.Nome() + "scalvino.htm").size(), 12936U);
+    EXPECT_TRUE(mano.Visti.empty());
+    EXPECT_EQ(Gioco(), "100");
 }
 
 // The figures of the golden text report of the same shoes: averages per shoe, cards of all shoes.
