@@ -142,3 +142,136 @@ TEST(ReadTrueType, LeLicenzeDiOs2)
     EXPECT_TRUE(incorporabile(0, 2 | 8)); // the most generous holds
     EXPECT_FALSE(incorporabile(2, 0));    // bitmaps only
 }
+
+// ---- Both sides of what decides --------------------------------------------------------------
+
+namespace {
+
+// A font with some bytes of a table replaced.
+std::string Con(const std::string& tabella, std::size_t posto, const std::string& byte,
+                std::string font = Seme("unicode.ttf"))
+{
+    return font.replace(Inizio(font, tabella) + posto, byte.size(), byte);
+}
+
+std::string SenzaOs2()
+{
+    std::string font = Seme("unicode.ttf");
+    return font.replace(Voce(font, "OS/2"), 4, "????");
+}
+
+// The value of one key of the descriptor.
+std::string Valore(const std::string& font, const std::string& chiave)
+{
+    const std::string descrittore = ReadTrueType(font, nomeFile).Descriptor;
+    const auto da = descrittore.find("/" + chiave + " ") + chiave.size() + 2;
+    return descrittore.substr(da, descrittore.find(' ', da) - da);
+}
+
+} // namespace
+
+TEST(ReadTrueType, UnitaPerEmDaSediciASedicimila)
+{
+    EXPECT_EQ(Motivo(Con("head", 18, "\0\x0F"s)), "il font ha 15 unità per em");
+    EXPECT_EQ(Motivo(Con("head", 18, "\0\x10"s)), "letto");
+    EXPECT_EQ(Motivo(Con("head", 18, "\x40\0"s)), "letto");
+    EXPECT_EQ(Motivo(Con("head", 18, "\x40\1"s)), "il font ha 16385 unità per em");
+}
+
+TEST(ReadTrueType, IlPesoOltreCinquecentoEGrassetto)
+{
+    EXPECT_EQ(Valore(Con("OS/2", 4, "\1\xF4"s), "StemV"), "70"); // 500
+    EXPECT_EQ(Valore(Con("OS/2", 4, "\1\xF5"s), "StemV"), "120");
+}
+
+TEST(ReadTrueType, SenzaOs2IlPesoEQuelloDelloStile)
+{
+    EXPECT_EQ(Valore(Con("head", 44, "\0\0"s, SenzaOs2()), "StemV"), "70");
+    EXPECT_EQ(Valore(Con("head", 44, "\0\1"s, SenzaOs2()), "StemV"), "120");
+    EXPECT_EQ(Valore(Con("head", 44, "\0\2"s, SenzaOs2()), "StemV"), "70"); // italic
+    EXPECT_EQ(Valore(Con("head", 44, "\0\3"s, SenzaOs2()), "StemV"), "120");
+    EXPECT_EQ(Valore(Con("head", 44, "\0\1"s), "StemV"), "70"); // OS/2 knows better
+}
+
+TEST(ReadTrueType, LeGrazieVengonoDallaClasse)
+{
+    const auto grazie = [](int classe) {
+        return (std::stoi(Valore(Con("OS/2", 30, {static_cast<char>(classe), '\0'}), "Flags")) &
+                2) != 0;
+    };
+    for (const int classe : {1, 2, 3, 4, 5, 7}) EXPECT_TRUE(grazie(classe)) << classe;
+    for (const int classe : {0, 6, 8, 10}) EXPECT_FALSE(grazie(classe)) << classe;
+}
+
+TEST(ReadTrueType, LeAltezzeStannoInOs2DallaSecondaVersione)
+{
+    const std::string font = Con("OS/2", 86, "\1\x23\2\x34"s); // 291 and 564
+    EXPECT_EQ(Valore(Con("OS/2", 0, "\0\2"s, font), "XHeight"), "291");
+    EXPECT_EQ(Valore(Con("OS/2", 0, "\0\2"s, font), "CapHeight"), "564");
+    EXPECT_NE(Valore(Con("OS/2", 0, "\0\1"s, font), "XHeight"), "291");
+    EXPECT_NE(Valore(Con("OS/2", 0, "\0\1"s, font), "CapHeight"), "564");
+}
+
+TEST(ReadTrueType, OgniBitDellaLicenzaPerSe)
+{
+    const auto incorporabile = [](unsigned licenza) {
+        return ReadTrueType(
+                   Con("OS/2", 8, {static_cast<char>(licenza >> 8), static_cast<char>(licenza)}),
+                   nomeFile)
+            .MayEmbed;
+    };
+    for (const unsigned licenza : {2U, 3U, 0x200U, 0x202U, 0x204U, 0x102U}) {
+        EXPECT_FALSE(incorporabile(licenza)) << licenza;
+    }
+    for (const unsigned licenza : {0U, 1U, 4U, 6U, 8U, 10U, 14U, 0x100U, 0x400U, 0x10U}) {
+        EXPECT_TRUE(incorporabile(licenza)) << licenza;
+    }
+}
+
+TEST(ReadTrueType, IlNomeFinisceACentoventisetteSegni)
+{
+    // A table of one Macintosh name with number 6, as long as asked for.
+    const auto nome = [](std::size_t lungo, const std::string& segni) {
+        std::string font = Seme("unicode.ttf");
+        std::string testo;
+        while (testo.size() < lungo) testo += segni;
+        testo.resize(lungo);
+        const std::string tabella = "\0\0\0\1\0\x12\0\1\0\0\0\0\0\6"s +
+                                    static_cast<char>(lungo >> 8) + static_cast<char>(lungo) +
+                                    "\0\0"s + testo;
+        const auto numero = [](std::size_t valore) {
+            return std::string{static_cast<char>(valore >> 24), static_cast<char>(valore >> 16),
+                               static_cast<char>(valore >> 8), static_cast<char>(valore)};
+        };
+        font.replace(Voce(font, "name") + 8, 8, numero(font.size()) + numero(tabella.size()));
+        return ReadTrueType(font + tabella, nomeFile).Name;
+    };
+    EXPECT_EQ(nome(1, "N"), "N");
+    EXPECT_EQ(nome(126, "N"), std::string(126, 'N'));
+    EXPECT_EQ(nome(127, "N"), std::string(127, 'N'));
+    EXPECT_EQ(nome(128, "N"), std::string(127, 'N'));
+    EXPECT_EQ(nome(90, " !\"~\x7F#$%&'()*+,-./<=>?@[]^{}\x80\xFF"),
+              "!\"~$&'*+,-.=?@^!\"~$&'*+,-.=?@^!\"~$&'*+,-.=?@^!");
+    EXPECT_EQ(nome(508, "   N"), std::string(127, 'N')); // four times as many are looked at
+    EXPECT_EQ(nome(512, "   N"), std::string(127, 'N'));
+    EXPECT_EQ(nome(600, "    N"), std::string(101, 'N'));
+}
+
+TEST(ReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
+{
+    // Two Windows names with number 6, "A" in another language before "B" in American English.
+    const auto nome = [](const std::string& lingua) {
+        std::string font = Seme("unicode.ttf");
+        const std::string tabella = "\0\0\0\2\0\x1E"s + "\0\3\0\1"s + lingua + "\0\6\0\2\0\0"s +
+                                    "\0\3\0\1\4\x09\0\6\0\2\0\2"s + "\0A\0B"s;
+        const std::string posto = {
+            static_cast<char>(font.size() >> 24), static_cast<char>(font.size() >> 16),
+            static_cast<char>(font.size() >> 8), static_cast<char>(font.size())};
+        font.replace(Voce(font, "name") + 8, 8, posto + "\0\0\0\x22"s);
+        return ReadTrueType(font + tabella, nomeFile).Name;
+    };
+    EXPECT_EQ(nome("\4\x10"), "B"); // Italian
+    EXPECT_EQ(nome("\4\x08"), "B");
+    EXPECT_EQ(nome("\4\x0A"), "B");
+    EXPECT_EQ(nome("\4\x09"), "A");
+}
