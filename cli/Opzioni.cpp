@@ -128,12 +128,14 @@ std::string LeggiNome(const std::string& opzione, const std::string& testo)
     return testo;
 }
 
-void RifiutaContraddizioni(const Opzioni& opzioni)
+void RifiutaContraddizioni(const Opzioni& opzioni, bool conCartella)
 {
     const bool inFile =
         opzioni.FormaReport != Forma::Nessuna && opzioni.FormaReport != Forma::Video;
     if (opzioni.Apri && !inFile)
         Rifiuta("--apri", "senza un report in un file non c'è nulla da aprire");
+    if (conCartella && !inFile)
+        Rifiuta("--cartella", "senza un report in un file non c'è nulla da metterci");
     if (opzioni.CaratteriUnici && opzioni.FormaReport != Forma::Pdf) {
         Rifiuta("--caratteri-unici", "vale solo con -f pdf");
     }
@@ -243,7 +245,7 @@ Opzioni LeggiOpzioni(const std::vector<std::string>& argomenti)
     if (opzioni.Aiuto || opzioni.Versione) return opzioni;
     LeggiValori(opzioni, grezze);
     LeggiScelte(opzioni, grezze);
-    RifiutaContraddizioni(opzioni);
+    RifiutaContraddizioni(opzioni, grezze.Cartella.Dato());
     if (opzioni.Lavori == 0) opzioni.Lavori = TuttiIProcessori();
     return opzioni;
 }

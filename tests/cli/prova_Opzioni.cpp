@@ -134,6 +134,18 @@ TEST(Opzioni, Contraddizioni)
     EXPECT_EQ(Rifiuto({"-c", ""}).first, 2);
 }
 
+TEST(Opzioni, UnaCartellaVuoleUnReportInUnFile)
+{
+    for (const auto* forma : {"nessuna", "video"}) {
+        EXPECT_EQ(
+            Rifiuto({"-f", forma, "-c", "."}),
+            std::pair(2, std::string("--cartella: senza un report in un file non c'è nulla da "
+                                     "metterci")));
+    }
+    EXPECT_EQ(Rifiuto({"--dati", "json", "--cartella=x"}).first, 2);
+    EXPECT_EQ(LeggiOpzioni({"--dati", "json", "-f", "pdf", "-c", "x"}).Cartella, "x");
+}
+
 TEST(Opzioni, AiutoEVersionePrimaDiOgniControllo)
 {
     EXPECT_TRUE(LeggiOpzioni({"--help", "-f", "doc"}).Aiuto);
