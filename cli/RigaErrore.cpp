@@ -57,13 +57,23 @@ std::size_t LunghezzaCarattere(std::string_view testo)
     return lunghezza;
 }
 
+// U+2028 to 202E and U+2066 to 2069: separators of lines and paragraphs, and what turns the
+// direction of the text behind it, so that a name could show itself as another one.
+bool GiraORompe(std::string_view carattere)
+{
+    const auto ultimo = static_cast<unsigned char>(carattere.back());
+    if (carattere.starts_with("\xE2\x80")) return ultimo >= 0xA8 && ultimo <= 0xAE;
+    return carattere.starts_with("\xE2\x81") && ultimo >= 0xA6 && ultimo <= 0xA9;
+}
+
 bool Comando(std::string_view carattere)
 {
     constexpr unsigned char cancella = 0x7F;
     const auto primo = static_cast<unsigned char>(carattere.front());
     const auto ultimo = static_cast<unsigned char>(carattere.back());
     if (carattere.size() == 1) return primo < ' ' || (primo >= cancella && primo <= 0x9F);
-    return primo == 0xC2 && ultimo <= 0x9F;
+    if (carattere.size() == 2) return primo == 0xC2 && ultimo <= 0x9F;
+    return GiraORompe(carattere);
 }
 
 void AggiungiInnocuo(Riga& riga, std::string_view testo) noexcept
@@ -77,13 +87,45 @@ void AggiungiInnocuo(Riga& riga, std::string_view testo) noexcept
     }
 }
 
+bool AMeta(std::string_view testo, std::size_t posto)
+{
+    return Continua(static_cast<unsigned char>(testo[posto]));
+}
+
+// The first and the last quanti bytes of a longer text, or up to three fewer: whole characters.
+std::string_view Inizio(std::string_view testo, std::size_t quanti)
+{
+    for (int i = 0; i < 3 && AMeta(testo, quanti); ++i) --quanti;
+    return testo.substr(0, quanti);
+}
+
+std::string_view Fine(std::string_view testo, std::size_t quanti)
+{
+    std::size_t da = testo.size() - quanti;
+    for (int i = 0; i < 3 && AMeta(testo, da); ++i) ++da;
+    return testo.substr(da);
+}
+
+// An argument may have 128 KiB. No file has a name of more than 4 KiB, and those are told whole,
+// with the reason behind them.
+void AggiungiAccorciato(Riga& riga, std::string_view testo) noexcept
+{
+    constexpr std::size_t massimo = 4608;
+    constexpr std::size_t capo = 120;
+    constexpr std::size_t coda = 200; // the reason is in it
+    if (testo.size() <= massimo) return AggiungiInnocuo(riga, testo);
+    AggiungiInnocuo(riga, Inizio(testo, capo));
+    AggiungiInnocuo(riga, "...");
+    AggiungiInnocuo(riga, Fine(testo, coda));
+}
+
 } // namespace
 
 void ScriviErrore(std::initializer_list<std::string_view> parti) noexcept
 {
     Riga riga;
     AggiungiInnocuo(riga, "taglie: ");
-    for (const auto parte : parti) AggiungiInnocuo(riga, parte);
+    for (const auto parte : parti) AggiungiAccorciato(riga, parte);
     riga.Aggiungi('\n');
     riga.Scarica();
 }

@@ -4,7 +4,8 @@ import os
 import re
 import unittest
 
-from aiuti import (FATTO, MASSIMO, RIFIUTO, SORGENTI, USO, Prova, ambiente, aspetta, buona_riga)
+from aiuti import (FATTO, MASSIMO, RIFIUTO, SCRITTURA, SORGENTI, USO, Prova, ambiente, aspetta,
+                   buona_riga)
 
 CON_VALORE = ["-f", "--forma", "-c", "--cartella", "--seme", "--mazzi", "--salva-mazzi", "--colpi",
               "--dati", "--numeri", "-j", "--lavori", "--avanzamento"]
@@ -106,6 +107,8 @@ class ValoriDelleOpzioni(Prova):
     def test_le_contraddizioni_sono_uso_sbagliato(self):
         (self.cartella / "mazzi").write_text(buona_riga())
         for argomenti in [["-a", "-f", "nessuna"], ["-a", "--dati", "json"],
+                          ["-c", ".", "-f", "nessuna"], ["-c", ".", "-f", "video"],
+                          ["--cartella", ".", "--dati", "csv"], ["-c", "x", "--dati", "json", "-s"],
                           ["--mazzi", "mazzi", "--seme", "1"],
                           ["-j", "2"], ["-j", "0"], ["-f", "html", "-j", "2"],
                           ["-s", "-j", "2", "--colpi", "x"],
@@ -150,6 +153,37 @@ class ValoriDelleOpzioni(Prova):
                 esito = self.taglie("--forma", dato)
                 self.assertEqual(esito.codice, USO)
                 self.assertIn(b'"' + detto + b'"', esito.errori)
+
+    def test_l_errore_non_passa_cio_che_gira_o_spezza_il_testo(self):
+        casi = {f"a{chr(c)}b": "a?b" for c in [*range(0x2028, 0x202F), *range(0x2066, 0x206A)]}
+        for codice in [0x2027, 0x202F, 0x2065, 0x206A, 0x2010, 0x30A8, 0x80A8]:  # beside them
+            casi[f"a{chr(codice)}b"] = f"a{chr(codice)}b"
+        for dato, detto in casi.items():
+            with self.subTest(dato=ascii(dato)):
+                self.errore(self.taglie("--forma", dato), USO, f'"{detto}"')
+                self.errore(self.taglie("--mazzi", dato), RIFIUTO, f"taglie: {detto}: ")
+
+    def test_l_argomento_lunghissimo_e_accorciato(self):
+        lungo = 131_000
+        for argomenti, codice, motivo in [
+                (["x" * lungo], USO, '" non è un numero intero'),
+                (["9" * lungo], RIFIUTO, "999 supera il massimo, 9007199254740992"),
+                (["--" + "x" * lungo], USO, "xxx: opzione sconosciuta"),
+                (["1", "2" * lungo], USO, "222: argomento di troppo"),
+                (["--forma", "è" * (lungo // 2)], USO, 'èè" non è tra html, nessuna, pdf, txt, video'),
+                (["--seme=" + "-" * lungo], USO, 'numero intero da 0 a 18446744073709551615'),
+                (["-c", "d" * lungo], SCRITTURA, "ddd: "),
+                (["--mazzi", "m" * lungo], RIFIUTO, "mmm: il nome è troppo lungo"),
+                (["--colpi", "c" * lungo], SCRITTURA, "ccc: il nome è troppo lungo"),
+                (["--mazzi", "\udc80" * lungo], RIFIUTO, "...")]:
+            with self.subTest(argomenti=argomenti[0][:10], codice=codice):
+                testo = self.errore(self.taglie(*argomenti), codice, motivo, "...")
+                self.assertLess(len(testo), 500)
+                self.assertNotRegex(testo.replace("\udc80", ""), "[\udc80-\udcff]")
+
+    def test_il_nome_che_puo_esistere_e_detto_intero(self):
+        nome = "/".join(["n" * 250] * 16)
+        self.errore(self.taglie("--mazzi", nome), RIFIUTO, f"taglie: {nome}: ")
 
     def test_l_errore_non_passa_comandi_al_terminale(self):
         esito = self.taglie("--forma", "\x1b[2J\x07")
