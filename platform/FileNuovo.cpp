@@ -64,9 +64,26 @@ void FileNuovo::Chiudi()
     }
 }
 
+namespace {
+
+// What became of a file that no longer stands under its name.
+std::string Sorte(const std::string& percorso)
+{
+    std::error_code errore;
+    const auto cammino = percorsi::Cammino(percorso);
+    const auto voce = std::filesystem::symlink_status(cammino, errore);
+    if (std::filesystem::exists(voce)) return "un altro programma lo ha sostituito";
+    PretendiMemoria(errore);
+    if (!std::filesystem::status_known(voce)) return MotivoSistema(errore.value());
+    const auto cartella = std::filesystem::status(cammino.parent_path(), errore);
+    PretendiMemoria(errore);
+    const bool sparita = cammino.has_parent_path() && !std::filesystem::exists(cartella);
+    return sparita ? "la sua cartella non c'è più" : "un altro programma lo ha tolto";
+}
+
+} // namespace
+
 void Impronta::Pretendi() const
 {
-    if (Vale()) return;
-    throw ErroreRuntime(NumeroErrore::AccessoAlFile, "un altro programma lo ha sostituito",
-                        m_percorso);
+    if (!Vale()) throw ErroreRuntime(NumeroErrore::AccessoAlFile, Sorte(m_percorso), m_percorso);
 }

@@ -1,5 +1,6 @@
 """Several runs in one folder at once, and everything else that stands there."""
 
+import shutil
 import signal
 import time
 import unittest
@@ -104,8 +105,21 @@ class DueInsieme(Prova):
                 lunga = self.lunga(forma)
                 (self.cartella / nome).unlink()
                 lunga.send_signal(signal.SIGCONT)
-                self.errore(self.raccogli(lunga), SCRITTURA, nome)
+                testo = self.errore(self.raccogli(lunga), SCRITTURA, nome)
+                self.assertNotIn("sostituito", testo)
                 self.assertEqual(self.contenuto(), [])
+
+    def test_una_cartella_tolta_a_meta_non_e_un_report_sostituito(self):
+        for forma, nome in FORME.items():
+            with self.subTest(forma=forma):
+                self.cartella.mkdir(exist_ok=True)
+                lunga = self.lunga(forma)
+                shutil.rmtree(self.cartella)
+                lunga.send_signal(signal.SIGCONT)
+                testo = self.errore(self.raccogli(lunga), SCRITTURA, f"taglie: {self.cartella / nome}")
+                self.assertNotIn("sostituito", testo)
+                if forma == "pdf":  # the others open their file again by its name
+                    self.assertIn("la sua cartella non c'è più", testo)
 
     def test_forme_diverse_non_si_disturbano(self):
         processi = [self.avvia("20", "--seme", "3", "-f", forma) for forma in FORME]
