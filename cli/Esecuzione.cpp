@@ -3,6 +3,7 @@
 #include "Ambiente.h"
 #include "ApriConShell.h"
 #include "Avanzamento.h"
+#include "Calendario.h"
 #include "Dati.h"
 #include "ErroreRuntime.h"
 #include "ErroreSistema.h"
@@ -338,6 +339,8 @@ void Esegui(const Opzioni& opzioni)
     const std::string percorso =
         conReport ? cartella + std::string(NomeReport(opzioni.FormaReport)) : std::string();
     RifiutaFileDoppi(opzioni, percorso);
+    // A date that cannot be written is known before the first shoe, and refused as the request is.
+    if (opzioni.FormaReport == Forma::Pdf) OppureRifiuta(CalendarioInUso.Adesso);
     ImpostaTaglie(lavoro);
     PretendiScrivibili(opzioni, percorso);
     ImpostaAmbiente(lavoro, cartella);

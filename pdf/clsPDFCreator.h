@@ -98,7 +98,7 @@ public:
     clsPDFCreator& operator=(const clsPDFCreator&) = delete;
 
     // Replaces the clock, both of its functions by those of NewClock (neither may be missing), and
-    // takes the creation date from it. Call it before BeginDoc.
+    // takes the creation date from it; error 5 for a year above 9999. Call it before BeginDoc.
     void SetClock(Clock NewClock);
 
     // With Share a font already in use is used again, where otherwise SetFont adds one to the

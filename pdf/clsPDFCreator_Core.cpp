@@ -54,6 +54,11 @@ constexpr std::array<Paper, 17> Papers = {{
 
 pdf::Date InDate(const clsPDFCreator::DateTime& time)
 {
+    constexpr int lastYear = 9999; // a fifth digit would push the others out of the date
+    if (time.Year > lastYear) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                            "l'anno di una data può essere al massimo 9999", "clsPDFCreator");
+    }
     return {time.Year, time.Month, time.Day, time.Hour, time.Minute, time.Second};
 }
 

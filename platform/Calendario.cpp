@@ -8,8 +8,12 @@
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace {
+
+constexpr int AnnoMassimo = 9999; // documents have four digits for it
 
 DataOra InUtc(std::uint64_t secondi)
 {
@@ -32,18 +36,23 @@ std::optional<std::uint64_t> MomentoImposto()
     const char* testo = std::getenv("SOURCE_DATE_EPOCH");
     if (testo == nullptr || *testo == '\0') return std::nullopt;
     std::uint64_t secondi = 0;
-    if (!LeggiInteroSenzaSegno(testo, secondi) || secondi > ultimo) {
-        throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente,
-                            "\"" + std::string(testo) + "\" non è un numero di secondi dal 1970",
-                            "SOURCE_DATE_EPOCH");
-    }
-    return secondi;
+    if (LeggiInteroSenzaSegno(testo, secondi) && secondi <= ultimo) return secondi;
+    const std::string_view cifre = testo;
+    const bool numero = cifre.find_first_not_of("0123456789") == std::string_view::npos;
+    throw ErroreRuntime(
+        NumeroErrore::TipoNonCorrispondente,
+        "\"" + std::string(cifre) +
+            (numero ? "\" supera l'anno 9999" : "\" non è un numero di secondi dal 1970"),
+        "SOURCE_DATE_EPOCH");
 }
 
 DataOra Adesso()
 {
-    const auto imposto = MomentoImposto();
-    return imposto ? InUtc(*imposto) : calendario::OraLocale();
+    if (const auto imposto = MomentoImposto()) return InUtc(*imposto);
+    const auto ora = calendario::OraLocale();
+    if (ora && ora->Anno <= AnnoMassimo) return *ora;
+    throw ErroreRuntime(NumeroErrore::Overflow, "segna una data oltre l'anno 9999",
+                        "orologio del sistema");
 }
 
 int CifraCasuale()

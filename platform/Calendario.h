@@ -2,6 +2,8 @@
 // come out the same.
 #pragma once
 
+#include <optional>
+
 struct DataOra
 {
     int Anno;    // 1970 to 9999
@@ -23,12 +25,12 @@ extern constinit Calendario CalendarioInUso;
 
 // Local time and a digit of the system's entropy. While the environment's SOURCE_DATE_EPOCH holds
 // a number of seconds since 1970 (to the year 9999), that moment in UTC and the digit 0 instead;
-// error 13 when it holds anything else.
+// error 13 when it holds anything else. Error 6 when the system's clock shows a later year.
 Calendario CalendarioDelSistema();
 
 namespace calendario {
 
-// The local time of the system, one file per platform.
-DataOra OraLocale();
+// The local time of the system, one file per platform. Nothing where the year is beyond all bounds.
+std::optional<DataOra> OraLocale();
 
 } // namespace calendario

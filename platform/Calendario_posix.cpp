@@ -4,18 +4,18 @@
 
 namespace calendario {
 
-DataOra OraLocale()
+std::optional<DataOra> OraLocale()
 {
     constexpr int annoZero = 1900;
     const std::time_t adesso = std::time(nullptr);
     std::tm locale = {};
-    ::localtime_r(&adesso, &locale);
-    return {locale.tm_year + annoZero,
-            locale.tm_mon + 1,
-            locale.tm_mday,
-            locale.tm_hour,
-            locale.tm_min,
-            locale.tm_sec};
+    if (::localtime_r(&adesso, &locale) == nullptr) return std::nullopt;
+    return DataOra{locale.tm_year + annoZero,
+                   locale.tm_mon + 1,
+                   locale.tm_mday,
+                   locale.tm_hour,
+                   locale.tm_min,
+                   locale.tm_sec};
 }
 
 } // namespace calendario

@@ -304,6 +304,12 @@ void Generali(clsPDFCreator& pdf, double numeroTaglie, const TotaliReport& total
     pdf.EndPage();
 }
 
+// A date that no document can hold is an error before anything is asked, touched or played.
+void PretendiData()
+{
+    CalendarioInUso.Adesso();
+}
+
 bool InUso()
 {
     return FileInUso::AvvisoFileInUso(PercorsoReport(NomePdf)) != Falso;
@@ -361,6 +367,7 @@ std::optional<TotaliReport> ScriviPieno(double numeroTaglie)
 std::optional<TotaliReport> StampaPdf(double numeroTaglie)
 {
     PretendiPdfPossibile(numeroTaglie);
+    PretendiData();
     if (InUso()) return std::nullopt;
     try {
         return ScriviPieno(numeroTaglie);
@@ -377,6 +384,7 @@ std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
 {
     constexpr float titolo = 1.3F;
     TaglieDaFare(numeroTaglie); // refuses a bad number before anything is asked or touched
+    PretendiData();
     if (InUso()) return std::nullopt;
     PretendiSostituibile(PercorsoReport(NomePdf)); // not only when all the shoes are played
     const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);

@@ -50,6 +50,21 @@ class Documento(Prova):
         self.assertIn(b"/CreationDate (D:20000228235959Z+01'00')\r", documento)
         self.assertIn("(Scalvino © 2000) Tj".encode("cp1252"), documento)
 
+    def test_la_data_sbagliata_si_scopre_prima_della_prima_taglia(self):
+        (self.cartella / "taglie.pdf").write_bytes(b"il vecchio")
+        for data, motivo in [("ieri", '"ieri" non è un numero di secondi dal 1970'),
+                             ("-1", '"-1" non è un numero di secondi dal 1970'),
+                             ("253402300800", "\"253402300800\" supera l'anno 9999"),
+                             ("9" * 30, f"\"{'9' * 30}\" supera l'anno 9999")]:
+            for argomenti in [["20"], ["-s", 10**15]]:
+                with self.subTest(data=data, argomenti=argomenti):
+                    esito = self.taglie("-f", "pdf", *argomenti, "--colpi", "c",
+                                        env=ambiente(SOURCE_DATE_EPOCH=data))
+                    self.errore(esito, RIFIUTO, f"taglie: SOURCE_DATE_EPOCH: {motivo}\n")
+                    self.assertEqual(self.contenuto(), ["taglie.pdf"])
+        self.assertEqual(self.byte("taglie.pdf"), b"il vecchio")
+        self.fa("-f", "txt", env=ambiente(SOURCE_DATE_EPOCH="ieri"))  # which tells no date
+
     def test_coi_caratteri_unici_il_documento_e_di_un_quarto_piu_piccolo(self):
         tanti = self.fa_pdf("20", "--seme", "7", env=FISSO)
         unici = self.fa_pdf("20", "--seme", "7", "--caratteri-unici", env=FISSO)

@@ -8,7 +8,7 @@ import unittest
 from datetime import datetime, timedelta, timezone
 from zoneinfo import ZoneInfo
 
-from aiuti import ATTESA, FATTO, Prova, ambiente
+from aiuti import ATTESA, FATTO, RIFIUTO, Prova, ambiente
 
 OROLOGIO_FINTO = os.environ["OROLOGIO_FINTO"]
 SEGNA_ORA = os.environ["SEGNA_ORA"]
@@ -139,6 +139,17 @@ class Date(Prova):
             self.assertEqual(self.date(finto(inizio)), (attesa, attesa[:4]))
 
 
+    def test_oltre_il_9999_il_documento_e_rifiutato_e_il_resto_no(self):
+        # A year of five digits, and one of more digits than the library's calendar has.
+        for inizio in [istante(9999, 12, 31, 23, 59, 59) + 1, 10**17]:
+            for argomenti in [["1"], ["-s", 10**15]]:
+                esito = self.taglie("-f", "pdf", *argomenti, env=finto(inizio))
+                self.errore(esito, RIFIUTO, "taglie: orologio del sistema: segna una data oltre "
+                                            "l'anno 9999")
+            self.assertEqual(self.contenuto(), [])
+        self.fa("1", env=finto(istante(9999, 12, 31, 23, 59, 59) + 1))
+
+
 class Durate(Prova):
     def avanzamento(self, env):
         esito = self.taglie("3000", "-s", "--avanzamento", "sempre", env=env)
@@ -154,7 +165,7 @@ class Durate(Prova):
             righe = self.avanzamento(finto(monotono=10**6, monotono_passo=passo))
             self.assertGreater(len(righe), 1000)
             for riga in righe:
-                self.assertRegex(riga, r"\A\d+ taglie su 3000 \(\d+%\), \d+ al secondo"
+                self.assertRegex(riga, r"\A(1 taglia|\d+ taglie) su 3000 \(\d+%\), \d+ al secondo"
                                        r"(, mancano \d+(:\d\d){1,2})?\Z")
 
     def test_i_secondi_dei_dati_sono_un_numero(self):

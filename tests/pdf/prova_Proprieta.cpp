@@ -2,6 +2,7 @@
 
 #include "Aiuti.h"
 #include "PaginaDiProva.h"
+#include "Scritture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -177,6 +178,20 @@ TEST(CreationDate, EQuellaDellOggettoNonDiBeginDoc)
     pdf.EndDoc();
     EXPECT_EQ(chiamate, 1);
     EXPECT_THAT(Byte(cartella.File("prova.pdf")), HasSubstr("(D:20010101000000Z+01'00')"));
+}
+
+TEST(CreationDate, OltreLAnno9999EUnErrore)
+{
+    const auto errore = [](int anno) {
+        return aiuti::ErroreDi([anno] {
+            clsPDFCreator pdf;
+            pdf.SetClock({[anno] { return clsPDFCreator::DateTime{anno, 12, 31, 23, 59, 59}; },
+                          [] { return 0; }});
+        });
+    };
+    EXPECT_FALSE(errore(9999));
+    ASSERT_TRUE(errore(10000));
+    EXPECT_EQ(errore(10000)->Numero(), NumeroErrore::ChiamataNonValida);
 }
 
 // ---- Metadata --------------------------------------------------------------------------------

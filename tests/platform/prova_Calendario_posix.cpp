@@ -11,6 +11,7 @@
 #include <ctime>
 #include <set>
 #include <string>
+#include <string_view>
 
 using aiuti::ErroreDi;
 using aiuti::InUnFiglio;
@@ -84,6 +85,11 @@ TEST(Calendario, UnMomentoSbagliatoEUnErrore)
                       ASSERT_TRUE(errore) << epoca;
                       EXPECT_EQ(errore->Numero(), NumeroErrore::TipoNonCorrispondente);
                       EXPECT_EQ(errore->File(), "SOURCE_DATE_EPOCH");
+                      const bool numero = std::string_view(epoca) == "253402300800";
+                      EXPECT_EQ(errore->Motivo(),
+                                "\"" + std::string(epoca) +
+                                    (numero ? "\" supera l'anno 9999"
+                                            : "\" non è un numero di secondi dal 1970"));
                   }
               }),
               Riuscito);

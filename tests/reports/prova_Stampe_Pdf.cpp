@@ -3,6 +3,7 @@
 
 #include "prova_Stampe_Pdf.h"
 
+#include "Calendario.h"
 #include "ErroreRuntime.h"
 #include "LettoreDiFile.h"
 #include "PdfProdotti.h"
@@ -159,6 +160,22 @@ TEST(StampaPdf, LaPaginaCominciaPrimaCheLaTagliaSiGiochi)
     EXPECT_THROW(StampaPdf(3), ErroreRuntime);
     EXPECT_THAT(prova.Cartella.Contenuto(), IsEmpty());
     EXPECT_THAT(prova.Aperti, IsEmpty());
+}
+
+TEST(StampePdf, UnaDataSbagliataEUnErrorePrimaDiOgniAltraCosa)
+{
+    const Calendario prima = CalendarioInUso;
+    for (const bool statistiche : {false, true}) {
+        Prova prova("tre");
+        CalendarioInUso.Adesso = []() -> DataOra {
+            throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente, "finto", "data");
+        };
+        std::ofstream(prova.Cartella.File("taglie.pdf")) << "il vecchio";
+        AmbienteInUso.PreparaTaglia = [](std::int64_t) { ADD_FAILURE() << "a shoe was dealt"; };
+        EXPECT_THROW(statistiche ? StatistichePdf(3, {}) : StampaPdf(3), ErroreRuntime);
+        EXPECT_EQ(Byte(prova.Cartella.File("taglie.pdf")), "il vecchio");
+        CalendarioInUso = prima;
+    }
 }
 
 // ---- A report that is in use -----------------------------------------------------------------
