@@ -3,6 +3,7 @@
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "Orologio.h"
+#include "Segnali.h"
 
 #include <cmath>
 #include <cstdio>
@@ -27,19 +28,34 @@ std::string Durata(double secondi)
 
 } // namespace
 
-std::string TestoAvanzamento(std::int64_t fatte, std::int64_t taglie, double secondi)
+std::string QuanteTaglie(std::int64_t taglie)
+{
+    return TestoNumero(taglie) + (taglie == 1 ? " taglia" : " taglie");
+}
+
+std::string TestoAvanzamento(std::int64_t fatte, std::int64_t taglie, double secondi,
+                             std::optional<std::size_t> colonne)
 {
     constexpr double cento = 100;
     constexpr double durataMassima = 1e9; // some thirty years: no use in telling more
     const auto quota = static_cast<double>(fatte) / static_cast<double>(taglie);
-    std::string testo = TestoNumero(fatte) + " taglie su " + TestoNumero(taglie) + " (" +
-                        TestoNumero(static_cast<std::int64_t>(quota * cento)) + "%)";
-    if (secondi <= 0) return testo;
-    const double ritmo = static_cast<double>(fatte) / secondi;
-    const double mancano = static_cast<double>(taglie - fatte) / ritmo;
-    testo += ", " + TestoNumero(static_cast<std::int64_t>(ritmo)) + " al secondo";
-    if (mancano < durataMassima) testo += ", mancano " + Durata(mancano);
-    return testo;
+    const std::string percento = TestoNumero(static_cast<std::int64_t>(quota * cento)) + "%";
+    const std::string conto =
+        QuanteTaglie(fatte) + " su " + TestoNumero(taglie) + " (" + percento + ")";
+    std::string passo;
+    std::string resto;
+    if (secondi > 0) {
+        const double ritmo = static_cast<double>(fatte) / secondi;
+        const double mancano = static_cast<double>(taglie - fatte) / ritmo;
+        passo = ", " + TestoNumero(static_cast<std::int64_t>(ritmo)) + " al secondo";
+        if (mancano < durataMassima) resto = ", mancano " + Durata(mancano);
+    }
+    const std::string tutto = conto + passo + resto;
+    if (!colonne) return tutto;
+    for (const auto& testo : {tutto, conto + resto, conto, percento}) {
+        if (testo.size() < *colonne) return testo;
+    }
+    return "";
 }
 
 Avanzamento::Avanzamento(std::int64_t taglie, bool terminale)
@@ -55,11 +71,19 @@ void Avanzamento::Mostra(std::int64_t fatte)
     const double adesso = SecondiTrascorsi();
     if (adesso < m_prossima) return;
     m_prossima = adesso + (m_terminale ? OgniTerminale : OgniRiga);
-    const std::string testo = TestoAvanzamento(fatte, m_taglie, adesso - m_inizio);
+    const std::string testo = TestoAvanzamento(fatte, m_taglie, adesso - m_inizio, Colonne());
     // A progress line that cannot be written is no reason to end the run.
     std::fputs(m_terminale ? ("\r" + testo + "\x1b[K").c_str() : (testo + "\n").c_str(), stderr);
     std::fflush(stderr);
     m_scritto = true;
+}
+
+// Asked each time: a line that was broken by a narrower window could not be written over.
+std::optional<std::size_t> Avanzamento::Colonne() const
+{
+    const int colonne = m_terminale ? ColonneErrori() : 0;
+    if (colonne <= 0) return std::nullopt;
+    return static_cast<std::size_t>(colonne);
 }
 
 void Avanzamento::Finisci()

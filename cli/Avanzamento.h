@@ -1,16 +1,23 @@
 // The progress line on standard error.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace cli {
 
-// Text of the progress: shoes done, rate, time left.
-std::string TestoAvanzamento(std::int64_t fatte, std::int64_t taglie, double secondi);
+// "1 taglia", "2 taglie".
+std::string QuanteTaglie(std::int64_t taglie);
 
-// Writes it now and then: on a terminal one line over and over, ten times a second; elsewhere a
-// line a second.
+// Text of the progress: shoes done, rate, time left. With colonne only as much of it as stays below
+// that many characters.
+std::string TestoAvanzamento(std::int64_t fatte, std::int64_t taglie, double secondi,
+                             std::optional<std::size_t> colonne = {});
+
+// Writes it now and then: on a terminal one line over and over, as wide as it has room for, ten
+// times a second; elsewhere a line a second.
 class Avanzamento
 {
 public:
@@ -28,6 +35,8 @@ public:
     void Finisci();
 
 private:
+    std::optional<std::size_t> Colonne() const;
+
     std::int64_t m_taglie;
     bool m_terminale;
     double m_inizio;

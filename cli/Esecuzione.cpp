@@ -140,8 +140,8 @@ std::unique_ptr<FileMazzi> MazziDaFile(const Opzioni& opzioni)
     if (!mazzi->Leggi(opzioni.Taglie, InterruzioneChiesta)) Interrompi("nessuna taglia giocata");
     if (opzioni.Taglie && mazzi->Quante() < *opzioni.Taglie) {
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                            "contiene " + TestoNumero(static_cast<std::int64_t>(mazzi->Quante())) +
-                                " taglie, ne servono " +
+                            "contiene " + QuanteTaglie(static_cast<std::int64_t>(mazzi->Quante())) +
+                                ", ne servono " +
                                 TestoNumero(static_cast<std::int64_t>(*opzioni.Taglie)),
                             opzioni.Mazzi);
     }
@@ -327,7 +327,8 @@ void ChiudiFile(Lavoro& lavoro)
 
 std::string DescriviInterruzione(const Lavoro& lavoro)
 {
-    return TestoNumero(lavoro.fatte) + " taglie fatte su " + TestoNumero(lavoro.taglie);
+    return QuanteTaglie(lavoro.fatte) + (lavoro.fatte == 1 ? " fatta su " : " fatte su ") +
+           TestoNumero(lavoro.taglie);
 }
 
 void Esegui(const Opzioni& opzioni)

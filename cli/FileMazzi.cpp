@@ -120,8 +120,8 @@ std::optional<Taglia> LeggiTaglia(std::string_view riga)
     const auto parole = Parole(riga);
     if (parole.empty()) return std::nullopt;
     if (parole.size() != CarteTaglia) {
-        Rifiuta("le carte sono " + TestoNumero(static_cast<std::int64_t>(parole.size())) +
-                " invece di 312");
+        Rifiuta((parole.size() == 1 ? "la carta è " : "le carte sono ") +
+                TestoNumero(static_cast<std::int64_t>(parole.size())) + " invece di 312");
     }
     // The first word decides which of the two forms the line has.
     return CodiceMazzetto(parole.front()) ? DaTesti(parole) : DaCodici(parole);

@@ -21,3 +21,6 @@ void ImpostaInterruzione(bool chiesta) noexcept;
 
 // True when standard error is a terminal.
 bool ErroriSuTerminale();
+
+// How many characters a line of that terminal holds now; 0 when it does not tell.
+int ColonneErrori();

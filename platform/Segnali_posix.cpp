@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace {
@@ -137,4 +138,10 @@ int ApriCanaleInterruzioni() noexcept
 bool ErroriSuTerminale()
 {
     return ::isatty(STDERR_FILENO) != 0;
+}
+
+int ColonneErrori()
+{
+    winsize misure = {};
+    return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &misure) == 0 ? misure.ws_col : 0;
 }

@@ -4,6 +4,7 @@
 #include <csignal>
 
 #include <io.h>
+#include <windows.h>
 
 namespace {
 
@@ -31,4 +32,12 @@ int ApriCanaleInterruzioni() noexcept
 bool ErroriSuTerminale()
 {
     return ::_isatty(2) != 0;
+}
+
+int ColonneErrori()
+{
+    CONSOLE_SCREEN_BUFFER_INFO misure = {};
+    const HANDLE errori = GetStdHandle(STD_ERROR_HANDLE);
+    if (GetConsoleScreenBufferInfo(errori, &misure) == 0) return 0;
+    return misure.srWindow.Right - misure.srWindow.Left + 1;
 }

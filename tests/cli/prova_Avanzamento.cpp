@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 using cli::TestoAvanzamento;
 
 TEST(TestoAvanzamento, FatteRitmoETempo)
@@ -15,13 +17,28 @@ TEST(TestoAvanzamento, FatteRitmoETempo)
 
 TEST(TestoAvanzamento, OreEMinuti)
 {
-    EXPECT_EQ(TestoAvanzamento(1, 3662, 1), "1 taglie su 3662 (0%), 1 al secondo, mancano 1:01:01");
-    EXPECT_EQ(TestoAvanzamento(1, 601, 1), "1 taglie su 601 (0%), 1 al secondo, mancano 10:00");
+    EXPECT_EQ(TestoAvanzamento(1, 3662, 1), "1 taglia su 3662 (0%), 1 al secondo, mancano 1:01:01");
+    EXPECT_EQ(TestoAvanzamento(1, 601, 1), "1 taglia su 601 (0%), 1 al secondo, mancano 10:00");
 }
 
 TEST(TestoAvanzamento, SenzaTempoOSenzaFineNonLoDice)
 {
-    EXPECT_EQ(TestoAvanzamento(1, 2, 0), "1 taglie su 2 (50%)");
+    EXPECT_EQ(TestoAvanzamento(1, 2, 0), "1 taglia su 2 (50%)");
     EXPECT_EQ(TestoAvanzamento(1, std::int64_t{1} << 53, 1),
-              "1 taglie su 9007199254740992 (0%), 1 al secondo");
+              "1 taglia su 9007199254740992 (0%), 1 al secondo");
+}
+
+TEST(TestoAvanzamento, StaInMenoColonneDiQuanteCeNeSono)
+{
+    const auto in = [](std::size_t colonne) { return TestoAvanzamento(50, 200, 10, colonne); };
+    const std::string tutto = "50 taglie su 200 (25%), 5 al secondo, mancano 0:30"; // 50 characters
+    EXPECT_EQ(in(1000), tutto);
+    EXPECT_EQ(in(51), tutto);
+    EXPECT_EQ(in(50), "50 taglie su 200 (25%), mancano 0:30"); // the last column stays free
+    EXPECT_EQ(in(37), "50 taglie su 200 (25%), mancano 0:30");
+    EXPECT_EQ(in(36), "50 taglie su 200 (25%)");
+    EXPECT_EQ(in(22), "25%");
+    EXPECT_EQ(in(3), "");
+    EXPECT_EQ(in(1), "");
+    EXPECT_EQ(TestoAvanzamento(50, 200, 0, 30), "50 taglie su 200 (25%)");
 }

@@ -1,11 +1,14 @@
 """Requests to stop, sudden ends and the progress line."""
 
+import fcntl
 import os
 import pty
 import re
 import resource
 import select
 import signal
+import struct
+import termios
 import time
 import unittest
 from pathlib import Path
@@ -70,7 +73,7 @@ class Interruzione(Prova):
             with self.subTest(segnale=segnale):
                 testo = self.interrompe(TANTE, "--seme", "5", "--numeri", "c", segnale=segnale,
                                         quando=self.cresciuto("taglie.txt"))
-                fatte = int(re.search(rf": (\d+) taglie fatte su {TANTE}\n", testo)[1])
+                fatte = int(re.search(rf": (\d+) tagli(?:e fatte|a fatta) su {TANTE}\n", testo)[1])
                 rimasto = self.byte("taglie.txt")
                 self.assertEqual(taglie_nel_testo(rimasto), fatte)
                 self.fa(fatte, "--seme", "5", "--numeri", "c")
@@ -115,7 +118,7 @@ class Interruzione(Prova):
     def test_record_e_taglie_restano_interi(self):
         testo = self.interrompe(TANTE, "--seme", "5", "-f", "nessuna", "--colpi", "c",
                                 "--salva-mazzi", "m", quando=self.cresciuto("c"))
-        fatte = int(re.search(r": (\d+) taglie fatte", testo)[1])
+        fatte = int(re.search(r": (\d+) tagli(?:e fatte|a fatta) su", testo)[1])
         colpi, mazzi = self.byte("c"), self.byte("m")
         self.assertEqual(len(taglie_dei_colpi(colpi)), fatte)
         self.fa(fatte, "--seme", "5", "-f", "nessuna", "--colpi", "c", "--salva-mazzi", "m")
@@ -145,7 +148,7 @@ class Interruzione(Prova):
         esito = self.ferma(processo)
         righe = (prima + esito.errori).decode("utf-8").splitlines()
         self.assertEqual(esito.codice, INTERROTTO)
-        self.assertRegex(righe.pop(), rf"^taglie: interrotto: \d+ taglie fatte su {TANTE}$")
+        self.assertRegex(righe.pop(), rf"^taglie: interrotto: \d+ tagli(e fatte|a fatta) su {TANTE}$")
         self.assertGreaterEqual(len(righe), 1)
         for riga in righe:
             self.assertRegex(riga, rf"^\d+ taglie su {TANTE} \(0%\), \d+ al secondo, "
@@ -211,8 +214,9 @@ class Terminale(Prova):
             if finche is not None and finche in visto:
                 return visto
 
-    def con_errori_su_terminale(self, *argomenti):
+    def con_errori_su_terminale(self, *argomenti, prepara=lambda capo: None):
         capo, coda = pty.openpty()
+        prepara(capo)
         try:
             processo = self.avvia(*argomenti, stderr=coda)
         finally:
@@ -235,6 +239,22 @@ class Terminale(Prova):
         for pezzo in pezzi[1:-1]:
             self.assertRegex(pezzo, rf"^\d+ taglie su {taglie} \(\d+%\), \d+ al secondo, "
                                     r"mancano \d+:\d\d(:\d\d)?\x1b\[K$")
+
+    def test_sul_terminale_l_avanzamento_sta_nella_larghezza(self):
+        def larghezza(capo, colonne):
+            fcntl.ioctl(capo, termios.TIOCSWINSZ, struct.pack("HHHH", 24, colonne, 0, 0))
+
+        for colonne, forma in [(45, r"\d+ taglie su 150000 \(\d+%\), mancano \d+:\d\d"),
+                               (30, r"\d+ taglie su 150000 \(\d+%\)"), (10, r"\d+%"), (2, "")]:
+            with self.subTest(colonne=colonne):
+                esito = self.con_errori_su_terminale(
+                    150_000, "-s", prepara=lambda capo, n=colonne: larghezza(capo, n))
+                pezzi = esito.errori.decode("utf-8").split("\r")
+                self.assertGreaterEqual(len(pezzi), 3)
+                for pezzo in pezzi[1:-1]:
+                    testo = pezzo.removesuffix("\x1b[K")
+                    self.assertLess(len(testo), colonne)
+                    self.assertRegex(testo, f"^{forma}$")
 
     def test_sul_terminale_una_corsa_breve_non_dice_niente(self):
         self.assertEqual(self.con_errori_su_terminale("-V").errori, b"")
@@ -275,7 +295,7 @@ class Terminale(Prova):
         self.assertEqual(codice, INTERROTTO)
         self.assertLess(durata, FERMATA)
         self.assertRegex(visto.decode("utf-8"),
-                         rf"\x1b\[Ktaglie: interrotto: \d+ taglie fatte su {TANTE}\r\n\Z")
+                         rf"\x1b\[Ktaglie: interrotto: \d+ tagli(e fatte|a fatta) su {TANTE}\r\n\Z")
         self.assertEqual(self.contenuto(), [])
 
 

@@ -117,7 +117,11 @@ class Lettura(Prova):
 
     def test_piu_taglie_di_quelle_del_file_sono_rifiutate(self):
         self.scrivi("mazzi", buona_riga() + "\n" + buona_riga() + "\n")
-        self.errore(self.taglie("--mazzi", "mazzi", "3"), RIFIUTO, "taglie: mazzi: ", "2", "3")
+        self.errore(self.taglie("--mazzi", "mazzi", "3"), RIFIUTO,
+                    "taglie: mazzi: contiene 2 taglie, ne servono 3\n")
+        self.scrivi("mazzi", buona_riga())
+        self.errore(self.taglie("--mazzi", "mazzi", "2"), RIFIUTO,
+                    "taglie: mazzi: contiene 1 taglia, ne servono 2\n")
         self.assertEqual(self.contenuto(), ["mazzi"])
 
     def test_il_trattino_e_lo_standard_input(self):
@@ -175,7 +179,7 @@ class Lettura(Prova):
             "testo minuscolo": (testi.replace("KP", "kp", 1), '"kp"'),
             "codici e poi testi": (buona.replace(",312", ",KP"), '"KP"'),
             "testi e poi codici": (testi[:-2] + "312", '"312"'),
-            "una parola sola": ("ciao", "1 invece di 312"),
+            "una parola sola": ("ciao", "la carta è 1 invece di 312"),
             "un byte nullo": (buona.replace(",2,", ",2\0,", 1), "2?"),
             "solo byte nulli": ("\0" * 1000, "1 invece di 312"),
             "byte alti": (b"\xff\xfe\x80" + buona.encode(), '"???1"'),

@@ -111,7 +111,7 @@ def difetto(forma, segnale, ascoltava, esito, prima, dopo):
         return None if dopo == prima else descrizione
     if codice != INTERROTTO or uscita != b"":
         return descrizione
-    if not re.fullmatch(rb"taglie: interrotto: \d+ taglie fatte su \d+\n", errori):
+    if not re.fullmatch(rb"taglie: interrotto: \d+ tagli(e fatte|a fatta) su \d+\n", errori):
         return descrizione
     return None if all(forma.ammesso(*voce) for voce in dopo.items()) else descrizione
 

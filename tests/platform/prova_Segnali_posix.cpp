@@ -14,6 +14,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -295,6 +296,7 @@ TEST(ErroriSuTerminale, UnTuboEUnFileNonSonoUnTerminale)
                   const int nulla = ::open("/dev/null", O_WRONLY);
                   ASSERT_EQ(::dup2(nulla, STDERR_FILENO), STDERR_FILENO);
                   EXPECT_FALSE(ErroriSuTerminale());
+                  EXPECT_EQ(ColonneErrori(), 0);
                   ::close(STDERR_FILENO);
                   EXPECT_FALSE(ErroriSuTerminale());
               }),
@@ -310,6 +312,10 @@ TEST(ErroriSuTerminale, UnTerminaleSi)
         if (terminale < 0) aiuti::EsciImpossibile();
         ASSERT_EQ(::dup2(terminale, STDERR_FILENO), STDERR_FILENO);
         EXPECT_TRUE(ErroriSuTerminale());
+        EXPECT_EQ(ColonneErrori(), 0); // a terminal that does not know
+        winsize misure = {24, 132, 0, 0};
+        ASSERT_EQ(::ioctl(capo, TIOCSWINSZ, &misure), 0);
+        EXPECT_EQ(ColonneErrori(), 132);
     });
     if (esito == aiuti::Impossibile) GTEST_SKIP() << "no pseudo-terminals here";
     EXPECT_EQ(esito, Riuscito);
