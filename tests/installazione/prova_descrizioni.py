@@ -45,6 +45,16 @@ class Manuali(Descrizioni):
             parte = re.split(r"^\S", parte, flags=re.MULTILINE)[0]
             self.assertEqual(re.findall(r"^ {7}(\d+)", parte, re.MULTILINE), attesi)
 
+    def test_ogni_pagina_dice_le_variabili_d_ambiente(self):
+        programmi = ["taglie", "scalvino"] if "programma" in COMPONENTI else ["taglie"]
+        for nome in programmi:
+            for cartella, titolo in {"man/man1": "ENVIRONMENT", "man/it/man1": "AMBIENTE"}.items():
+                parte = self.manuale(nome, cartella).split(f"\n{titolo}\n")[1]
+                parte = re.split(r"^\S", parte, flags=re.MULTILINE)[0]
+                voci = re.findall(r"^ {7}([A-Z][A-Z_, ]*)", parte, re.MULTILINE)
+                self.assertEqual(" ".join(voci).replace(",", "").split(),
+                                 ["SOURCE_DATE_EPOCH", "LC_ALL", "LC_NUMERIC", "LANG", "TMPDIR"])
+
     def test_ogni_pagina_dice_versione_e_data(self):
         programmi = ["taglie", "scalvino"] if "programma" in COMPONENTI else ["taglie"]
         for nome in programmi:
