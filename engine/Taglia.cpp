@@ -7,7 +7,7 @@
 
 namespace modCarte {
 
-constinit thread_local std::vector<std::string> Colpi;
+constinit thread_local Registro Colpi;
 
 namespace {
 
@@ -42,7 +42,7 @@ std::string CarteAnnullate()
 // that Colpi has its size before any record is stored.
 void GiocaTaglia()
 {
-    auto& colpi = Colpi;
+    auto& colpi = Colpi.Lista();
     const std::int16_t n = PassataDiConteggio();
     SvuotaColpi(colpi, n);
 

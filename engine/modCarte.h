@@ -7,6 +7,7 @@
 #pragma once
 
 #include "Flag.h"
+#include "Registro.h"
 
 #include <array>
 #include <cstddef>
@@ -96,7 +97,18 @@ extern constinit thread_local Flag FineTaglia;
 
 // The records of the current shoe: index 0 the cancelled cards, then the coups, the last index
 // the record that ran out of cards. Empty before the first shoe.
-extern constinit thread_local std::vector<std::string> Colpi;
+extern constinit thread_local Registro Colpi;
+
+// Stands first in a thread that plays and gives back the memory of its Colpi at the end.
+struct FineFilo
+{
+    FineFilo() = default;
+    ~FineFilo() { Colpi.Libera(); }
+    FineFilo(const FineFilo&) = delete;
+    FineFilo& operator=(const FineFilo&) = delete;
+    FineFilo(FineFilo&&) = delete;
+    FineFilo& operator=(FineFilo&&) = delete;
+};
 
 // Counts of one shoe; whole numbers. Ties at 31 are in Pari and in TrentunoApres.
 struct StatisticheTaglia

@@ -211,6 +211,7 @@ std::optional<TotaliReport> InParallelo(std::int64_t taglie, int lavori,
         try {
             for (std::size_t i = 1; i < conti.size(); ++i) {
                 operai.emplace_back([&spartizione, &conto = conti[i]] {
+                    const modCarte::FineFilo fine;
                     // Totals in a place of their own while counting: neighbours would share a
                     // line of the processor's cache.
                     Conti propri;

@@ -115,11 +115,11 @@ TEST(SimulaTaglia, UnaMescolataFallitaNonGiocaNessunColpo)
 {
     AvviaSeme(1, 1);
     SimulaTaglia();
-    const auto colpi = Colpi;
+    const auto colpi = Colpi.Lista();
     const auto statistiche = Statistiche;
     const SorgenteFissa sorgente({0.0F});
     EXPECT_THROW(SimulaTaglia(), ErroreRuntime);
-    EXPECT_EQ(Colpi, colpi);
+    EXPECT_EQ(Colpi.Lista(), colpi);
     EXPECT_EQ(Statistiche, statistiche);
 }
 

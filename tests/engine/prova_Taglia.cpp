@@ -59,7 +59,7 @@ TEST(SimulaTaglia, RigiocareLaStessaTagliaRidaGliStessiRecord)
 {
     AvviaSeme(1, 4);
     SimulaTaglia();
-    const auto colpi = Colpi;
+    const auto colpi = Colpi.Lista();
     Posizione = 5;
     NumeroColpo = 1;
     FineTaglia = Falso;

@@ -25,8 +25,8 @@ namespace {
 // A shoe of k records of which the last one is given; Posizione as at the end of a shoe.
 CifreTaglia CifreCon(std::size_t k, const std::string& ultimo)
 {
-    modCarte::Colpi.assign(k + 1, "1,N,C,32,33,KP#9C#5F#8Q,10F#QC#7P#6Q");
-    modCarte::Colpi.back() = ultimo;
+    modCarte::Colpi.Lista().assign(k + 1, "1,N,C,32,33,KP#9C#5F#8Q,10F#QC#7P#6Q");
+    modCarte::Colpi.Lista().back() = ultimo;
     modCarte::Posizione = 313;
     return DerivaCifre();
 }
@@ -78,7 +78,7 @@ TEST(CifreTaglia, TotaliCheNonSonoNumeriSonoUnErrore)
     EXPECT_THROW(CifreCon(30, "30,,,x,0,,"), ErroreRuntime);
     EXPECT_THROW(CifreCon(30, "30,,"), ErroreRuntime);
     EXPECT_THROW(CifreCon(30, "30,,,32768,0,,"), ErroreRuntime);
-    modCarte::Colpi.clear();
+    modCarte::Colpi.Lista().clear();
     EXPECT_THROW(DerivaCifre(), ErroreRuntime);
 }
 

@@ -84,7 +84,7 @@ void ControllaTuttiGliR(int n)
 // Everything that a shuffle may change.
 auto StatoDelModulo()
 {
-    return std::tuple(Mazzo, Posizione, NumeroColpo, FineTaglia, Colpi, Statistiche);
+    return std::tuple(Mazzo, Posizione, NumeroColpo, FineTaglia, Colpi.Lista(), Statistiche);
 }
 
 } // namespace

@@ -263,7 +263,7 @@ TEST_F(Finestra, UnaTagliaInteraSiGiocaConLaBarraSpaziatrice)
         Pulsante("cmdMescola")->setFocus();
         QTest::keyClick(finestra->focusWidget(), Qt::Key_Space);
         EXPECT_EQ(finestra->focusWidget(), Pulsante("cmdColpo"));
-        const auto record = modCarte::Colpi;
+        const auto record = modCarte::Colpi.Lista();
         const std::size_t n = record.size() - 1;
         for (std::size_t i = 1; i < n; ++i) {
             QTest::keyClick(finestra->focusWidget(), Qt::Key_Space);
