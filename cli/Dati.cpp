@@ -1,109 +1,210 @@
+// The totals as rows of values, and these as JSON or CSV. The text is built piece by piece: a tree
+// of JSON values takes memory even while it is destroyed, and ends the program when there is none.
 #include "Dati.h"
 
+#include "Numeri.h"
 #include "QuoteEsatte.h"
 #include "modCarte.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <string_view>
+#include <vector>
 
 namespace cli {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr std::int64_t CarteGiocate = modCarte::CarteTaglia - modCarte::NumeroCarteAnnullate;
 
-// What is not known (the error of one single shoe) is null.
-Json Numero(double valore)
+constexpr std::string_view Ignoto = "null";
+
+// The columns of CSV after section and name.
+enum Colonna : std::uint8_t
 {
-    return std::isfinite(valore) ? Json(valore) : Json();
+    Valore,
+    Tasso,
+    ErroreStandard,
+    Minimo95,
+    Massimo95,
+    Esatta,
+    Z,
+    NumeroColonne,
+};
+
+// One entry: its values as JSON writes them, empty where a column does not apply to it.
+struct Riga
+{
+    std::string_view Sezione;
+    std::string_view Voce;
+    std::array<std::string, NumeroColonne> Valori;
+};
+
+constexpr std::string_view DellaCorsa = "corsa";
+constexpr std::string_view Esiti = "esiti";
+constexpr std::string_view PrimoColpo = "primo_colpo";
+
+// What is not known (the error of one single shoe) is null.
+std::string Numero(double valore)
+{
+    return std::isfinite(valore) ? nlohmann::json(valore).dump() : std::string(Ignoto);
 }
 
-Json EsitoJson(const Stampe::Studio& studio, std::size_t esito)
+std::string Numero(std::int64_t valore)
+{
+    return TestoNumero(valore);
+}
+
+Riga RigaEsito(const Stampe::Studio& studio, std::size_t esito)
 {
     const auto stima = Stampe::StimaTasso(studio, esito);
     const auto intervallo = Stampe::Intervallo95(stima, studio.Taglie());
-    return {{"totale", studio.Esito(esito).Totale},
-            {"tasso", Numero(stima.Tasso)},
-            {"errore_standard", Numero(stima.ErroreStandard)},
-            {"intervallo95",
-             {intervallo ? Json(intervallo->Minimo) : Json(),
-              intervallo ? Json(intervallo->Massimo) : Json()}}};
+    return {Esiti,
+            QuotePrimoColpo.at(esito).Esito,
+            {Numero(studio.Esito(esito).Totale), Numero(stima.Tasso), Numero(stima.ErroreStandard),
+             intervallo ? Numero(intervallo->Minimo) : std::string(Ignoto),
+             intervallo ? Numero(intervallo->Massimo) : std::string(Ignoto), "", ""}};
 }
 
-Json PrimoColpoJson(const Stampe::Studio& studio, std::size_t esito)
+Riga RigaPrimoColpo(const Stampe::Studio& studio, std::size_t esito)
 {
     const double esatta = QuotePrimoColpo.at(esito).Probabilita;
     const auto totale = studio.Esito(esito).PrimoColpo;
-    return {{"totale", totale},
-            {"tasso", Numero(static_cast<double>(totale) / static_cast<double>(studio.Taglie()))},
-            {"esatta", esatta},
-            {"z", Numero(Stampe::ScartoPrimoColpo(studio, esito, esatta))}};
+    return {PrimoColpo,
+            QuotePrimoColpo.at(esito).Esito,
+            {Numero(totale),
+             Numero(static_cast<double>(totale) / static_cast<double>(studio.Taglie())), "", "", "",
+             Numero(esatta), Numero(Stampe::ScartoPrimoColpo(studio, esito, esatta))}};
 }
 
-Json InJson(const Stampe::TotaliReport& totali, const Stampe::Studio& studio, const Corsa& corsa)
+std::vector<Riga> Righe(const Stampe::TotaliReport& totali, const Stampe::Studio& studio,
+                        const Corsa& corsa)
 {
-    Json dati;
-    dati["versione"] = Versione();
-    dati["seme"] = corsa.Seme ? Json(*corsa.Seme) : Json();
-    dati["secondi"] = corsa.Secondi;
-    dati["taglie"] = studio.Taglie();
-    dati["report"] = {{"colpi", totali.Colpi}, {"carte", totali.CarteUsate}};
-    dati["completi"] = {{"colpi", studio.ColpiCompleti()},
-                        {"carte", CarteGiocate * studio.Taglie()}};
+    const auto una = [](std::string_view sezione, std::string_view voce, std::string valore) {
+        return Riga{sezione, voce, {std::move(valore)}};
+    };
+    std::vector<Riga> righe;
+    righe.push_back(una(DellaCorsa, "versione", "\"" + Versione() + "\""));
+    righe.push_back(
+        una(DellaCorsa, "seme", corsa.Seme ? std::to_string(*corsa.Seme) : std::string(Ignoto)));
+    righe.push_back(una(DellaCorsa, "secondi", Numero(corsa.Secondi)));
+    righe.push_back(una(DellaCorsa, "taglie", Numero(studio.Taglie())));
+    righe.push_back(una("report", "colpi", Numero(totali.Colpi)));
+    righe.push_back(una("report", "carte", Numero(totali.CarteUsate)));
+    righe.push_back(una("completi", "colpi", Numero(studio.ColpiCompleti())));
+    righe.push_back(una("completi", "carte", Numero(CarteGiocate * studio.Taglie())));
+    for (std::size_t i = 0; i < Stampe::NumeroEsiti; ++i) righe.push_back(RigaEsito(studio, i));
     for (std::size_t i = 0; i < Stampe::NumeroEsiti; ++i) {
-        const std::string nome(QuotePrimoColpo[i].Esito);
-        dati["esiti"][nome] = EsitoJson(studio, i);
+        righe.push_back(RigaPrimoColpo(studio, i));
     }
-    for (std::size_t i = 0; i < Stampe::NumeroEsiti; ++i) {
-        const std::string nome(QuotePrimoColpo[i].Esito);
-        dati["primo_colpo"][nome] = PrimoColpoJson(studio, i);
+    return righe;
+}
+
+// ---- JSON -------------------------------------------------------------------------------------
+
+// A text with a line for each value, indented by two blanks a level. Names are the program's own
+// and need no escapes.
+class TestoJson
+{
+public:
+    // An object or, with "[", a list.
+    void Apri(std::string_view nome, char parentesi = '{')
+    {
+        Inizia(nome);
+        m_testo.push_back(parentesi);
+        ++m_livello;
+        m_primo = true;
     }
-    return dati;
+
+    void Aggiungi(std::string_view nome, std::string_view valore)
+    {
+        Inizia(nome);
+        m_testo.append(valore);
+    }
+
+    void Chiudi(char parentesi = '}')
+    {
+        --m_livello;
+        m_primo = false;
+        RigaNuova();
+        m_testo.push_back(parentesi);
+    }
+
+    const std::string& Testo() const { return m_testo; }
+
+private:
+    // Without a name: in a list, or the whole itself.
+    void Inizia(std::string_view nome)
+    {
+        if (!m_primo) m_testo.push_back(',');
+        m_primo = false;
+        if (m_livello > 0) RigaNuova();
+        if (!nome.empty()) m_testo.append("\"").append(nome).append("\": ");
+    }
+
+    void RigaNuova() { m_testo.append("\n").append(2 * m_livello, ' '); }
+
+    std::string m_testo;
+    std::size_t m_livello = 0;
+    bool m_primo = true;
+};
+
+void AggiungiEsito(TestoJson& json, const Riga& riga)
+{
+    json.Apri(riga.Voce);
+    json.Aggiungi("totale", riga.Valori[Valore]);
+    json.Aggiungi("tasso", riga.Valori[Tasso]);
+    if (riga.Sezione == Esiti) {
+        json.Aggiungi("errore_standard", riga.Valori[ErroreStandard]);
+        json.Apri("intervallo95", '[');
+        json.Aggiungi("", riga.Valori[Minimo95]);
+        json.Aggiungi("", riga.Valori[Massimo95]);
+        json.Chiudi(']');
+    } else {
+        json.Aggiungi("esatta", riga.Valori[Esatta]);
+        json.Aggiungi("z", riga.Valori[Z]);
+    }
+    json.Chiudi();
+}
+
+std::string InJson(const std::vector<Riga>& righe)
+{
+    TestoJson json;
+    json.Apri("");
+    std::string_view sezione = DellaCorsa; // whose entries stand in the whole itself
+    for (const auto& riga : righe) {
+        if (riga.Sezione != sezione) {
+            if (sezione != DellaCorsa) json.Chiudi();
+            sezione = riga.Sezione;
+            json.Apri(sezione);
+        }
+        if (sezione == Esiti || sezione == PrimoColpo) AggiungiEsito(json, riga);
+        else json.Aggiungi(riga.Voce, riga.Valori[Valore]);
+    }
+    json.Chiudi();
+    json.Chiudi();
+    return json.Testo() + "\n";
 }
 
 // ---- CSV: the same values, one row each, columns that do not apply empty ----------------------
 
-std::string Cella(const Json& valore)
+std::string Cella(std::string valore)
 {
-    if (valore.is_null()) return "";
-    return valore.is_string() ? valore.get<std::string>() : valore.dump();
+    if (valore == Ignoto) return "";
+    std::erase(valore, '"');
+    return valore;
 }
 
-void RigaCsv(std::string& testo, const std::array<std::string, 9>& celle)
+std::string InCsv(const std::vector<Riga>& righe)
 {
-    for (std::size_t i = 0; i < celle.size(); ++i) {
-        if (i > 0) testo.push_back(',');
-        testo += celle[i];
-    }
-    testo.push_back('\n');
-}
-
-std::string InCsv(const Json& dati)
-{
-    std::string testo;
-    RigaCsv(testo, {"sezione", "voce", "valore", "tasso", "errore_standard", "minimo95",
-                    "massimo95", "esatta", "z"});
-    for (const auto* voce : {"versione", "seme", "secondi", "taglie"}) {
-        RigaCsv(testo, {"corsa", voce, Cella(dati[voce])});
-    }
-    for (const auto* sezione : {"report", "completi"}) {
-        for (const auto& [voce, valore] : dati[sezione].items()) {
-            RigaCsv(testo, {sezione, voce, Cella(valore)});
-        }
-    }
-    for (const auto& [voce, v] : dati["esiti"].items()) {
-        RigaCsv(testo,
-                {"esiti", voce, Cella(v["totale"]), Cella(v["tasso"]), Cella(v["errore_standard"]),
-                 Cella(v["intervallo95"][0]), Cella(v["intervallo95"][1])});
-    }
-    for (const auto& [voce, v] : dati["primo_colpo"].items()) {
-        RigaCsv(testo, {"primo_colpo", voce, Cella(v["totale"]), Cella(v["tasso"]), "", "", "",
-                        Cella(v["esatta"]), Cella(v["z"])});
+    std::string testo = "sezione,voce,valore,tasso,errore_standard,minimo95,massimo95,esatta,z\n";
+    for (const auto& riga : righe) {
+        testo.append(riga.Sezione).append(",").append(riga.Voce);
+        for (const auto& valore : riga.Valori) testo.append(",").append(Cella(valore));
+        testo.push_back('\n');
     }
     return testo;
 }
@@ -113,9 +214,8 @@ std::string InCsv(const Json& dati)
 std::string TestoDati(FormaDati forma, const Stampe::TotaliReport& totali,
                       const Stampe::Studio& studio, const Corsa& corsa)
 {
-    constexpr int rientro = 2;
-    const Json dati = InJson(totali, studio, corsa);
-    return forma == FormaDati::Csv ? InCsv(dati) : dati.dump(rientro) + "\n";
+    const auto righe = Righe(totali, studio, corsa);
+    return forma == FormaDati::Csv ? InCsv(righe) : InJson(righe);
 }
 
 } // namespace cli

@@ -14,6 +14,7 @@
 #include <fstream>
 #include <functional>
 #include <map>
+#include <regex>
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -53,6 +54,12 @@ void Devia(int canale, const std::filesystem::path& file)
     ::close(nuovo);
 }
 
+// Data without the seconds that the run took.
+std::string SenzaDurata(const std::string& uscita)
+{
+    return std::regex_replace(uscita, std::regex("(secondi\"?[:,] ?)[0-9.e-]+"), "$1");
+}
+
 class Comando : public testing::Test
 {
 protected:
@@ -69,7 +76,7 @@ protected:
         EXPECT_EQ(::waitpid(figlio, &stato, 0), figlio);
         Esito esito;
         if (WIFEXITED(stato)) esito.Codice = WEXITSTATUS(stato);
-        esito.Uscita = aiuti::Byte(m_canali.File("uscita"));
+        esito.Uscita = SenzaDurata(aiuti::Byte(m_canali.File("uscita")));
         esito.Errori = aiuti::Byte(m_canali.File("errori"));
         std::ifstream(m_canali.File("richieste")) >> esito.Richieste;
         return esito;
@@ -239,4 +246,14 @@ TEST_F(Comando, TaglieEColpiSuFile)
 {
     EsaurisciOvunque({"--seme", "7", "3", "-f", "nessuna", "--colpi", "c", "--salva-mazzi", "m"},
                      "c", RigheIntere);
+}
+
+TEST_F(Comando, ITotaliInJson)
+{
+    EsaurisciOvunque({"--seme", "7", "3", "--dati", "json"}, "altro", Nulla);
+}
+
+TEST_F(Comando, ITotaliInCsvDiDueLavori)
+{
+    EsaurisciOvunque({"--seme", "7", "70", "--dati", "csv", "-j", "2"}, "altro", Nulla);
 }
