@@ -21,6 +21,8 @@
 #include "modCarte.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <new>
@@ -31,6 +33,8 @@ namespace cli {
 namespace {
 
 constexpr int UscitaStandard = 1;
+
+constexpr std::string_view MemoriaEsaurita = "memoria: esaurita";
 
 void ScriviUscita(const std::string& testo)
 {
@@ -130,6 +134,8 @@ auto OppureRifiuta(const Funzione& funzione)
     try {
         return funzione();
     } catch (const ErroreRuntime& errore) {
+        // Want of memory is no fault of the file.
+        if (errore.Numero() == NumeroErrore::MemoriaEsaurita) throw;
         throw ErroreComando(UscitaRifiuto, errore.File(), errore.Motivo());
     }
 }
@@ -375,7 +381,27 @@ void EseguiArgomenti(const std::vector<std::string>& argomenti)
     else Esegui(opzioni);
 }
 
+// Runs where std::terminate() is called. No exception in flight: there was no room for one.
+[[noreturn]] void FinisciDiColpo() noexcept
+{
+    std::string_view motivo = MemoriaEsaurita;
+    try {
+        if (std::current_exception() != nullptr) throw;
+    } catch (const std::bad_alloc&) {
+        motivo = MemoriaEsaurita;
+    } catch (...) {
+        motivo = "guasto interno: fine improvvisa";
+    }
+    ScriviErrore({motivo});
+    std::_Exit(UscitaInterna);
+}
+
 } // namespace
+
+void PreparaFineImprovvisa() noexcept
+{
+    std::set_terminate(FinisciDiColpo);
+}
 
 int EseguiComando(std::span<const char* const> argomenti) noexcept
 {
@@ -386,10 +412,11 @@ int EseguiComando(std::span<const char* const> argomenti) noexcept
         ScriviErrore({errore.what()});
         uscita = errore.CodiceUscita();
     } catch (const ErroreRuntime& errore) {
-        ScriviErrore({errore.what()});
+        const bool memoria = errore.Numero() == NumeroErrore::MemoriaEsaurita;
+        ScriviErrore({memoria ? MemoriaEsaurita : errore.what()});
         uscita = UscitaPer(errore.Numero());
     } catch (const std::bad_alloc&) {
-        ScriviErrore({"memoria: esaurita"});
+        ScriviErrore({MemoriaEsaurita});
         uscita = UscitaInterna;
     } catch (const std::exception& errore) {
         ScriviErrore({"guasto interno: ", errore.what()});
