@@ -54,7 +54,8 @@ FORME = {
     "uso sbagliato": (None, "C", "--sbagliata"),
     "mazzi che mancano": (None, "C", "--mazzi mancano"),
 }
-MAZZI = (buona_riga() + "\n").encode() * 2
+ALLA_ROVESCIA = ",".join(map(str, range(312, 0, -1)))
+MAZZI = f"{buona_riga()}\n{ALLA_ROVESCIA}\n".encode()
 
 
 def comune(byte):
@@ -163,8 +164,9 @@ class MemoriaFinita(unittest.TestCase):
         print(f"{nome}: {forma.richieste} richieste, {len(tutte)} corse, {falliti} fallite",
               flush=True)
         self.assertEqual([difetto for _, _, difetto in esiti if difetto], [])
-        # At one of its requests the C library takes the locale for missing, without saying why.
-        self.assertLessEqual(sum(senza for _, senza, _ in esiti), 1)
+        # At one request for each of its two categories the C library takes the locale for missing,
+        # without saying why.
+        self.assertLessEqual(sum(senza for _, senza, _ in esiti), 2)
         self.assertGreater(falliti, len(tutte) // 4)
 
 
