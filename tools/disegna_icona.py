@@ -4,8 +4,8 @@
 Usage: tools/disegna_icona.py resources
 
 Writes scalvino.svg, the pictures icone/scalvino-24.png to -256.png (needs rsvg-convert),
-icone/scalvino-16.png, which has a drawing of its own, and scalvino.ico, 32 x 32 in 16 colours (needs
-python3-pil).
+icone/scalvino-16.png, which has a drawing of its own, and scalvino.ico, 32 x 32 in 16 colours
+(needs python3-pil).
 """
 
 import io
