@@ -1,8 +1,13 @@
 #include "Ambiente.h"
 #include "Applicazione.h"
+#include "Avvio.h"
 #include "Form1.h"
 
 #include <QIcon>
+
+#include <cstdio>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -30,16 +35,24 @@ int Avvia(Applicazione& applicazione)
     return applicazione.CodiceUscita() != 0 ? applicazione.CodiceUscita() : esito;
 }
 
+int Rispondi(const std::string& testo)
+{
+    const bool scritto = std::fputs(testo.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+    return scritto ? 0 : Applicazione::UscitaErrore;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    Applicazione applicazione(argc, argv);
+    if (const auto risposta = avvio::Risposta(argc, argv)) return Rispondi(*risposta);
+    avvio::TogliScaleNonValide();
+    const std::unique_ptr<Applicazione> applicazione(avvio::Crea(argc, argv));
     int esito = Applicazione::UscitaErrore;
     try {
-        esito = Avvia(applicazione);
+        esito = Avvia(*applicazione);
     } catch (...) {
-        applicazione.Fallisci(Applicazione::ErroreInCorso());
+        applicazione->Fallisci(Applicazione::ErroreInCorso());
     }
     Stampe::AmbienteInUso = {}; // it refers to the window that is gone
     return esito;
