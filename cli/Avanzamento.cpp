@@ -50,7 +50,7 @@ std::string TestoAvanzamento(std::int64_t fatte, std::int64_t taglie, double sec
         passo = ", " + TestoNumero(static_cast<std::int64_t>(ritmo)) + " al secondo";
         if (mancano < durataMassima) resto = ", mancano " + Durata(mancano);
     }
-    const std::string tutto = conto + passo + resto;
+    std::string tutto = conto + passo + resto;
     if (!colonne) return tutto;
     for (const auto& testo : {tutto, conto + resto, conto, percento}) {
         if (testo.size() < *colonne) return testo;
