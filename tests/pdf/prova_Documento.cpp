@@ -334,6 +334,15 @@ TEST(SetPaperSize, OgniCodice)
     }
 }
 
+TEST(SetPaperSize, LUltimoCodiceVale)
+{
+    EXPECT_THAT(AlberoPagine([](clsPDFCreator& pdf) {
+                    pdf.SetPaperSize(15);
+                    pdf.SetPaperSize(0);
+                }),
+                HasSubstr("\r/MediaBox [0 0 596 842]\r"));
+}
+
 TEST(SetPaperSize, UnCodiceIgnotoLasciaQuellaDiPrima)
 {
     for (const std::int32_t codice : {17, 254, 256, -1}) {

@@ -56,6 +56,27 @@ TEST(RunLength, TreUgualiDiventanoUnaSerie)
                                             "a\0z\x80"s);
 }
 
+TEST(RunLength, OltreLaFineNonSiGuarda)
+{
+    // Two alike at the end, and a third behind the bytes to encode.
+    const std::string lettere = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLM";
+    for (std::size_t prima = 0; prima < lettere.size(); ++prima) {
+        const std::string testo = lettere.substr(0, prima) + "##";
+        const std::string lungo = testo + "######";
+        const std::string atteso = static_cast<char>(testo.size() - 1) + testo + "\x80";
+        EXPECT_EQ(prRunLengthEncode(std::string_view(lungo).substr(0, testo.size())), atteso);
+    }
+}
+
+TEST(RunLength, IlByteCheAvanzaDaUnaSerieVaConQuelliDopo)
+{
+    EXPECT_EQ(prRunLengthEncode(std::string(129, 'a') + "bc"), "\x81"
+                                                               "a\2abc\x80");
+    EXPECT_EQ(prRunLengthEncode(std::string(130, 'a') + "bc"), "\x81"
+                                                               "a\xFF"
+                                                               "a\1bc\x80");
+}
+
 TEST(RunLength, SerieECopieDiCentoventottoAlMassimo)
 {
     EXPECT_EQ(prRunLengthEncode(std::string(128, 'a')), "\x81"

@@ -113,6 +113,14 @@ TEST(ReadBmp, LAltezzaMassimaSiProvaComeOgniAltra)
     EXPECT_EQ(Motivo(ReadBmp, Bitmap(1, 0x80000000, 24, 0, "")), "l'immagine è troppo alta");
 }
 
+TEST(ReadBmp, AllUltimaRigaPuoMancareSoloIlRiempimento)
+{
+    // Rows of 6 bytes, 8 apart.
+    EXPECT_EQ(Motivo(ReadBmp, Bitmap(2, 3, 24, 0, std::string(22, 'x'))), "letta");
+    EXPECT_EQ(Motivo(ReadBmp, Bitmap(2, 3, 24, 0, std::string(21, 'x'))), PochiDati);
+    EXPECT_EQ(Motivo(ReadBmp, Bitmap(2, 3, 24, 0, std::string(5, 'x'))), PochiDati);
+}
+
 TEST(ReadBmp, PixelSempreAmmessiInUnaCompressa)
 {
     const std::string fine = "\0\1"s;
@@ -156,8 +164,8 @@ TEST(ReadBmp, LeMaschereDaUnoATrentadueBit)
 
 TEST(ReadBmp, CorseFuoriDalBordoNonDisegnano)
 {
-    // Two by two: a run of three, and a run of two; nothing is read behind the last row.
-    const Picture figura = ReadBmp(Bitmap(2, 2, 8, 1, "\3\1\0\0\2\2\0\0"s), "figura");
+    // Two by two, and two runs of three; nothing is read behind the last row.
+    const Picture figura = ReadBmp(Bitmap(2, 2, 8, 1, "\3\1\0\0\3\2\0\0"s), "figura");
     EXPECT_EQ(figura.BitsPerPixel, 8);
     EXPECT_EQ(figura.Pixels, "\2\2\1\1");
     // A jump beyond the last row, and pixels there.
@@ -217,6 +225,18 @@ TEST(ReadGif, UnCodiceOltreLUltimoEImpossibile)
     for (const unsigned uno : {256U, 258U, 1U}) subito.Metti(uno);
     EXPECT_EQ(Motivo(ReadGif, Gif(1, 1, 8, subito.Dati())),
               "i dati dell'immagine contengono un codice impossibile");
+}
+
+TEST(ReadGif, DopoIlBloccoVuotoNonCiSonoPixel)
+{
+    Codici codici;
+    for (const unsigned uno : {256U, 5U, 6U, 257U}) codici.Metti(uno);
+    const std::string dati = codici.Dati();
+    EXPECT_EQ(Motivo(ReadGif, Gif(1, 2, 8, dati)), "letta");
+    std::string spezzata = Gif(1, 2, 8, dati.substr(0, 3));
+    spezzata.pop_back();
+    spezzata += Piccoli(dati.size() - 3, 1) + dati.substr(3) + "\0;"s;
+    EXPECT_EQ(Motivo(ReadGif, spezzata), PixelMancanti);
 }
 
 TEST(ReadGif, DaUnoAOttoBit)

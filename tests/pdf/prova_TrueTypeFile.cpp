@@ -275,3 +275,32 @@ TEST(ReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
     EXPECT_EQ(nome("\4\x0A"), "B");
     EXPECT_EQ(nome("\4\x09"), "A");
 }
+
+TEST(ReadTrueType, DellaPassoFissoDecideUnNumeroIntero)
+{
+    const auto fisso = [](const std::string& byte) {
+        return (std::stoi(Valore(Con("post", 12, byte), "Flags")) & 1) != 0;
+    };
+    EXPECT_FALSE(fisso("\0\0\0\0\1"s)); // what follows it counts for nothing
+    EXPECT_TRUE(fisso("\0\0\0\1\0"s));
+    EXPECT_TRUE(fisso("\1\0\0\0\0"s));
+}
+
+TEST(ReadTrueType, OltreLIndiceNonSiCercanoTabelle)
+{
+    std::string font = Seme("unicode.ttf");
+    const auto prime = static_cast<char>((Voce(font, "name") - 12) / 16); // those before it
+    font[5] = prime;
+    EXPECT_EQ(Motivo(font), "al font manca la tabella \"name\"");
+    font[5] = static_cast<char>(prime + 1);
+    EXPECT_EQ(Motivo(font), "letto");
+}
+
+TEST(ReadTrueType, SenzaOs2LeAltezzeSonoQuelleDelleLettere)
+{
+    // The tops of the glyphs of "H" and "x"; OS/2 says 701 and 497.
+    EXPECT_EQ(Valore(SenzaOs2(), "CapHeight"), "690");
+    EXPECT_EQ(Valore(SenzaOs2(), "XHeight"), "480");
+    EXPECT_EQ(Valore(Seme("unicode.ttf"), "CapHeight"), "701");
+    EXPECT_EQ(Valore(Seme("unicode.ttf"), "XHeight"), "497");
+}

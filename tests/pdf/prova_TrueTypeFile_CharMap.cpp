@@ -188,6 +188,7 @@ TEST(CharMap, IlMacintoshHaCodiciSuoi)
     const auto alta = Letta({{1, 0, Corsa(0x7F, {1, 2, 3})}});
     EXPECT_EQ(alta.Glyphs[0xC4], 2U); // A with two dots is 80 there
     EXPECT_EQ(alta.Glyphs[0xC5], 3U);
+    EXPECT_EQ(alta.Glyphs[0x80], 0U); // the euro is DB there
     EXPECT_EQ(Letta({{1, 0, Corsa(0xFF, {8})}}).Glyphs[0xA1], 0U);
     EXPECT_EQ(Letta({{1, 0, Corsa(0, {8, 8, 8})}}).Glyphs[0xD7], 0U); // it has no "x" of products
 }
@@ -227,6 +228,13 @@ TEST(CharMap, LaMiglioreValeDovunqueStia)
     EXPECT_EQ(glifo({simboli, macintosh}), 3U);
     EXPECT_EQ(glifo({macintosh}), 4U);
     EXPECT_EQ(glifo({windows, {3, 1, Corsa('A', {9})}}), 1U); // of two alike the first
+}
+
+TEST(CharMap, AncheLUltimaDiMolteSiGuarda)
+{
+    std::vector<Mappa> mappe(20, Mappa{2, 1, Corsa('A', {9})});
+    mappe.push_back({3, 1, Corsa('A', {1})});
+    EXPECT_EQ(Letta(mappe).Glyphs['A'], 1U);
 }
 
 TEST(CharMap, FormatiSconosciutiSiSaltano)
