@@ -227,6 +227,15 @@ TEST(ReadGif, UnCodiceOltreLUltimoEImpossibile)
               "i dati dell'immagine contengono un codice impossibile");
 }
 
+TEST(ReadGif, ICodiciPossonoFinireColByte)
+{
+    Codici codici; // eight of nine bits are nine bytes
+    for (const unsigned uno : {256U, 1U, 2U, 3U, 4U, 5U, 6U, 7U}) codici.Metti(uno);
+    const std::string dati = codici.Dati().substr(0, 9);
+    EXPECT_EQ(Motivo(ReadGif, Gif(1, 7, 8, dati)), "letta");
+    EXPECT_EQ(Motivo(ReadGif, Gif(1, 7, 8, dati.substr(0, 8))), PixelMancanti);
+}
+
 TEST(ReadGif, DopoIlBloccoVuotoNonCiSonoPixel)
 {
     Codici codici;

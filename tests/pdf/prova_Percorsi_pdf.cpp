@@ -301,3 +301,14 @@ TEST(SpazioGrafico, IlPuntoEIlSuoAngolo)
               }),
               Coppia(10, 20));
 }
+
+TEST(DrawRect, UnRaggioMinoreDiUnoArrotondaLoStesso)
+{
+    const auto righe = [](float raggio) {
+        return Scrive([raggio](clsPDFCreator& pdf) { pdf.DrawRect(10, 20, 4, 3, 1, raggio); });
+    };
+    EXPECT_EQ(righe(0.5F)[1], "10.5 20 m");
+    EXPECT_EQ(righe(0.01F)[1], "10.01 20 m");
+    EXPECT_EQ(righe(0)[1], "10 20 4 3 re");
+    EXPECT_EQ(righe(-0.5F)[1], "10 20 4 3 re");
+}

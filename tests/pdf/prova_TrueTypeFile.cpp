@@ -304,3 +304,13 @@ TEST(ReadTrueType, SenzaOs2LeAltezzeSonoQuelleDelleLettere)
     EXPECT_EQ(Valore(Seme("unicode.ttf"), "CapHeight"), "701");
     EXPECT_EQ(Valore(Seme("unicode.ttf"), "XHeight"), "497");
 }
+
+TEST(ReadTrueType, SenzaPostIlCarattereEDirittoEProporzionale)
+{
+    std::string font = Con("post", 12, "\0\0\0\1"s, Seme("corsivo.ttf"));
+    EXPECT_EQ(Valore(font, "ItalicAngle"), "-9.4");
+    EXPECT_EQ(std::stoi(Valore(font, "Flags")) & 65, 65);
+    font.replace(Voce(font, "post"), 4, "????");
+    EXPECT_EQ(Valore(font, "ItalicAngle"), "0");
+    EXPECT_EQ(std::stoi(Valore(font, "Flags")) & 65, 0);
+}

@@ -244,5 +244,6 @@ TEST(CharMap, FormatiSconosciutiSiSaltano)
     EXPECT_THROW(Letta({ignota}), ErroreRuntime);
     EXPECT_THROW(Letta({{3, 4, Corsa('A', {4})}}), ErroreRuntime);
     EXPECT_THROW(Letta({{2, 1, Corsa('A', {4})}}), ErroreRuntime);
+    EXPECT_THROW(Letta({{2, 0, Corsa('A', {4})}}), ErroreRuntime);
     EXPECT_THROW(Letta({}), ErroreRuntime);
 }
