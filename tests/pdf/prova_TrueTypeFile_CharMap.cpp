@@ -95,9 +95,9 @@ TEST(CharMap, SegmentoConLaDistanza)
 
 TEST(CharMap, LaDistanzaGiraOltreSedicibit)
 {
-    const auto mappa = LettaUna(Segmenti(0x10000 - 60, 0x10000 - 30, {50, 51, 52, 53}));
+    const auto mappa = LettaUna(Segmenti(0x10000 - 60, 0x10000 - 30, {51, 52, 53, 54}));
     EXPECT_EQ(mappa.Glyphs['A'], 5U);
-    EXPECT_EQ(mappa.Glyphs['a'], 20U);
+    EXPECT_EQ(mappa.Glyphs['a'], 21U);
 }
 
 TEST(CharMap, SegmentoConElencoEDistanza)
