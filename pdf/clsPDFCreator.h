@@ -159,12 +159,12 @@ public:
                         std::string_view DocProducer = {}, std::string_view DocKeywords = {});
 
     // Opens the file, in place of one of that name, and returns the name. An empty FileName: "~", a
-    // hexadecimal number and ".pdf" in the current folder. Replaced are a regular file of this
-    // user and a symbolic link (itself, never what it leads to); anything else there is an error
-    // and stays, as does a link to a device, a pipe, a socket or what the program has open
-    // (/dev/stdout). A document still open is closed as it stands. Error 13, with the file there untouched, for a
-    // property of the document in which "#d" or the like asks for something that is no text. A
-    // failure after the old file is gone leaves none.
+    // hexadecimal number and ".pdf" in the current folder. Replaced are a regular file of this user
+    // and a symbolic link (itself, never what it leads to); anything else there is an error and
+    // stays, as does a link to a device, a pipe, a socket or what the program has open
+    // (/dev/stdout). A document still open is closed as it stands. Error 13, with the file there
+    // untouched, for a property of the document in which "#d" or the like asks for something that
+    // is no text. A failure after the old file is gone leaves none.
     std::string BeginDoc(const std::string& FileName = {});
 
     // Writes what belongs to the whole document and closes the file. End the last page first.
