@@ -24,12 +24,15 @@ double Dentro(std::int64_t gradi, double angolo)
     return dispari ? (angolo + somma) * 2 / std::numbers::pi : somma;
 }
 
-// Halves the angles in between until no more fit.
+// Halves the angles in between, more often than a double has binary digits: to wait until none is
+// left would not end where the processor computes with more digits than it stores.
 double DaSomme(std::int64_t gradi, double quota)
 {
+    constexpr int meta = 64;
     double sotto = 0;
     double sopra = std::numbers::pi / 2;
-    for (double mezzo = sopra / 2; mezzo > sotto && mezzo < sopra; mezzo = (sotto + sopra) / 2) {
+    for (int i = 0; i < meta; ++i) {
+        const double mezzo = (sotto + sopra) / 2;
         (Dentro(gradi, mezzo) < quota ? sotto : sopra) = mezzo;
     }
     return std::sqrt(static_cast<double>(gradi)) * std::tan(sotto);
