@@ -102,6 +102,7 @@ void Form1::cmdTaglie_Click()
     m_ultimoRitocco = 0;
     m_nonRitoccate = 0;
     std::string rifiuto;
+    setFocus(); // locked controls keep none, and the window must hear Escape
     try {
         AbilitaComandi(Falso);
         rifiuto = EseguiReport();
