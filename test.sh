@@ -12,7 +12,7 @@ installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev \
     libtiff-dev python3-pil python3-fonttools pkg-config zbar-tools \
     qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-gtk-platformtheme fonts-dejavu-core \
     xvfb openbox weston qt6-wayland xdotool wmctrl xclip imagemagick x11-utils doxygen tzdata \
-    desktop-file-utils appstream man-db zsh fish
+    at-spi2-core dbus python3-pyatspi desktop-file-utils appstream man-db zsh fish
 echo "Compilo in $PWD/build/release"
 cmake --preset release
 cmake --build --preset release

@@ -6,8 +6,9 @@
 #include "Misure.h"
 #include "Testi.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QPainter>
-#include <QStringList>
 
 #include <algorithm>
 #include <limits>
@@ -20,11 +21,19 @@ QColor ColoreQt(Colore colore)
     return {colore.Rosso, colore.Verde, colore.Blu};
 }
 
+QAccessibleInterface* Accessibile(const QString& /*classe*/, QObject* oggetto)
+{
+    auto* tavolo = qobject_cast<TavoloCarte*>(oggetto);
+    if (tavolo == nullptr) return nullptr;
+    return new QAccessibleWidget(tavolo, QAccessible::Notification);
+}
+
 } // namespace
 
 TavoloCarte::TavoloCarte(QWidget* padre)
     : QWidget(padre)
 {
+    QAccessible::installFactory(Accessibile); // the same one more than once counts once
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(QStringLiteral("Tavolo da gioco"));
@@ -40,6 +49,8 @@ void TavoloCarte::Ricomincia()
 {
     m_passi.clear();
     m_didascalie.clear();
+    m_scritte.clear();
+    m_carte.clear();
     m_daStringere = false;
     m_statoIniziale = m_stato;
     PreparaTela();
@@ -82,7 +93,10 @@ void TavoloCarte::Stampa(std::string_view testo)
 {
     // A shadow and its title are one caption.
     const bool ombra = !m_didascalie.empty() && m_didascalie.back().Testo == testo;
-    if (!ombra) Annota({m_stato.X, m_stato.Y, std::string(testo), false});
+    if (!ombra) {
+        Annota({m_stato.X, m_stato.Y, std::string(testo), false});
+        m_scritte.push_back({m_stato.X, m_stato.Y, std::string(testo)});
+    }
     Fai([this, testo = std::string(testo)] { StampaOra(testo); });
 }
 
@@ -105,8 +119,8 @@ void TavoloCarte::PrintText(std::string_view testo, float x, float y, std::strin
                             Flag corsivo, Flag sottolineato, Flag barrato)
 {
     constexpr std::int32_t versoLAlto = 900;
-    constexpr float lunghezzaTipica = 1000; // a caption that reads upwards begins below its row
-    Annota({x, angolo == versoLAlto ? y - lunghezzaTipica : y, std::string(testo), angolo == 0});
+    Annota({x, y, std::string(testo), angolo == 0});
+    m_scritte.push_back({x, y, std::string(testo), angolo == versoLAlto});
     Fai([=, this, testo = std::string(testo), nomeFont = std::string(nomeFont)] {
         Generale::PrintText(testo, x, y, nomeFont, altezza, peso, angolo, corsivo, sottolineato,
                             barrato, *this);
@@ -116,14 +130,15 @@ void TavoloCarte::PrintText(std::string_view testo, float x, float y, std::strin
 void TavoloCarte::cdtDraw(std::int32_t x, std::int32_t y, std::int32_t carta, std::int32_t modo,
                           Colore angoli)
 {
+    if (modo == ModoFaccia) m_carte.push_back({x, y, carta});
     Fai([=, this] { ::cdtDraw(m_tela, x, y, carta, modo, angoli); });
 }
 
 void TavoloCarte::Aggiorna()
 {
     if (m_daStringere) Ridisegna();
-    setAccessibleDescription(Descrizione());
     repaint();
+    Annuncia();
 }
 
 void TavoloCarte::Annota(const Didascalia& didascalia)
@@ -146,16 +161,13 @@ double TavoloCarte::Spazio(float x, float y) const
     return spazio;
 }
 
-// Row by row, as one would read the picture aloud.
-QString TavoloCarte::Descrizione() const
+// The description changes and the table "appears" once: a reader takes the second as the moment to
+// read a notification aloud.
+void TavoloCarte::Annuncia()
 {
-    auto ordinate = m_didascalie;
-    std::stable_sort(ordinate.begin(), ordinate.end(), [](const auto& una, const auto& altra) {
-        return una.Y != altra.Y ? una.Y < altra.Y : una.X < altra.X;
-    });
-    QStringList testi;
-    for (const auto& didascalia : ordinate) testi << InQt(didascalia.Testo);
-    return testi.join(QStringLiteral("; "));
+    setAccessibleDescription(InQt(racconto::Racconta(m_scritte, m_carte)));
+    QAccessibleEvent mostrato(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&mostrato);
 }
 
 QSize TavoloCarte::MisuraTela() const

@@ -1,6 +1,7 @@
 // The card table of the window: the picture box picCard.
 #pragma once
 
+#include "Racconto.h"
 #include "Superficie.h"
 #include "Tela.h"
 
@@ -17,7 +18,9 @@
 // narrower, as much as it takes to leave a blank between the two.
 //
 // The steps since the last clear are kept and drawn anew when the window moves to a screen of
-// another pixel density. Screen readers get the captions as the accessible description.
+// another pixel density. Screen readers get it in words as the
+// accessible description, told once when it is shown, and the role of a notification, which they
+// read without its having the focus.
 class TavoloCarte : public QWidget, public Superficie
 {
     Q_OBJECT
@@ -76,12 +79,14 @@ private:
     void PreparaTela();
     void Ridisegna();
     void StampaOra(const std::string& testo);
-    QString Descrizione() const;
+    void Annuncia();
 
     Tela m_tela;
     Stato m_stato;
     Stato m_statoIniziale; // as it was before the first of the steps
     std::vector<std::function<void()>> m_passi;
     std::vector<Didascalia> m_didascalie;
+    std::vector<racconto::Scritta> m_scritte; // the captions as they are told
+    std::vector<racconto::Carta> m_carte;     // face up
     bool m_daStringere = false; // a caption came after a neighbour on its line had been drawn
 };

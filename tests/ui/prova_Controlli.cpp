@@ -215,7 +215,10 @@ TEST_F(Finestra, ChiLeggeLoSchermoTrovaINomi)
     Colpi({"0", "1,R,I,33,32,KC#KQ#KF#3P,KC#KQ#KF#2P", "2,,,0,0,,"});
     Clicca("cmdColpo");
     EXPECT_EQ(tavolo->accessibleDescription().toStdString(),
-              "Colpo della taglia: 1; NERO; 33; ROSSO; 32; Vincono ROSSO e INVERSO; "
+              "Colpo della taglia: 1; "
+              "NERO: re di cuori, re di quadri, re di fiori, tre di picche, totale 33; "
+              "ROSSO: re di cuori, re di quadri, re di fiori, due di picche, totale 32; "
+              "Vincono ROSSO e INVERSO; "
               "Premi 'Colpo successivo --->' per proseguire nella partita");
 }
 
