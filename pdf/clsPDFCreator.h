@@ -35,11 +35,14 @@
 //
 // Errors are of the one type ErroreRuntime: error 5 for an operation that needs an open document
 // when there is none (such operations are all that draw or write, and say so by nothing else) and
-// for text without a font; error 6 (Overflow) for a number that is not finite and for the
-// 32768th page, font, object or line of a box; the system's failures to open, write or close the
-// file with its name and the reason. After a failed write every further operation on that
-// document fails with the same error, and the file stays as far as it was written. An operation
-// names below only the errors that it has besides these.
+// for text without a font; error 6 (Overflow) for a number that is not finite, for the 32768th line
+// of a box and for anything that the 32767 objects of a document have no room for (a page takes 4
+// of them, a font 1; the manual has a table); the system's failures to open, write or close the
+// file with its name and the reason. What EndDoc will need for what is there already is kept back,
+// and so is one page: after a refusal nothing has changed and the document can be ended. After a
+// failed write every further operation on that document fails with the same error, and the file
+// stays as far as it was written. An operation names below only the errors that it has besides
+// these.
 //
 // What the file holds is described by ISO 32000-1 (PDF 1.7), whose clauses are named below.
 #pragma once
@@ -331,8 +334,9 @@ public:
     // ---- Notes and links -----------------------------------------------------------------------
     //
     // Annotations of the open page (ISO 32000-1, 12.5): not drawn, but shown by the reader, in
-    // place and size whatever the axes. Flags: as there in 12.5.3, 4 lets them be printed. An empty
-    // Color or Title is left out, as is a Color that is a pattern.
+    // place and size whatever the axes. One widespread reader opens no page with more than 10,000.
+    // Flags: as there in 12.5.3, 4 lets them be printed. An empty Color or Title is left out, as is
+    // a Color that is a pattern.
 
     // A note with Text behind an Icon of 20 points, its upper left corner at (X, Y): 0 note, 1
     // comment, 2 key, 3 help, 4 paragraph, 5 new paragraph, 6 insertion; the reader's own for any

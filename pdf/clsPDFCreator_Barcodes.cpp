@@ -149,6 +149,7 @@ void clsPDFCreator::DrawEAN13(std::string_view Code, float X, float Y, bool Show
     constexpr double guardReach = 5;   // modules that guards reach into the text line
     m->Require(X, Y, BarHeight, ModuleWidth);
     const std::string digits = WithCheckDigit(std::string(Code));
+    const std::size_t font = ShowText ? m->BarcodeFont() : 0;
     const double module = m->Units(ModuleOf(ModuleWidth));
     const double height = BarHeight > 0 ? BarHeight : usualHeight * module;
     const double guards = height + guardReach * module;
@@ -163,7 +164,7 @@ void clsPDFCreator::DrawEAN13(std::string_view Code, float X, float Y, bool Show
         m->DrawModules(x, Y, modules, module, barHeight);
         x += module * static_cast<double>(modules.size());
     }
-    if (ShowText) m->DrawEanText(X, Y + height, digits, module);
+    if (ShowText) m->DrawEanText(font, X, Y + height, digits, module);
     m->SetCurrent(m->InPoints(X), m->InPoints(Y));
 }
 
@@ -175,12 +176,14 @@ void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float He
     constexpr double textSize = 10;    // modules, like the distance of its baseline from the bars
     m->Require(X, Y, Height, ModuleWidth, Ratio);
     const std::string text(Code); // ASCII is the same in every encoding, and all else is refused
+    const std::string data = Code39Data(text);
+    const std::size_t font = ShowText ? m->BarcodeFont() : 0;
     const double narrow = m->Units(ModuleOf(ModuleWidth));
     const double wide = narrow * (Ratio > 0 ? static_cast<double>(Ratio) : usualRatio);
     const double height = Height > 0 ? Height : usualHeight * narrow;
 
     double x = X;
-    for (const char c : Code39Data(text)) {
+    for (const char c : data) {
         for (const char element : Code39Patterns[Code39Characters.find(c)]) {
             const double width = element == 'B' || element == 'W' ? wide : narrow;
             const bool bar = element == 'B' || element == 'b';
@@ -191,7 +194,8 @@ void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float He
     }
     if (ShowText) {
         const double middle = (X + x - narrow) / 2;
-        m->DrawBarcodeText({{middle, text}}, Y + height + textSize * narrow, textSize * narrow);
+        m->DrawBarcodeText(font, {{middle, text}}, Y + height + textSize * narrow,
+                           textSize * narrow);
     }
     m->SetCurrent(m->InPoints(X), m->InPoints(Y));
 }
@@ -210,7 +214,8 @@ void clsPDFCreator::State::DrawModules(double x, double y, std::string_view modu
 }
 
 // Each digit under its own bars, the first one left of the symbol.
-void clsPDFCreator::State::DrawEanText(double x, double y, const std::string& digits, double module)
+void clsPDFCreator::State::DrawEanText(std::size_t font, double x, double y,
+                                       const std::string& digits, double module)
 {
     constexpr double size = 11;      // modules: a digit of this font is then as wide as its bars
     constexpr double baseline = 9;   // modules below the bars
@@ -221,17 +226,23 @@ void clsPDFCreator::State::DrawEanText(double x, double y, const std::string& di
         const double middle = before + DigitModules * (static_cast<double>(i) + 0.5);
         texts.push_back({x + middle * module, digits.substr(1 + i, 1)});
     }
-    DrawBarcodeText(texts, y + baseline * module, size * module);
+    DrawBarcodeText(font, texts, y + baseline * module, size * module);
 }
 
-// Texts centred on their places, in a fixed-width font. The font of before is the present one
-// again afterwards. size: user units.
-void clsPDFCreator::State::DrawBarcodeText(const std::vector<BarcodeText>& texts, double y,
-                                           double size)
+// The number of a fixed-width font, asked for before the first bar: one that finds no room draws
+// nothing.
+std::size_t clsPDFCreator::State::BarcodeFont()
 {
     auto& request = RequestOf("CourierNew", 0);
     const std::size_t shared = FindFont(request);
-    const std::size_t font = shared != 0 ? shared : AddStandardFont(request);
+    return shared != 0 ? shared : AddStandardFont(request);
+}
+
+// Texts centred on their places, in the font of that number. The font of before is the present one
+// again afterwards. size: user units.
+void clsPDFCreator::State::DrawBarcodeText(std::size_t font, const std::vector<BarcodeText>& texts,
+                                           double y, double size)
+{
     const auto [fontBefore, sizeBefore] = std::pair{CurrentFont, FontSize};
     CurrentFont = font;
     FontSize = pdf::prFloat(InPoints(size));

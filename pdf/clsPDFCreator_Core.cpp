@@ -187,6 +187,7 @@ void clsPDFCreator::State::BeginFile(const std::string& info)
     OpenedWith = DocProperties;
     WriteDictionary(InfoObject, info);
     Out.SetCounter(PageResourceObject);
+    KeptForDrawing = 0;
 }
 
 void clsPDFCreator::EndDoc()
@@ -226,6 +227,19 @@ void clsPDFCreator::OpenDoc()
         throw ErroreRuntime(NumeroErrore::FileNonTrovato, "nessun programma può aprire il file",
                             m->FileName);
     }
+}
+
+void clsPDFCreator::State::RequireObjects(std::int32_t more) const
+{
+    const std::int32_t used = Out.IsOpen() ? Out.Counter() : +PageResourceObject;
+    const std::int32_t firstPage = PageCount == 0 ? ObjectsOfPage : 0;
+    pdf::prRequireRoom(used + KeptForEnd + KeptForDrawing + firstPage + more - 1, "oggetti");
+}
+
+void clsPDFCreator::State::KeepObjects(std::int32_t more)
+{
+    RequireObjects(more);
+    KeptForEnd += more;
 }
 
 void clsPDFCreator::State::NotFinite()

@@ -184,7 +184,7 @@ std::size_t clsPDFCreator::State::FindFont(FontRequest& request) const
 
 std::size_t clsPDFCreator::State::AddStandardFont(FontRequest& request)
 {
-    pdf::prRequireRoom(static_cast<std::int32_t>(Fonts.size()), "tipi di carattere");
+    KeepObjects(1);
     Fonts.push_back(request.Standard);
     if (std::exchange(request.Added, true)) return Fonts.size();
     // A key belongs to the first font that has it.
@@ -217,7 +217,9 @@ double clsPDFCreator::State::TextWidth(std::string_view text) const
 
 void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontName, bool Embed)
 {
-    pdf::prRequireRoom(static_cast<std::int32_t>(m->Fonts.size()), "tipi di carattere");
+    // Itself and its descriptor; embedded, its file with its length in the document and its own.
+    const std::int32_t objects = Embed ? 5 : 2;
+    m->RequireObjects(objects);
     const std::string bytes = LeggiFile(FileName, pdf::LargestInput);
     auto font = std::make_unique<State::TrueType>();
     font->File = pdf::ReadTrueType(bytes, FileName);
@@ -232,6 +234,7 @@ void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontNa
         font->Length = bytes.size();
     }
     const auto descent = static_cast<std::int16_t>(std::clamp(font->File.Descent, -32768.F, 0.F));
+    m->KeepObjects(objects);
     m->Fonts.push_back({font->File.Name, {&font->Widths, descent}, font.get()});
     m->TrueTypeFonts.push_back(std::move(font));
     m->FontKeys.try_emplace(NormalizedFamily(FontName), m->Fonts.size());
@@ -240,10 +243,8 @@ void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontNa
 // Widths and descriptors of the standard fonts are the reader's own: it knows them by these names.
 void clsPDFCreator::State::prWriteFonts()
 {
-    constexpr std::int32_t followers = 4; // descriptor, file and two lengths
     std::int32_t number = 0;
     for (const Font& font : Fonts) {
-        if (font.Embedded != nullptr) pdf::prRequireRoom(Out.Counter() + followers, "oggetti");
         const std::int32_t object = Out.prInitObj(0);
         FontResources.append("/_FNT_");
         pdf::prAppendInteger(FontResources, ++number);

@@ -13,12 +13,13 @@ void clsPDFCreator::BeginObject(std::string_view Name, std::int32_t Flags)
 {
     auto& out = m->Out;
     m->Require();
-    pdf::prRequireRoom(out.Counter() + 1, "oggetti");
+    m->RequireObjects(State::ObjectsOfDrawing);
     const std::string name = InWindows1252(Name);
     pdf::prRequireName(name, FormKind);
     m->AutoObjects.push_back({name, Flags});
 
     const std::int32_t number = out.prInitObj(0);
+    m->KeptForDrawing = 1; // its length
     const double margin = m->PageMargin;
     out.prLine("<< /Type /XObject /Subtype /Form /FormType 1 /Name /", pdf::Name{name});
     out.prLine("/BBox [", margin, " ", margin, " ", m->PageWidth - margin, " ",
@@ -38,6 +39,7 @@ void clsPDFCreator::EndObject()
     m->Out.prWriteRaw("Q");
     m->Out.EndStream();
     m->Out.WriteStreamLength();
+    m->KeptForDrawing = 0;
 }
 
 void clsPDFCreator::PlayObject(std::string_view Name)

@@ -158,17 +158,17 @@ std::int32_t clsPDFCreator::State::ImageOf(const std::string& fileName, std::str
         ++number;
         if (image.FileName == fileName && image.Key == key) return number;
     }
-    pdf::prRequireRoom(number, "immagini");
-    Images.push_back({fileName, std::string(key), ReadPicture(fileName)});
+    auto picture = ReadPicture(fileName);
+    const bool indexed = picture.Space == pdf::ColorSpace::Indexed;
+    KeepObjects(ObjectsOfStream + (indexed ? 1 : 0)); // its palette
+    Images.push_back({fileName, std::string(key), std::move(picture)});
     return number + 1;
 }
 
 void clsPDFCreator::State::prWriteImages()
 {
-    constexpr std::int32_t followers = 2; // its length and its palette
     std::int32_t number = 0;
     for (Image& image : Images) {
-        pdf::prRequireRoom(Out.Counter() + followers, "oggetti");
         const std::int32_t object = Out.prInitObj(0);
         ImageResources.append("/_IMG_" + std::to_string(++number) + " ");
         ImageResources.append(std::to_string(object) + " 0 R \r");

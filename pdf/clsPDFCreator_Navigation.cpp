@@ -111,8 +111,7 @@ void clsPDFCreator::AddBookmark(std::string_view Title, std::int32_t Level, std:
 {
     State::RequireFinite(Left, Top, Right, Bottom, Zoom);
     auto& bookmarks = m->Bookmarks;
-    // The first one is the document's title and stands in no list.
-    pdf::prRequireRoom(static_cast<std::int32_t>(bookmarks.size()) + 1, "segnalibri");
+    m->KeepObjects(bookmarks.empty() ? 3 : 1); // the first one with the root and the title
     const std::int32_t deepest = bookmarks.empty() ? 1 : bookmarks.back().Level + 1;
     bookmarks.push_back({InWindows1252(Title), std::clamp(Level, 1, deepest),
                          m->Destination(FitMode, Left, Top, Right, Bottom, Zoom)});
@@ -130,7 +129,7 @@ void clsPDFCreator::AddNoteIcon(std::string_view Text, std::int32_t Icon, float 
     note.Rect({left, top - size, left + size, top});
     note.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
     note.Line((Open ? "/Open true" : "/Open false") + std::string(Choice(NoteIcons, Icon)));
-    m->Annotations.push_back(note.Finished());
+    m->AddAnnotation(note.Finished());
 }
 
 void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Width, float Height,
@@ -141,6 +140,7 @@ void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Wi
     m->RequireAnnotation(X, Y, Width, Height, FontSize, BorderWidth);
     auto& request = m->RequestOf("Arial", 0);
     const std::size_t found = m->FindFont(request);
+    m->RequireObjects(found != 0 ? 1 : 2); // both or none
     const auto font = static_cast<std::int32_t>(found != 0 ? found : m->AddStandardFont(request));
 
     Annotation note("FreeText");
@@ -153,7 +153,7 @@ void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Wi
     std::string border = "/BS << /Type /Border /W ";
     pdf::prAppendNumber(border, BorderWidth);
     note.Line(border + std::string(Choice(BorderStyles, BorderStyle)) + " >>");
-    m->Annotations.push_back(note.Finished());
+    m->AddAnnotation(note.Finished());
 }
 
 void clsPDFCreator::AddNoteStamp(std::string_view Text, float X, float Y, float Width, float Height,
@@ -165,7 +165,7 @@ void clsPDFCreator::AddNoteStamp(std::string_view Text, float X, float Y, float 
     stamp.Rect(m->AnnotationRect(X, Y, Width, Height));
     stamp.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
     stamp.Known(Choice(Stamps, Stamp));
-    m->Annotations.push_back(stamp.Finished());
+    m->AddAnnotation(stamp.Finished());
 }
 
 void clsPDFCreator::AddWebLink(std::string_view URL, float X, float Y, float Width, float Height,
@@ -182,7 +182,13 @@ void clsPDFCreator::AddWebLink(std::string_view URL, float X, float Y, float Wid
     pdf::prAppendNumber(border, Border);
     link.Line(border + "]");
     link.Line("/A << /S /URI /URI (" + pdf::prPDFString(address) + ") >>");
-    m->Annotations.push_back(link.Finished());
+    m->AddAnnotation(link.Finished());
+}
+
+void clsPDFCreator::State::AddAnnotation(std::string annotation)
+{
+    Annotations.push_back(std::move(annotation));
+    ++KeptForDrawing;
 }
 
 double clsPDFCreator::State::FromBottom(double y) const
@@ -247,7 +253,6 @@ std::vector<clsPDFCreator::State::OutlineItem> clsPDFCreator::State::OutlineTree
 std::int32_t clsPDFCreator::State::prWriteOutlines()
 {
     const auto items = OutlineTree();
-    pdf::prRequireRoom(Out.Counter() + static_cast<std::int32_t>(items.size()), "oggetti");
     const std::int32_t root = Out.prInitObj(0);
     const auto object = [root](std::size_t item) {
         return root + 1 + static_cast<std::int32_t>(item);

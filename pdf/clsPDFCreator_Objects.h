@@ -63,6 +63,8 @@ public:
     // Writes what is still held back and closes. Closed already: no effect.
     void Close();
 
+    bool IsOpen() const { return m_room != 0; }
+
     // Error 5 when no file is open; the error of the write that failed when one did.
     void RequireOpen() const
     {

@@ -9,13 +9,13 @@
 std::int16_t clsPDFCreator::BeginPage(std::int32_t Orientation, std::int32_t PageLabel,
                                       std::string_view LabelPrefix, std::int32_t FirstValue)
 {
-    constexpr std::int32_t followers = 3;
     auto& out = m->Out;
     m->Require();
     pdf::prRequireRoom(m->PageCount, "pagine");
-    pdf::prRequireRoom(out.Counter() + followers, "oggetti");
+    m->RequireObjects(m->PageCount == 0 ? 0 : State::ObjectsOfPage); // the first one is kept back
     ++m->PageCount;
     m->Annotations.clear();
+    m->KeptForDrawing = 2; // its content's length, the array of its annotations
 
     const std::int32_t page = out.prInitObj(0);
     m->PageObject = page;
@@ -47,6 +47,7 @@ void clsPDFCreator::EndPage()
     m->Out.EndStream();
     m->Out.WriteStreamLength();
     m->WriteAnnotations(m->Out.Counter());
+    m->KeptForDrawing = 0;
 }
 
 float clsPDFCreator::GetX() const

@@ -27,12 +27,13 @@ void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float
     constexpr std::int32_t uncoloured = 2;
     auto& out = m->Out;
     m->Require(X1, Y1, X2, Y2, XStep, YStep);
-    pdf::prRequireRoom(out.Counter() + 1, "oggetti");
+    m->RequireObjects(State::ObjectsOfDrawing);
     const std::string name = InWindows1252(Name);
     pdf::prRequireName(name, State::PatternKind);
     const auto points = [this](double units) { return m->InPoints(units); };
 
     const std::int32_t tile = out.prInitObj(0);
+    m->KeptForDrawing = 1; // its length
     out.prLine("<< /Type /Pattern /PatternType 1 /PaintType ", PaintKind == uncoloured ? 2 : 1);
     out.prWriteRaw("/TilingType 1");
     out.prLine("/BBox [", points(X1), " ", points(Y1), " ", points(X2), " ", points(Y2), "]");
@@ -53,6 +54,7 @@ void clsPDFCreator::EndTiling()
     m->Require();
     m->Out.EndStream();
     m->Out.WriteStreamLength();
+    m->KeptForDrawing = 0;
 }
 
 void clsPDFCreator::SetLinearFill(const std::vector<std::string>& Colors, float X0, float Y0,
@@ -86,7 +88,7 @@ void clsPDFCreator::State::UseGradient(const GradientKind& kind,
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "una sfumatura vuole dei colori",
                             "clsPDFCreator");
     }
-    pdf::prRequireRoom(static_cast<std::int32_t>(Gradients.size()), "sfumature");
+    KeepObjects(1);
     std::string text = "<<\r/Type /Pattern\r/PatternType 2\r/Matrix [ 1 0 0 -1 0";
     AppendNumbers(text, {PageHeight});
     text.append("]\r/Shading <<\r/ShadingType ").append(kind.ShadingType);

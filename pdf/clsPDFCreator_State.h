@@ -134,6 +134,12 @@ struct clsPDFCreator::State
         bool CellOpen = false;
     };
 
+    // How many objects a page takes without its annotations, a reusable object or tiling with its
+    // length, a stream that EndDoc writes with its length.
+    static constexpr std::int32_t ObjectsOfPage = 4;
+    static constexpr std::int32_t ObjectsOfDrawing = 2;
+    static constexpr std::int32_t ObjectsOfStream = 2;
+
     static constexpr std::string_view ClassBanner = "clsPDFCreator 2004-2026 Orvenna";
     static constexpr std::string_view DefaultCreator = "Scalvino 1.0";
     static constexpr std::string_view DefaultAuthor = "Orvenna";
@@ -160,6 +166,11 @@ struct clsPDFCreator::State
     std::vector<Image> Images;
     std::int32_t ImageFilters = 0;
     std::vector<std::string> Gradients;
+
+    // Objects kept back, so that the document can be ended whatever is refused: for what EndDoc
+    // writes (the metadata at first), and for the end of the page or drawing that is open.
+    std::int32_t KeptForEnd = ObjectsOfStream;
+    std::int32_t KeptForDrawing = 0;
 
     // ---- Pages
     std::int16_t PageCount = 0;
@@ -209,6 +220,13 @@ struct clsPDFCreator::State
     }
     [[noreturn]] static void NotFinite();
 
+    // Raises error 6 unless there are so many more objects besides those kept back. While there is
+    // no page, one is kept back, too: no reader opens a document without.
+    void RequireObjects(std::int32_t more) const;
+
+    // The same, and keeps them back for EndDoc.
+    void KeepObjects(std::int32_t more);
+
     // Points to user units; 0 while the unit has no length.
     float InUnits(float points) const
     {
@@ -244,10 +262,9 @@ struct clsPDFCreator::State
     void RequireAnnotation(Numbers... numbers) const
     {
         Require(numbers...);
-        // Behind the page come its content's length, the array of annotations and they themselves.
-        pdf::prRequireRoom(Out.Counter() + 2 + static_cast<std::int32_t>(Annotations.size()),
-                           "oggetti");
+        RequireObjects(1);
     }
+    void AddAnnotation(std::string annotation);
     double FromBottom(double y) const; // user units from the top to points from the bottom
     std::array<double, 4> AnnotationRect(double x, double y, double width, double height) const;
     std::string Destination(std::int32_t fitMode, double left, double top, double right,
@@ -270,8 +287,11 @@ struct clsPDFCreator::State
 
     // ---- _Barcodes. Lengths in user units
     void DrawModules(double x, double y, std::string_view modules, double module, double height);
-    void DrawEanText(double x, double y, const std::string& digits, double module);
-    void DrawBarcodeText(const std::vector<BarcodeText>& texts, double y, double size);
+    void DrawEanText(std::size_t font, double x, double y, const std::string& digits,
+                     double module);
+    std::size_t BarcodeFont();
+    void DrawBarcodeText(std::size_t font, const std::vector<BarcodeText>& texts, double y,
+                         double size);
 
     // ---- _Fonts
     FontRequest& RequestOf(std::string_view family, std::int32_t style);

@@ -143,25 +143,16 @@ TEST(TestiStrani, UnTitoloConUnCancellettoDiNumeroEUnErrore)
 
 // ---- Counts ----------------------------------------------------------------------------------
 
-TEST(Limiti, IlTrentaduemilasettecentosessantottesimoCarattere)
+TEST(Limiti, UnCarattereDiTroppoLasciaQuelloDiPrima)
 {
+    // Six fixed objects, two of the metadata, four kept back for a page.
     clsPDFCreator pdf;
-    for (int i = 0; i < Massimo; ++i) pdf.SetFont("Times New Roman", 10);
+    for (int i = 0; i < Massimo - 12; ++i) pdf.SetFont("Times New Roman", 10);
     EXPECT_FLOAT_EQ(pdf.TextLength("W"), 9.44F);
-    Troppi(ErroreDi([&pdf] { pdf.SetFont("Courier New", 20, 4); }), "tipi di carattere");
+    Troppi(ErroreDi([&pdf] { pdf.SetFont("Courier New", 20, 4); }), "oggetti");
     // The present one stays, with its size.
     EXPECT_FLOAT_EQ(pdf.TextLength("W"), 9.44F);
     EXPECT_EQ(pdf.TextHeight(), 10);
-}
-
-TEST(Limiti, PiuCaratteriDiQuantiOggettiRestano)
-{
-    const CartellaDiProva cartella;
-    clsPDFCreator pdf;
-    pdf.BeginDoc(cartella.Nome() + "prova.pdf");
-    PagineVuote(pdf, 1);
-    for (int i = 0; i < Massimo; ++i) pdf.SetFont("Times New Roman", 10);
-    Troppi(ErroreDi([&pdf] { pdf.EndDoc(); }), "oggetti");
 }
 
 TEST(Limiti, TantiCaratteriQuantiOggettiRestano)
@@ -178,27 +169,18 @@ TEST(Limiti, TantiCaratteriQuantiOggettiRestano)
     EXPECT_THAT(byte, HasSubstr("\r\n<< /Size 32767 /Info 1 0 R /Root 2 0 R >>\r\n"));
 }
 
-TEST(Limiti, UnCarattereDiTroppoPerGliOggetti)
-{
-    const CartellaDiProva cartella;
-    clsPDFCreator pdf;
-    pdf.BeginDoc(cartella.Nome() + "prova.pdf");
-    PagineVuote(pdf, 1);
-    for (int i = 0; i < Massimo - 11; ++i) pdf.SetFont("Times New Roman", 10);
-    Troppi(ErroreDi([&pdf] { pdf.EndDoc(); }), "oggetti");
-}
-
 TEST(Limiti, UnaPaginaCheNonTrovaQuattroNumeriNonComincia)
 {
-    // 6 + 4 * 8190 = 32766: one number is left.
-    const CartellaDiProva cartella;
-    clsPDFCreator pdf;
-    const std::string nome = pdf.BeginDoc(cartella.Nome() + "prova.pdf");
-    PagineVuote(pdf, 8190);
-    Troppi(ErroreDi([&pdf] { pdf.BeginPage(); }), "oggetti");
-    Troppi(ErroreDi([&pdf] { pdf.BeginObject("Modulo"); }), "oggetti");
-    EXPECT_EQ(pdf.Pages(), 8190);
-    Troppi(ErroreDi([&pdf] { pdf.EndDoc(); }), "oggetti"); // the metadata need two
+    // 6 + 4 * 8189 = 32762: five numbers are left, and the metadata need two of them.
+    const std::string byte = ByteDocumento({}, [](clsPDFCreator& pdf) {
+        PagineVuote(pdf, 8189);
+        Troppi(ErroreDi([&pdf] { pdf.BeginPage(); }), "oggetti");
+        EXPECT_EQ(pdf.Pages(), 8189);
+        pdf.BeginObject("Modulo"); // two are free
+        pdf.EndObject();
+        Troppi(ErroreDi([&pdf] { pdf.BeginObject("Altro"); }), "oggetti");
+    });
+    EXPECT_EQ(LeggiPdf(byte).Oggetti.size(), 32766U);
 }
 
 TEST(Limiti, LePaginePossibiliDannoUnFileIntero)
@@ -229,7 +211,7 @@ TEST(Limiti, UnModuloRifiutatoNonSiGioca)
     const CartellaDiProva cartella;
     clsPDFCreator pdf;
     const std::string nome = pdf.BeginDoc(cartella.Nome() + "prova.pdf");
-    for (int i = 0; i < 16380; ++i) {
+    for (int i = 0; i < 16377; ++i) {
         pdf.BeginObject("Modulo");
         pdf.EndObject();
     }
@@ -247,10 +229,10 @@ TEST(Limiti, LaTrentaduemilasettecentosessantottesimaPagina)
     clsPDFCreator pdf;
     for (int documento = 0; documento < 4; ++documento) {
         pdf.BeginDoc(cartella.Nome() + "prova.pdf");
-        PagineVuote(pdf, 8190);
+        PagineVuote(pdf, 8189);
     }
     pdf.BeginDoc(cartella.Nome() + "prova.pdf");
-    PagineVuote(pdf, 7);
+    PagineVuote(pdf, 11);
     EXPECT_EQ(pdf.Pages(), Massimo);
     Troppi(ErroreDi([&pdf] { pdf.BeginPage(); }), "pagine");
     EXPECT_EQ(pdf.Pages(), Massimo);
