@@ -84,13 +84,13 @@ std::unique_ptr<Applicazione> SuUnoSchermo(int& argc, char** argv)
     return applicazione;
 }
 
-// The share of its size in which the window fits the first screen; 1 or more: it does as it is.
-double Riduzione()
+// By how much the scale of the first screen must be multiplied; 1: it is right as it is.
+double Correzione()
 {
     const auto* schermo = QGuiApplication::primaryScreen();
     if (schermo == nullptr) return 1;
     const double scala = schermo->devicePixelRatio();
-    return ScalaMassima(QSizeF(schermo->availableGeometry().size()) * scala) / scala;
+    return Scala(scala, QSizeF(schermo->availableGeometry().size()) * scala) / scala;
 }
 
 } // namespace
@@ -115,14 +115,14 @@ void TogliScaleNonValide()
     }
 }
 
-double ScalaMassima(QSizeF schermo)
+double Scala(double chiesta, QSizeF schermo)
 {
     // Layout and frame; a frame that Qt draws itself is scaled with the window.
     constexpr double larghezza = 784 + 6;
     constexpr double altezza = 451 + 36;
     constexpr double passi = 64;
-    const double scala = std::min(schermo.width() / larghezza, schermo.height() / altezza);
-    return std::max(std::floor(scala * passi), 1.0) / passi;
+    const double massima = std::min(schermo.width() / larghezza, schermo.height() / altezza);
+    return std::max(std::min(chiesta, std::floor(massima * passi) / passi), 1.0);
 }
 
 Applicazione* Crea(int& argc, char** argv)
@@ -130,12 +130,13 @@ Applicazione* Crea(int& argc, char** argv)
     const int argomenti = argc; // Qt takes its own out
     const std::vector<char*> copia(argv, argv + argc);
     auto applicazione = SuUnoSchermo(argc, argv);
-    const double riduzione = Riduzione();
-    if (riduzione >= 1) return applicazione.release();
+    const double correzione = Correzione();
+    if (correzione == 1) return applicazione.release();
     const double prima =
         qEnvironmentVariableIsSet(FattoreComune) ? qgetenv(FattoreComune).toDouble() : 1;
     applicazione.reset();
-    qputenv(FattoreComune, QByteArray::number(prima * riduzione));
+    constexpr int tutteLeCifre = 17;
+    qputenv(FattoreComune, QByteArray::number(prima * correzione, 'g', tutteLeCifre));
     argc = argomenti;
     std::copy(copia.begin(), copia.end(), argv);
     return SuUnoSchermo(argc, argv).release();

@@ -19,12 +19,13 @@ std::optional<std::string> Risposta(int argc, const char* const* argv);
 // sizes and draws nothing any more.
 void TogliScaleNonValide();
 
-// The pixels of the screen that one pixel of the layout may take at most, so that the window with
-// a frame around it fits a screen of so many pixels. In sixty-fourths, at least one of them.
-double ScalaMassima(QSizeF schermo);
+// How many pixels of the screen one pixel of the layout takes: as many as asked for, but so few
+// that the window with a frame around it fits a screen of so many pixels, in sixty-fourths. Never
+// below 1, where Qt draws at 1 and cuts off at less.
+double Scala(double chiesta, QSizeF schermo);
 
-// The application object, with argc and argv as it wants them, made again with a smaller
-// QT_SCALE_FACTOR where the first screen is smaller than the window; the window keeps its logical
+// The application object, with argc and argv as it wants them, made again with another
+// QT_SCALE_FACTOR where the first screen asks for it (see Scala); the window keeps its logical
 // size. Where no display can be opened, one sentence on standard error, and the program ends here
 // with code 1. The caller owns the result.
 Applicazione* Crea(int& argc, char** argv);

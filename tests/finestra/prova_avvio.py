@@ -89,19 +89,14 @@ class SchermoPiccolo(Prova):
                 self.assertEqual(misura[2:], MISURA)
                 self.finisce(finestra)
 
-
-class SchermoMinimo(SchermoPiccolo):
-    LARGHEZZA, ALTEZZA = 640, 400
-
-    def test_il_doppio_si_riduce_finche_ci_sta(self):
-        finestra, (x, y, larghezza, altezza) = self.avviata()
-        self.assertLessEqual(x + larghezza, self.LARGHEZZA)
-        self.assertLessEqual(y + altezza, self.ALTEZZA)
-        self.assertGreater(larghezza, 600)
-        finestra.fotografa("ridotta-640")
-        self.finisce(finestra)
-
-    test_un_fattore_impossibile_non_conta = None
+    # Qt draws at 1 and cuts off at less.
+    def test_sotto_uno_si_disegna_intera(self):
+        for nome in ("QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS"):
+            finestra, misura = self.avviata(**{"QT_SCALE_FACTOR": "1", nome: "0.7"})
+            self.assertEqual(misura[2:], MISURA)
+            self.assertEqual(finestra.colore(780, 445), finestra.colore(5, 5))
+            finestra.clicca("cmdExit")
+            self.assertEqual(finestra.esito(), 0)
 
 
 if __name__ == "__main__":

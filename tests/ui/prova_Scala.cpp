@@ -74,11 +74,18 @@ TEST(Scala, FattoriDegliSchermiComeQtLiScrive)
 // 1280 / 790 = 1.62, in sixty-fourths 103; 1024 / 487 would be more.
 TEST(Scala, LaFinestraEntraNelloSchermo)
 {
-    EXPECT_EQ(avvio::ScalaMassima(QSizeF(1280, 1024)), 103.0 / 64);
-    EXPECT_EQ(avvio::ScalaMassima(QSizeF(790, 487)), 1);
-    EXPECT_LT(avvio::ScalaMassima(QSizeF(789, 487)), 1);
-    EXPECT_LT(avvio::ScalaMassima(QSizeF(790, 486)), 1);
-    EXPECT_EQ(avvio::ScalaMassima(QSizeF(1, 1)), 1.0 / 64);
+    EXPECT_EQ(avvio::Scala(2, QSizeF(1280, 1024)), 103.0 / 64);
+    EXPECT_EQ(avvio::Scala(1.5, QSizeF(1280, 1024)), 1.5);
+    EXPECT_EQ(avvio::Scala(2, QSizeF(1580, 974)), 2);
+    EXPECT_LT(avvio::Scala(2, QSizeF(1579, 974)), 2);
+    EXPECT_LT(avvio::Scala(2, QSizeF(1580, 973)), 2);
+}
+
+TEST(Scala, SottoUnoQtNonDisegna)
+{
+    EXPECT_EQ(avvio::Scala(0.75, QSizeF(1280, 1024)), 1);
+    EXPECT_EQ(avvio::Scala(1, QSizeF(640, 480)), 1);
+    EXPECT_EQ(avvio::Scala(2, QSizeF(1, 1)), 1);
 }
 
 TEST(Risposta, AiutoEVersioneFraGliArgomenti)
