@@ -23,7 +23,8 @@ Risponditore::Risponditore(QMessageBox::StandardButton risposta)
 void Risponditore::Rispondi()
 {
     auto* riquadro = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (riquadro == nullptr || !riquadro->isVisible()) return;
+    // A box that is not active yet takes no keys.
+    if (riquadro == nullptr || !riquadro->isVisible() || !riquadro->isActiveWindow()) return;
     Riquadro visto{riquadro->windowTitle().toStdString(),
                    riquadro->text().toStdString(),
                    riquadro->icon(),
