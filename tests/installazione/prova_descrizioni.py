@@ -46,14 +46,17 @@ class Manuali(Descrizioni):
             self.assertEqual(re.findall(r"^ {7}(\d+)", parte, re.MULTILINE), attesi)
 
     def test_ogni_pagina_dice_le_variabili_d_ambiente(self):
-        programmi = ["taglie", "scalvino"] if "programma" in COMPONENTI else ["taglie"]
-        for nome in programmi:
+        comuni = ["SOURCE_DATE_EPOCH", "LC_ALL", "LC_NUMERIC", "LANG", "TMPDIR"]
+        attese = {"taglie": comuni}
+        if "programma" in COMPONENTI:
+            scale = ["QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI"]
+            attese["scalvino"] = comuni + scale
+        for nome in attese:
             for cartella, titolo in {"man/man1": "ENVIRONMENT", "man/it/man1": "AMBIENTE"}.items():
                 parte = self.manuale(nome, cartella).split(f"\n{titolo}\n")[1]
                 parte = re.split(r"^\S", parte, flags=re.MULTILINE)[0]
                 voci = re.findall(r"^ {7}([A-Z][A-Z_, ]*)", parte, re.MULTILINE)
-                self.assertEqual(" ".join(voci).replace(",", "").split(),
-                                 ["SOURCE_DATE_EPOCH", "LC_ALL", "LC_NUMERIC", "LANG", "TMPDIR"])
+                self.assertEqual(" ".join(voci).replace(",", "").split(), attese[nome])
 
     def test_ogni_pagina_dice_versione_e_data(self):
         programmi = ["taglie", "scalvino"] if "programma" in COMPONENTI else ["taglie"]
@@ -64,9 +67,11 @@ class Manuali(Descrizioni):
                 self.assertRegex(piede, r"\d{4}-\d\d-\d\d")
 
     @unittest.skipUnless("programma" in COMPONENTI, "built without the window")
-    def test_le_pagine_di_scalvino_non_promettono_opzioni(self):
+    def test_le_pagine_di_scalvino_dicono_le_opzioni_di_help(self):
+        attese = opzioni_di_help(fai(self.cartella / "bin/scalvino", "--help"))
+        self.assertEqual(len(attese), 2)
         for cartella in LINGUE:
-            self.assertEqual(opzioni_di_manuale(self.manuale("scalvino", cartella)), [])
+            self.assertEqual(opzioni_di_manuale(self.manuale("scalvino", cartella)), attese)
 
 
 @unittest.skipUnless("programma" in COMPONENTI, "built without the window")
