@@ -1,9 +1,11 @@
 #include "modCarte.h"
 
+#include "ErroreRuntime.h"
 #include "FileNuovo.h"
 #include "Numeri.h"
 
 #include <cmath>
+#include <limits>
 
 namespace modCarte {
 
@@ -46,8 +48,13 @@ std::int32_t SemeDaTesto(std::string_view testo)
 
 std::int32_t IndiceCarta(std::int32_t valore, std::int32_t seme)
 {
-    constexpr std::int32_t semi = 4;
-    return (valore - 1) * semi + seme;
+    constexpr std::int64_t semi = 4;
+    const std::int64_t indice = (std::int64_t{valore} - 1) * semi + seme;
+    if (indice < std::numeric_limits<std::int32_t>::min() ||
+        indice > std::numeric_limits<std::int32_t>::max()) {
+        throw ErroreRuntime(NumeroErrore::Overflow);
+    }
+    return static_cast<std::int32_t>(indice);
 }
 
 Flag FileEsiste(const std::string& percorso)

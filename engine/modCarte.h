@@ -76,7 +76,7 @@ std::int32_t ValoreDaTesto(std::string_view testo);
 std::int32_t SemeDaTesto(std::string_view testo);
 
 // The card library's number of a card, 0 (ace of clubs) to 51 (king of spades):
-// (valore - 1) * 4 + seme.
+// (valore - 1) * 4 + seme. Error 6 (Overflow) when that leaves 32 bits.
 std::int32_t IndiceCarta(std::int32_t valore, std::int32_t seme);
 
 // ---- State -----------------------------------------------------------------------------------

@@ -1,11 +1,13 @@
 // Card codes, values, suits and texts.
 
 #include "Aiuti.h"
+#include "ErroreRuntime.h"
 #include "modCarte.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <limits>
 #include <map>
 #include <string>
 
@@ -108,6 +110,32 @@ TEST(IndiceCarta, DaAssoDiFioriARediPicche)
     EXPECT_EQ(IndiceCarta(1, 3), 3);
     EXPECT_EQ(IndiceCarta(2, 0), 4);
     EXPECT_EQ(IndiceCarta(13, 3), 51);
+}
+
+TEST(IndiceCarta, FuoriDa32BitOverflow)
+{
+    constexpr std::int32_t massimo = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t minimo = std::numeric_limits<std::int32_t>::min();
+    EXPECT_EQ(IndiceCarta(536870912, 3), massimo); // 536870911 * 4 + 3
+    EXPECT_EQ(IndiceCarta(536870913, -1), massimo);
+    EXPECT_EQ(IndiceCarta(-536870911, 0), minimo);
+    EXPECT_EQ(IndiceCarta(0, massimo), massimo - 4);
+    // The subtraction alone leaves 32 bits here, the result does not.
+    const auto overflow = [](std::int32_t valore, std::int32_t seme) {
+        try {
+            IndiceCarta(valore, seme);
+        } catch (const ErroreRuntime& errore) {
+            return errore.Numero() == NumeroErrore::Overflow;
+        }
+        return false;
+    };
+    EXPECT_TRUE(overflow(536870912, 4));
+    EXPECT_TRUE(overflow(536870913, 0));
+    EXPECT_TRUE(overflow(-536870911, -1));
+    EXPECT_TRUE(overflow(massimo, massimo));
+    EXPECT_TRUE(overflow(minimo, minimo));
+    EXPECT_TRUE(overflow(minimo, massimo));
+    EXPECT_TRUE(overflow(massimo, minimo));
 }
 
 TEST(IndiceCarta, OgniCartaDelMazzettoHaIlSuo)
