@@ -11,8 +11,6 @@ namespace Stampe {
 
 namespace {
 
-using Intero = Quoziente::Intero;
-
 // Splits a finite number into an odd-free mantissa and a power of two; exact.
 struct Binario
 {
@@ -33,20 +31,23 @@ Binario Scomponi(double valore)
     return binario;
 }
 
-// quoziente * fattore rounded to a whole number, exact halves away from zero.
-std::int64_t Arrotonda(const Quoziente& quoziente, int fattore)
+std::uint64_t Modulo(std::int64_t valore)
 {
-    if (quoziente.Divisore == 0) throw ErroreRuntime(NumeroErrore::DivisionePerZero);
-    const bool negativo = (quoziente.Numeratore < 0) != (quoziente.Divisore < 0);
-    const Intero numeratore =
-        (quoziente.Numeratore < 0 ? -quoziente.Numeratore : quoziente.Numeratore) * fattore;
-    const Intero divisore = quoziente.Divisore < 0 ? -quoziente.Divisore : quoziente.Divisore;
-    const Intero intero = (2 * numeratore + divisore) / (2 * divisore);
-    if (intero > std::numeric_limits<std::int64_t>::max()) {
+    const auto bit = static_cast<std::uint64_t>(valore);
+    return valore < 0 ? 0 - bit : bit;
+}
+
+// quoziente * fattore rounded to a whole number, exact halves away from zero.
+std::int64_t Arrotonda(const Quoziente& quoziente, std::uint64_t fattore)
+{
+    const Intero128& divisore = quoziente.Divisore;
+    if (divisore == Intero128()) throw ErroreRuntime(NumeroErrore::DivisionePerZero);
+    const Intero128 intero = (quoziente.Numeratore * fattore * 2 + divisore) / (divisore * 2);
+    if (intero > Intero128(std::numeric_limits<std::int64_t>::max())) {
         throw ErroreRuntime(NumeroErrore::Overflow);
     }
-    const auto valore = static_cast<std::int64_t>(intero);
-    return negativo ? -valore : valore;
+    const auto valore = static_cast<std::int64_t>(intero.Basso());
+    return quoziente.Negativo ? -valore : valore;
 }
 
 // The digits of a whole number without its sign, grouped by three.
@@ -79,7 +80,7 @@ std::string Centesimi(std::int64_t centesimi, const std::string& migliaia,
 
 Quoziente Rapporto(std::int64_t dividendo, std::int64_t divisore)
 {
-    return {dividendo, divisore};
+    return {(dividendo < 0) != (divisore < 0), Modulo(dividendo), Modulo(divisore)};
 }
 
 Quoziente Rapporto(std::int64_t dividendo, double divisore, std::int64_t volte)
@@ -90,10 +91,11 @@ Quoziente Rapporto(std::int64_t dividendo, double divisore, std::int64_t volte)
     if (binario.esponente > esponenteMassimo || binario.esponente < -esponenteMassimo) {
         throw ErroreRuntime(NumeroErrore::Overflow);
     }
-    const Intero uno = 1;
-    Quoziente quoziente{dividendo, static_cast<Intero>(binario.mantissa) * volte};
-    if (binario.esponente < 0) quoziente.Numeratore *= uno << -binario.esponente;
-    else quoziente.Divisore *= uno << binario.esponente;
+    Quoziente quoziente = Rapporto(dividendo, binario.mantissa);
+    quoziente.Negativo = quoziente.Negativo != (volte < 0);
+    quoziente.Divisore = quoziente.Divisore * Modulo(volte);
+    if (binario.esponente < 0) quoziente.Numeratore = quoziente.Numeratore << -binario.esponente;
+    else quoziente.Divisore = quoziente.Divisore << binario.esponente;
     return quoziente;
 }
 
@@ -109,13 +111,13 @@ std::string MigliaiaConZero(std::int64_t valore, const Separatori& separatori)
 
 std::string DueDecimali(const Quoziente& quoziente, const Separatori& separatori)
 {
-    constexpr int centesimi = 100;
+    constexpr std::uint64_t centesimi = 100;
     return Centesimi(Arrotonda(quoziente, centesimi), separatori.Migliaia, separatori.Decimali);
 }
 
 std::string Percento(const Quoziente& quoziente, const Separatori& separatori)
 {
-    constexpr int diecimillesimi = 10000;
+    constexpr std::uint64_t diecimillesimi = 10000;
     return Centesimi(Arrotonda(quoziente, diecimillesimi), "", separatori.Decimali) + "%";
 }
 

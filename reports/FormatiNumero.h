@@ -1,6 +1,7 @@
 // The number formats of the reports, with the user's separators. No locale is consulted.
 #pragma once
 
+#include "Intero128.h"
 #include "Separatori.h"
 
 #include <cstdint>
@@ -11,13 +12,14 @@ namespace Stampe {
 // A quotient kept exact, so that halves are told from what is just above or below them.
 struct Quoziente
 {
-    __extension__ using Intero = __int128;
-    Intero Numeratore;
-    Intero Divisore;
+    bool Negativo;
+    Intero128 Numeratore; // both without their signs
+    Intero128 Divisore;
 };
 
 // dividendo / divisore, and dividendo / (divisore * volte) with a finite divisore of which every
-// binary digit counts. The divisor may be 0: the formats below then report it.
+// binary digit counts. The divisor may be 0: the formats below then report it. Error 6 for a
+// divisor that is not finite or so far from 1 that 128 bits do not hold the quotient.
 Quoziente Rapporto(std::int64_t dividendo, std::int64_t divisore);
 Quoziente Rapporto(std::int64_t dividendo, double divisore, std::int64_t volte = 1);
 

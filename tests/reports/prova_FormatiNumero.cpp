@@ -134,6 +134,26 @@ TEST(Quoziente, CioCheNonSiPuoScrivereEOverflow)
         ErroreRuntime);
 }
 
+TEST(Quoziente, DaQualeGrandezzaInPoiIlDivisoreEOverflow)
+{
+    EXPECT_EQ(DueDecimali(Rapporto(1, std::ldexp(1.0, 112)), Italiani), "0,00");
+    EXPECT_THROW(Rapporto(1, std::ldexp(1.0, 113)), ErroreRuntime);
+    EXPECT_EQ(DueDecimali(Rapporto(0, std::ldexp(1.0, -60)), Italiani), "0,00");
+    EXPECT_THROW(Rapporto(0, std::ldexp(1.0, -61)), ErroreRuntime);
+}
+
+TEST(Quoziente, CioCheNonEntraIn128BitEOverflow)
+{
+    constexpr std::int64_t massimo = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t minimo = std::numeric_limits<std::int64_t>::min();
+    EXPECT_EQ(Percento(Rapporto(massimo, massimo), Italiani), "100,00%");
+    EXPECT_EQ(Percento(Rapporto(minimo, minimo), Italiani), "100,00%");
+    EXPECT_EQ(Percento(Rapporto(minimo, 1.0, minimo), Italiani), "100,00%");
+    EXPECT_EQ(Percento(Rapporto(minimo, -1.0, minimo), Italiani), "-100,00%");
+    EXPECT_THROW(Percento(Rapporto(massimo, std::ldexp(1.0, -60)), Italiani), ErroreRuntime);
+    EXPECT_THROW(Rapporto(1, std::ldexp(1.0, 112), massimo), ErroreRuntime);
+}
+
 TEST(DueCifre, RiempieConLoZero)
 {
     EXPECT_EQ(DueCifre(0), "00");
