@@ -5,9 +5,13 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cfloat>
 #include <cmath>
 #include <limits>
 #include <utility>
+
+// Sums and quotients that are wider in registers than in memory would make other reports.
+static_assert(FLT_EVAL_METHOD == 0);
 
 namespace {
 

@@ -68,8 +68,9 @@ Taglia DaCodici(const std::vector<std::string_view>& parole)
         if (!LeggiInteroSenzaSegno(parole[i], codice) || codice < 1 || codice > CarteTaglia) {
             Rifiuta(Citata(parole[i]) + " non è un codice da 1 a 312");
         }
-        if (visti.test(codice)) Rifiuta("la carta " + std::string(parole[i]) + " si ripete");
-        visti.set(codice);
+        const auto posto = static_cast<std::size_t>(codice);
+        if (visti.test(posto)) Rifiuta("la carta " + std::string(parole[i]) + " si ripete");
+        visti.set(posto);
         taglia[i] = static_cast<std::int16_t>(codice);
     }
     return taglia;
@@ -167,7 +168,7 @@ void FileMazzi::Aggiungi(std::uint64_t inizio, const Taglia& taglia)
 // Nothing when no shoe stands there any more.
 std::optional<Taglia> FileMazzi::Rileggi(std::uint64_t inizio) const
 {
-    if (!m_file.Rileggibile()) return m_intere.at(inizio);
+    if (!m_file.Rileggibile()) return m_intere.at(static_cast<std::size_t>(inizio));
     const std::string riga = m_file.RigaA(inizio);
     try {
         return LeggiTaglia(riga);

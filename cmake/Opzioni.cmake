@@ -9,6 +9,17 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     target_compile_options(scalvino_opzioni INTERFACE -Wno-restrict)
 endif()
 
+# The same numbers on every processor: a product is rounded before it is added to something, and 32-bit
+# PCs calculate with 64 bits (SSE2) instead of 80, with which halving would not end where it must.
+target_compile_options(scalvino_opzioni INTERFACE -ffp-contract=off)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86|x86_64|AMD64)$")
+        target_compile_options(scalvino_opzioni INTERFACE -msse2 -mfpmath=sse)
+    endif()
+    # Files above 2 GB and moments after 2038.
+    target_compile_definitions(scalvino_opzioni INTERFACE _FILE_OFFSET_BITS=64 _TIME_BITS=64)
+endif()
+
 # Hardening of what is shipped; a debug build keeps the library's own checks instead.
 target_compile_options(scalvino_opzioni INTERFACE
     $<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)

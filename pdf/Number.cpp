@@ -30,9 +30,14 @@ constexpr std::array<Triple, 1000> Triples = [] {
     return triples;
 }();
 
+const Triple& TripleOf(std::uint64_t number)
+{
+    return Triples[static_cast<std::size_t>(number)];
+}
+
 char* PutTriple(char* at, std::uint64_t number)
 {
-    std::memcpy(at, Triples[number].Digits.data(), 3);
+    std::memcpy(at, TripleOf(number).Digits.data(), 3);
     return at + 3;
 }
 
@@ -44,7 +49,7 @@ char* PutShort(char* at, std::uint64_t number)
         return at + 1;
     }
     if (number >= 100) return PutTriple(at, number);
-    std::memcpy(at, Triples[number].Digits.data() + 1, 2);
+    std::memcpy(at, TripleOf(number).Digits.data() + 1, 2);
     return at + 2;
 }
 
@@ -66,7 +71,7 @@ char* PutMagnitude(char* at, Whole thousandths)
     if (fraction == 0) return at;
     *at++ = '.';
     PutTriple(at, fraction);
-    return at + Triples[fraction].Kept;
+    return at + TripleOf(fraction).Kept;
 }
 
 // What is too large for the quick way.
