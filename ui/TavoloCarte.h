@@ -18,9 +18,9 @@
 // narrower, as much as it takes to leave a blank between the two.
 //
 // The steps since the last clear are kept and drawn anew when the window moves to a screen of
-// another pixel density. Screen readers get it in words as the
-// accessible description, told once when it is shown, and the role of a notification, which they
-// read without its having the focus.
+// another pixel density. Screen readers get the picture in words as the accessible description,
+// announced once when it is shown, and the role of a notification, which they read without its
+// having the focus.
 class TavoloCarte : public QWidget, public Superficie
 {
     Q_OBJECT
