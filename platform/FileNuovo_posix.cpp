@@ -73,7 +73,8 @@ void PretendiCreabile(const std::string& percorso)
     PretendiSostituibile(percorso);
     const auto nome = std::filesystem::path(percorso).parent_path();
     const std::string cartella = nome.empty() ? "." : nome.string();
-    if (::faccessat(AT_FDCWD, cartella.c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
+    // Whether it may be gone through has shown by the look at the entry.
+    if (::faccessat(AT_FDCWD, cartella.c_str(), W_OK, AT_EACCESS) != 0) {
         throw ErroreSistema(errno, percorso);
     }
 }
@@ -147,10 +148,10 @@ FileNuovo::FileNuovo(std::string percorso)
     std::string nome = m_percorso; // all memory is taken before there is a file
     TogliFile(m_percorso);
     constexpr mode_t permessi = 0666; // less the user's umask
-    // Appending: after a block that was cut back the next one starts where the file now ends.
+    // Appending: after a block that was cut back the next one starts where the file now ends. An
+    // exclusive creation follows no link by itself.
     m_descrittore =
-        ::open(m_percorso.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-               permessi);
+        ::open(m_percorso.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_CLOEXEC, permessi);
     if (m_descrittore < 0) throw ErroreSistema(errno, m_percorso);
 
     try {

@@ -8,9 +8,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <bit>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -95,14 +98,19 @@ std::function<void()> Apre(const std::string& percorso, int modo)
 
 void NonFareNulla(int /*segnale*/) {}
 
-// From now on this process opens nothing any more: the kernel answers with motivo.
-void NonAprirePiu(int motivo)
+// From now on this process opens nothing any more, except with one of the flags salvoCon: the
+// kernel answers with motivo.
+void NonAprirePiu(int motivo, int salvoCon = 0)
 {
 #ifdef __linux__
+    constexpr std::size_t bassa = std::endian::native == std::endian::little ? 0 : 4;
+    constexpr std::size_t modo = offsetof(seccomp_data, args) + 2 * sizeof(std::uint64_t) + bassa;
     const auto risposta = SECCOMP_RET_ERRNO | static_cast<unsigned>(motivo);
     sock_filter passi[] = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 0, 1),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, modo),
+        BPF_JUMP(BPF_JMP | BPF_JSET | BPF_K, static_cast<unsigned>(salvoCon), 1, 0),
         BPF_STMT(BPF_RET | BPF_K, risposta),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
     };
@@ -303,4 +311,39 @@ TEST(FileOccupato, UnaFifoNonFermaNessuno)
     const std::string fifo = cartella.Nome() + "fifo";
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
     EXPECT_FALSE(FileOccupato(fifo)); // the answer at all is the fact: nobody writes to it
+}
+
+TEST(FileOccupato, IProgrammiAvviatiMentreSiChiedeNonEreditanoIlFile)
+{
+    const FileDiProva file;
+    SALTA_SE_NON_SI_PUO_SAPERE(file);
+    const int esito = aiuti::InUnFiglio([&] {
+        const int tenuto = ::open(file.Nome().c_str(), O_RDWR | O_CLOEXEC);
+        ASSERT_GE(tenuto, 0);
+        NonAprirePiu(EPERM, O_CLOEXEC);
+        ASSERT_EQ(::open(file.Nome().c_str(), O_RDONLY), -1);
+        ASSERT_EQ(errno, EPERM);
+        EXPECT_TRUE(FileOccupato(file.Nome())); // it could ask: its own opening has the flag
+    });
+    if (esito == aiuti::Impossibile) GTEST_SKIP() << "no filter of system calls here";
+    EXPECT_EQ(esito, Riuscito);
+}
+
+TEST(FileOccupato, ChiApreMentreSiChiedeNonFinisceIlProgramma)
+{
+    // The kernel tells whoever has a lease of each opening by SIGIO, which ends a program.
+    const FileDiProva file;
+    SALTA_SE_NON_SI_PUO_SAPERE(file);
+    const aiuti::Figlio altri([&] {
+        for (;;) {
+            const int descrittore = ::open(file.Nome().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+            if (descrittore >= 0) ::close(descrittore);
+        }
+    });
+    EXPECT_EQ(aiuti::InUnFiglio([&] {
+                  std::signal(SIGIO, SIG_DFL);
+                  const auto fine = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+                  while (std::chrono::steady_clock::now() < fine) FileOccupato(file.Nome());
+              }),
+              Riuscito);
 }

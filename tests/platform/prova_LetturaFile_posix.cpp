@@ -36,6 +36,26 @@ TEST(LeggiRighe, UnFlussoSenzaFineRigaNonRiempieLaMemoria)
     EXPECT_EQ(errore->File(), "/dev/zero");
 }
 
+TEST(LeggiRighe, IProgrammiAvviatiIntantoNonEreditanoIlFile)
+{
+    const CartellaDiProva cartella;
+    std::ofstream(cartella.File("f")) << "x\n";
+    int aperti = 0;
+    const auto riga = [&](std::size_t, std::string_view) {
+        for (int descrittore = 3; descrittore < 1024; ++descrittore) {
+            struct stat aperto = {};
+            struct stat file = {};
+            if (::fstat(descrittore, &aperto) != 0) continue;
+            ASSERT_EQ(::stat(cartella.File("f").c_str(), &file), 0);
+            if (aperto.st_ino != file.st_ino || aperto.st_dev != file.st_dev) continue;
+            EXPECT_NE(::fcntl(descrittore, F_GETFD) & FD_CLOEXEC, 0);
+            ++aperti;
+        }
+    };
+    LeggiRighe(cartella.Nome() + "f", 10, riga, [] { return false; });
+    EXPECT_EQ(aperti, 1);
+}
+
 TEST(LeggiRighe, UnFileCheNonSiPuoLeggereEUnErrore)
 {
     const CartellaDiProva cartella;
