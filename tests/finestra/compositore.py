@@ -114,4 +114,12 @@ class FinestraWayland(Finestra):
         self.fotografa(nome, id="root")
 
     def chiudi(self):
-        self.preme(CHIUDI)
+        """Clicks on the close button, once more where the window has jumped away from under it."""
+        for _ in range(3):
+            self.pronta()
+            self.preme(CHIUDI)
+            try:
+                self.processo.wait(timeout=15)
+                return
+            except subprocess.TimeoutExpired:
+                pass
