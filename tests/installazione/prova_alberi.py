@@ -110,8 +110,8 @@ class Spostati(Prova):
         self.assertEqual(finestra.esito(), 0)
 
     @unittest.skipUnless(FINESTRA, "built without the window")
-    def test_la_finestra_non_ha_opzioni(self):
-        finestra = self.avvia("--help", "--version", "-s", "7")
+    def test_la_finestra_ignora_le_opzioni_che_non_conosce(self):
+        finestra = self.avvia("--aiuto", "-s", "7")
         schermo.aspetta(lambda: finestra.colore(230, 30) == VERDE, "il titolo")
         os.kill(finestra.processo.pid, signal.SIGTERM)
         self.assertEqual(finestra.esito(), 0)
