@@ -97,6 +97,11 @@ extern constinit thread_local Flag FineTaglia;
 
 // The records of the current shoe: index 0 the cancelled cards, then the coups, the last index
 // the record that ran out of cards. Empty before the first shoe.
+#ifdef __SANITIZE_ADDRESS__
+// Local to the program: else the linker replaces the addition that finds the list by an instruction
+// that sets no flags, and g++, which asks these very flags, reports a null pointer that is none.
+[[gnu::tls_model("local-exec")]]
+#endif
 extern constinit thread_local Registro Colpi;
 
 // Stands first in a thread that plays and gives back the memory of its Colpi at the end.
