@@ -2,9 +2,13 @@
 
 #include "Avanzamento.h"
 
+#include "Orologio.h"
+
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
+#include <thread>
 
 using cli::TestoAvanzamento;
 
@@ -28,6 +32,13 @@ TEST(TestoAvanzamento, SenzaTempoOSenzaFineNonLoDice)
               "1 taglia su 9007199254740992 (0%), 1 al secondo");
 }
 
+TEST(TestoAvanzamento, OltreUnMiliardoDiSecondiNonDiceQuantiNeMancano)
+{
+    EXPECT_EQ(TestoAvanzamento(1, 1000000000, 1),
+              "1 taglia su 1000000000 (0%), 1 al secondo, mancano 277777:46:39");
+    EXPECT_EQ(TestoAvanzamento(1, 1000000001, 1), "1 taglia su 1000000001 (0%), 1 al secondo");
+}
+
 TEST(TestoAvanzamento, StaInMenoColonneDiQuanteCeNeSono)
 {
     const auto in = [](std::size_t colonne) { return TestoAvanzamento(50, 200, 10, colonne); };
@@ -41,4 +52,49 @@ TEST(TestoAvanzamento, StaInMenoColonneDiQuanteCeNeSono)
     EXPECT_EQ(in(3), "");
     EXPECT_EQ(in(1), "");
     EXPECT_EQ(TestoAvanzamento(50, 200, 0, 30), "50 taglie su 200 (25%)");
+}
+
+namespace {
+
+// What the call writes on standard error.
+std::string Scritto(cli::Avanzamento& avanzamento)
+{
+    testing::internal::CaptureStderr();
+    avanzamento.Mostra(1);
+    return testing::internal::GetCapturedStderr();
+}
+
+// Shows the progress until it is written, twice: not before ogni seconds have passed, and not
+// later than at the first call after them.
+void ScriveOgni(double ogni, bool terminale)
+{
+    double prima = SecondiTrascorsi();
+    cli::Avanzamento avanzamento(1000, terminale);
+    double dopo = SecondiTrascorsi();
+    for (int volta = 0; volta < 2; ++volta) {
+        for (;;) {
+            const double inizio = SecondiTrascorsi();
+            const std::string scritto = Scritto(avanzamento);
+            const double fine = SecondiTrascorsi();
+            if (!scritto.empty()) {
+                EXPECT_GE(fine - prima, ogni) << volta;
+                prima = inizio;
+                dopo = fine;
+                break;
+            }
+            ASSERT_LT(inizio - dopo, ogni) << volta;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+    }
+    testing::internal::CaptureStderr();
+    avanzamento.Finisci();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), terminale ? "\r\x1b[K" : "");
+}
+
+} // namespace
+
+TEST(Avanzamento, SulTerminaleOgniDecimoAltroveOgniSecondo)
+{
+    ScriveOgni(0.1, true);
+    ScriveOgni(1, false);
 }

@@ -175,6 +175,18 @@ TEST(FileMazzi, ErroriConFileERiga)
     EXPECT_THROW(Lette(archivio, 1), ErroreRuntime);
 }
 
+TEST(FileMazzi, UnaRigaHaAlMassimo64Kib)
+{
+    const std::string riga = Riga(Codice) + std::string(64 * 1024 - Riga(Codice).size(), ' ');
+    for (const char* fine : {"\n", "\r\n", ""}) {
+        EXPECT_TRUE(Lette(Archivio(riga + fine), std::nullopt)) << fine;
+        const Archivio lungo(riga + " " + fine);
+        const auto errore = aiuti::ErroreDi([&] { Lette(lungo, std::nullopt); });
+        ASSERT_TRUE(errore) << fine;
+        EXPECT_EQ(errore->Motivo(), "riga 1: troppo lunga");
+    }
+}
+
 TEST(FileMazzi, LePrimeENonDiPiu)
 {
     const Archivio archivio(Riga(Codice) + "\n" + Riga(Testo) + "\n" + Riga(Codice));

@@ -188,9 +188,11 @@ TEST(ApriConShell, ICanaliSonoNulliELaSessioneNuova)
     EXPECT_EQ(InUnFiglio([] {
                   const Gestore gestore("PATH=/usr/bin:/bin\n"
                                         "canali=$(readlink /proc/$$/fd/[012])\n"
+                                        "cat <&0 && echo x >&1 && echo x >&2 && usabili=si\n"
                                         "sessione=$(cut -d' ' -f6 /proc/$$/stat)\n"
                                         "[ \"$sessione\" = $$ ] && sessione=sua\n"
-                                        "printf '%s\\n' \"$canali\" \"$sessione\" > risposta");
+                                        "printf '%s\\n' \"$canali\" \"$usabili\" "
+                                        "\"$sessione\" > risposta");
                   // A channel that would be noticed at the other end.
                   std::array<int, 2> tubo{};
                   ASSERT_EQ(::pipe(tubo.data()), 0);
@@ -199,7 +201,7 @@ TEST(ApriConShell, ICanaliSonoNulliELaSessioneNuova)
                   const bool avviato = ApriConShell("/a", Modo);
                   ASSERT_EQ(::dup2(uscita, STDOUT_FILENO), STDOUT_FILENO);
                   EXPECT_TRUE(avviato);
-                  EXPECT_EQ(gestore.Risposta(), "/dev/null\n/dev/null\n/dev/null\nsua\n");
+                  EXPECT_EQ(gestore.Risposta(), "/dev/null\n/dev/null\n/dev/null\nsi\nsua\n");
               }),
               Riuscito);
 }

@@ -172,6 +172,12 @@ TEST(Segnali, LaRichiestaSvegliaChiGuardaIlCanale)
                       EXPECT_EQ(errno, EDOM);
                       EXPECT_EQ(::poll(&guardia, 1, 0), 1);
                       EXPECT_TRUE(InterruzioneChiesta());
+                      // Whoever looks at it too often does not wait.
+                      std::array<char, 8> byte{};
+                      ASSERT_NE(::fcntl(canale, F_GETFL) & O_NONBLOCK, 0);
+                      EXPECT_EQ(::read(canale, byte.data(), byte.size()), 1);
+                      EXPECT_EQ(::read(canale, byte.data(), byte.size()), -1);
+                      EXPECT_EQ(errno, EAGAIN);
                       // No program that is started gets it.
                       EXPECT_EQ(::fcntl(canale, F_GETFD), FD_CLOEXEC);
                   }),
