@@ -149,6 +149,20 @@ TEST(SpazioPdf, DoveECertoNonSiGioca)
     EXPECT_EQ(prova.Pdf(), "vecchio");
 }
 
+TEST(SpazioPdf, DoveDipendeDalleCarteSiGioca)
+{
+    const Prova prova("tre");
+    for (const int taglie : {80, 94}) {
+        int giocate = 0;
+        AmbienteInUso.PreparaTaglia = [&giocate](std::int64_t) {
+            modCarte::MescolaMazzo();
+            ++giocate;
+        };
+        ErroreDi([&] { PretendiSpazioPdf(taglie); });
+        EXPECT_EQ(giocate, taglie);
+    }
+}
+
 TEST(SpazioPdf, LeTaglieGiocateTornanoUguali)
 {
     const Prova prova("tre");
