@@ -12,6 +12,7 @@ import shutil
 import signal
 import struct
 import subprocess
+import sys
 import tempfile
 import time
 import unittest
@@ -236,7 +237,11 @@ class Finestra:
         self.schermo.fa("wmctrl", "-i", "-c", self.id)
 
     def esito(self):
-        return self.processo.wait(timeout=ATTESA)
+        """The exit code; whatever ended badly shows what it said."""
+        codice = self.processo.wait(timeout=ATTESA)
+        if codice:
+            print((self.base / "errori").read_text(errors="replace"), file=sys.stderr)
+        return codice
 
     def close(self):
         if self.processo.poll() is None:
