@@ -6,6 +6,7 @@
 // by everybody else.
 #pragma once
 
+#include "Esiti.h"
 #include "Flag.h"
 #include "Registro.h"
 
@@ -116,21 +117,7 @@ struct FineFilo
 };
 
 // Counts of one shoe; whole numbers. Ties at 31 are in Pari and in TrentunoApres.
-struct StatisticheTaglia
-{
-    double VinceNero = 0;
-    double VinceRosso = 0;
-    double Colore = 0;
-    double Inverso = 0;
-    double Pari = 0;
-    double TrentunoApres = 0;
-    double NeroColore = 0;
-    double NeroInverso = 0;
-    double RossoColore = 0;
-    double RossoInverso = 0;
-
-    bool operator==(const StatisticheTaglia&) const = default;
-};
+using StatisticheTaglia = ContiEsiti<double>;
 
 extern constinit thread_local StatisticheTaglia Statistiche;
 
