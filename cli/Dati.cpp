@@ -3,7 +3,6 @@
 #include "Dati.h"
 
 #include "Numeri.h"
-#include "QuoteEsatte.h"
 #include "modCarte.h"
 
 #include <nlohmann/json.hpp>
@@ -63,7 +62,7 @@ Riga RigaEsito(const Stampe::Studio& studio, std::size_t esito)
     const auto stima = Stampe::StimaTasso(studio, esito);
     const auto intervallo = Stampe::Intervallo95(stima, studio.Taglie());
     return {Esiti,
-            QuotePrimoColpo.at(esito).Esito,
+            modCarte::Esiti<double>.at(esito).Nome,
             {Numero(studio.Esito(esito).Totale), Numero(stima.Tasso), Numero(stima.ErroreStandard),
              intervallo ? Numero(intervallo->Minimo) : std::string(Ignoto),
              intervallo ? Numero(intervallo->Massimo) : std::string(Ignoto), "", ""}};
@@ -71,10 +70,10 @@ Riga RigaEsito(const Stampe::Studio& studio, std::size_t esito)
 
 Riga RigaPrimoColpo(const Stampe::Studio& studio, std::size_t esito)
 {
-    const double esatta = QuotePrimoColpo.at(esito).Probabilita;
+    const double esatta = modCarte::Esiti<double>.at(esito).QuotaPrimoColpo;
     const auto totale = studio.Esito(esito).PrimoColpo;
     return {PrimoColpo,
-            QuotePrimoColpo.at(esito).Esito,
+            modCarte::Esiti<double>.at(esito).Nome,
             {Numero(totale),
              Numero(static_cast<double>(totale) / static_cast<double>(studio.Taglie())), "", "", "",
              Numero(esatta), Numero(Stampe::ScartoPrimoColpo(studio, esito, esatta))}};
@@ -96,8 +95,8 @@ std::vector<Riga> Righe(const Stampe::TotaliReport& totali, const Stampe::Studio
     righe.push_back(una("report", "carte", Numero(totali.CarteUsate)));
     righe.push_back(una("completi", "colpi", Numero(studio.ColpiCompleti())));
     righe.push_back(una("completi", "carte", Numero(CarteGiocate * studio.Taglie())));
-    for (std::size_t i = 0; i < Stampe::NumeroEsiti; ++i) righe.push_back(RigaEsito(studio, i));
-    for (std::size_t i = 0; i < Stampe::NumeroEsiti; ++i) {
+    for (std::size_t i = 0; i < modCarte::NumeroEsiti; ++i) righe.push_back(RigaEsito(studio, i));
+    for (std::size_t i = 0; i < modCarte::NumeroEsiti; ++i) {
         righe.push_back(RigaPrimoColpo(studio, i));
     }
     return righe;

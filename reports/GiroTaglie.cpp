@@ -59,16 +59,7 @@ CifreTaglia DerivaCifre()
 
 void TotaliReport::Aggiungi(const modCarte::StatisticheTaglia& statistiche)
 {
-    VinceNero += static_cast<std::int64_t>(statistiche.VinceNero);
-    VinceRosso += static_cast<std::int64_t>(statistiche.VinceRosso);
-    Colore += static_cast<std::int64_t>(statistiche.Colore);
-    Inverso += static_cast<std::int64_t>(statistiche.Inverso);
-    Pari += static_cast<std::int64_t>(statistiche.Pari);
-    TrentunoApres += static_cast<std::int64_t>(statistiche.TrentunoApres);
-    NeroColore += static_cast<std::int64_t>(statistiche.NeroColore);
-    NeroInverso += static_cast<std::int64_t>(statistiche.NeroInverso);
-    RossoColore += static_cast<std::int64_t>(statistiche.RossoColore);
-    RossoInverso += static_cast<std::int64_t>(statistiche.RossoInverso);
+    modCarte::AggiungiConti(*this, statistiche);
 }
 
 void TotaliReport::Aggiungi(const CifreTaglia& cifre)
@@ -81,16 +72,7 @@ void TotaliReport::Aggiungi(const TotaliReport& altri)
 {
     Colpi += altri.Colpi;
     CarteUsate += altri.CarteUsate;
-    VinceNero += altri.VinceNero;
-    VinceRosso += altri.VinceRosso;
-    Colore += altri.Colore;
-    Inverso += altri.Inverso;
-    Pari += altri.Pari;
-    TrentunoApres += altri.TrentunoApres;
-    NeroColore += altri.NeroColore;
-    NeroInverso += altri.NeroInverso;
-    RossoColore += altri.RossoColore;
-    RossoInverso += altri.RossoInverso;
+    modCarte::AggiungiConti<std::int64_t, std::int64_t>(*this, altri);
 }
 
 std::int64_t TaglieDaFare(double numeroTaglie)

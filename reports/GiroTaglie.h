@@ -27,20 +27,10 @@ struct CifreTaglia
 CifreTaglia DerivaCifre();
 
 // The running totals of one report run.
-struct TotaliReport
+struct TotaliReport : modCarte::ContiEsiti<std::int64_t>
 {
     std::int64_t Colpi = 0;
     std::int64_t CarteUsate = 0;
-    std::int64_t VinceNero = 0;
-    std::int64_t VinceRosso = 0;
-    std::int64_t Colore = 0;
-    std::int64_t Inverso = 0;
-    std::int64_t Pari = 0;
-    std::int64_t TrentunoApres = 0;
-    std::int64_t NeroColore = 0;
-    std::int64_t NeroInverso = 0;
-    std::int64_t RossoColore = 0;
-    std::int64_t RossoInverso = 0;
 
     void Aggiungi(const modCarte::StatisticheTaglia& statistiche);
     void Aggiungi(const CifreTaglia& cifre);

@@ -11,44 +11,6 @@ namespace Stampe {
 
 namespace {
 
-using Conteggi = std::array<std::int64_t, NumeroEsiti>;
-
-Conteggi InOrdine(const modCarte::StatisticheTaglia& s)
-{
-    const std::array<double, NumeroEsiti> valori = {
-        s.VinceNero,     s.VinceRosso, s.Colore,      s.Inverso,     s.Pari,
-        s.TrentunoApres, s.NeroColore, s.NeroInverso, s.RossoColore, s.RossoInverso};
-    Conteggi conteggi{};
-    for (std::size_t i = 0; i < NumeroEsiti; ++i) {
-        conteggi[i] = static_cast<std::int64_t>(valori[i]);
-    }
-    return conteggi;
-}
-
-// The outcomes of one coup as counts of 0 and 1.
-Conteggi EsitiDelColpo(std::string_view record)
-{
-    const auto campi = modCarte::DividiColpo<modCarte::CampoCarteNero>(record);
-    const auto esito = campi[modCarte::CampoEsito];
-    const auto colore = campi[modCarte::CampoColore];
-    const bool nero = esito == "N";
-    const bool rosso = esito == "R";
-    const bool pari = esito == "E";
-    const bool trentuno = pari && campi[modCarte::CampoTotaleNero] == "31";
-    const bool conColore = colore == "C";
-    const bool conInverso = colore == "I";
-    return {nero,
-            rosso,
-            conColore,
-            conInverso,
-            pari,
-            trentuno,
-            nero && conColore,
-            nero && conInverso,
-            rosso && conColore,
-            rosso && conInverso};
-}
-
 // The sum over the shoes of the squares of x - X / C c, times the square of C: x and c are the
 // shoe's count and coups, X and C those of all shoes. In whole numbers: the terms nearly cancel,
 // and what is 0 must come out as 0.
@@ -75,12 +37,13 @@ void Studio::AggiungiTaglia()
     m_quadratiColpi += colpi * colpi;
 
     const auto& registro = modCarte::Colpi;
-    const Conteggi taglia = InOrdine(statistiche);
-    const Conteggi primo = registro.size() > 1 ? EsitiDelColpo(registro[1]) : Conteggi{};
-    for (std::size_t i = 0; i < NumeroEsiti; ++i) {
-        m_esiti[i].Totale += taglia[i];
-        m_esiti[i].Quadrati += taglia[i] * taglia[i];
-        m_esiti[i].Prodotti += taglia[i] * colpi;
+    const auto primo =
+        registro.size() > 1 ? modCarte::EsitiDelColpo(registro[1]) : modCarte::EsitiColpo{};
+    for (std::size_t i = 0; i < modCarte::NumeroEsiti; ++i) {
+        const auto conto = static_cast<std::int64_t>(modCarte::Conto(statistiche, i));
+        m_esiti[i].Totale += conto;
+        m_esiti[i].Quadrati += conto * conto;
+        m_esiti[i].Prodotti += conto * colpi;
         m_esiti[i].PrimoColpo += primo[i];
     }
 }
@@ -90,7 +53,7 @@ void Studio::Aggiungi(const Studio& altro)
     m_taglie += altro.m_taglie;
     m_colpi += altro.m_colpi;
     m_quadratiColpi += altro.m_quadratiColpi;
-    for (std::size_t i = 0; i < NumeroEsiti; ++i) {
+    for (std::size_t i = 0; i < modCarte::NumeroEsiti; ++i) {
         m_esiti[i].Totale += altro.m_esiti[i].Totale;
         m_esiti[i].Quadrati += altro.m_esiti[i].Quadrati;
         m_esiti[i].Prodotti += altro.m_esiti[i].Prodotti;

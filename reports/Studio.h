@@ -10,9 +10,6 @@
 
 namespace Stampe {
 
-// The ten outcomes in the order of StatisticheTaglia.
-inline constexpr std::size_t NumeroEsiti = 10;
-
 // How often one outcome came, over all shoes.
 struct ContoEsito
 {
@@ -37,13 +34,14 @@ public:
     std::int64_t ColpiCompleti() const { return m_colpi; }
     std::int64_t QuadratiColpi() const { return m_quadratiColpi; }
 
+    // indice: of the table modCarte::Esiti.
     const ContoEsito& Esito(std::size_t indice) const { return m_esiti.at(indice); }
 
 private:
     std::int64_t m_taglie = 0;
     std::int64_t m_colpi = 0;
     std::int64_t m_quadratiColpi = 0;
-    std::array<ContoEsito, NumeroEsiti> m_esiti{};
+    std::array<ContoEsito, modCarte::NumeroEsiti> m_esiti{};
 };
 
 // A rate and how far it can be trusted.

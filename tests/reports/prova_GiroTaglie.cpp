@@ -395,7 +395,7 @@ TEST(Studio, LaRaccoltaNonDipendeDaiFili)
     EXPECT_EQ(due.Taglie(), 500);
     EXPECT_EQ(uno.QuadratiColpi(), due.QuadratiColpi());
     EXPECT_EQ(due.ColpiCompleti(), totali->VinceNero + totali->VinceRosso + totali->Pari);
-    for (std::size_t i = 0; i < NumeroEsiti; ++i) {
+    for (std::size_t i = 0; i < modCarte::NumeroEsiti; ++i) {
         EXPECT_EQ(uno.Esito(i).Totale, due.Esito(i).Totale);
         EXPECT_EQ(uno.Esito(i).Quadrati, due.Esito(i).Quadrati);
         EXPECT_EQ(uno.Esito(i).Prodotti, due.Esito(i).Prodotti);

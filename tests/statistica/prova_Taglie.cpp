@@ -1,6 +1,5 @@
 // Whole shoes, a million of them: what must hold after each, and the odds of their first coups.
 
-#include "QuoteEsatte.h"
 #include "Statistica.h"
 #include "modCarte.h"
 #include "quote_esatte.h"
@@ -29,7 +28,7 @@ constexpr std::uint64_t Seme = 1;
 constexpr std::size_t PrimaDelGioco = 5; // index of the first card that is not cancelled
 
 // One number per outcome, in the order of StatisticheTaglia.
-using Conteggi = std::array<std::int64_t, Stampe::NumeroEsiti>;
+using Conteggi = std::array<std::int64_t, NumeroEsiti>;
 
 // The outcomes of one coup as counts of 0 and 1.
 template <std::size_t Campi>
@@ -109,7 +108,7 @@ bool ContiDaiRecord()
         for (std::size_t j = 0; j < conti.size(); ++j) conti[j] += colpo[j];
     }
     const auto& s = Statistiche;
-    const std::array<double, Stampe::NumeroEsiti> contati = {
+    const std::array<double, NumeroEsiti> contati = {
         s.VinceNero,     s.VinceRosso, s.Colore,      s.Inverso,     s.Pari,
         s.TrentunoApres, s.NeroColore, s.NeroInverso, s.RossoColore, s.RossoInverso};
     return std::equal(conti.begin(), conti.end(), contati.begin());
@@ -156,11 +155,11 @@ std::optional<double> MemoriaInUso()
 
 // ---- First coups -------------------------------------------------------------------------------
 
-constexpr std::array<std::string_view, Stampe::NumeroEsiti> NomiEsiti = {
+constexpr std::array<std::string_view, NumeroEsiti> NomiEsiti = {
     "VinceNero",     "VinceRosso", "Colore",      "Inverso",     "Pari",
     "TrentunoApres", "NeroColore", "NeroInverso", "RossoColore", "RossoInverso"};
 
-std::array<double, Stampe::NumeroEsiti> InOrdine(const quote::QuotePrimoColpo& q)
+std::array<double, NumeroEsiti> InOrdine(const quote::QuotePrimoColpo& q)
 {
     return {q.vinceNero,     q.vinceRosso, q.colore,      q.inverso,     q.pari,
             q.trentunoApres, q.neroColore, q.neroInverso, q.rossoColore, q.rossoInverso};
@@ -226,9 +225,9 @@ void PrimiColpi::Controlla(const quote::QuotePrimoColpo& q) const
 TEST(QuoteEsatte, LeCostantiSonoQuelleRicalcolate)
 {
     const auto ricalcolate = InOrdine(quote::CalcolaQuotePrimoColpo());
-    for (std::size_t i = 0; i < Stampe::NumeroEsiti; ++i) {
-        EXPECT_EQ(cli::QuotePrimoColpo[i].Esito, NomiEsiti[i]);
-        EXPECT_NEAR(cli::QuotePrimoColpo[i].Probabilita, ricalcolate[i], 1e-12) << NomiEsiti[i];
+    for (std::size_t i = 0; i < NumeroEsiti; ++i) {
+        EXPECT_EQ(Esiti<double>[i].Nome, NomiEsiti[i]);
+        EXPECT_NEAR(Esiti<double>[i].QuotaPrimoColpo, ricalcolate[i], 1e-12) << NomiEsiti[i];
     }
 }
 

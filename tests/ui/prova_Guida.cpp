@@ -3,7 +3,6 @@
 
 #include "Finestra.h"
 #include "Generale.h"
-#include "QuoteEsatte.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -147,9 +146,9 @@ TEST(Guida, LeProbabilitaSonoQuelleEsatte)
 {
     const std::string pagina = Byte(SCALVINO_RISORSE "/scalvino.htm");
     const auto quota = [](std::string_view esito) {
-        for (const auto& esatta : cli::QuotePrimoColpo) {
-            if (esatta.Esito != esito) continue;
-            const auto centesimi = std::to_string(std::lround(esatta.Probabilita * 10000));
+        for (const auto& esatta : modCarte::Esiti<double>) {
+            if (esatta.Nome != esito) continue;
+            const auto centesimi = std::to_string(std::lround(esatta.QuotaPrimoColpo * 10000));
             return centesimi.substr(0, centesimi.size() - 2) + "," +
                    centesimi.substr(centesimi.size() - 2) + "%";
         }
