@@ -92,32 +92,6 @@ void Riga(std::string& testo, const Pezzi&... pezzi)
     testo.append("\r\n");
 }
 
-// One outcome of the general statistics: its label, how many tabs follow it in the text report,
-// and its total. Each is shown with its percentage of all coups.
-struct RigaGenerale
-{
-    std::string_view Etichetta;
-    std::string_view Tabulazioni;
-    std::int64_t TotaliReport::*Totale;
-};
-
-// The ten outcomes in the order that every output shows them; the last four are the combined ones.
-inline constexpr std::array<RigaGenerale, 10> RigheGenerali = {{
-    {"Vincite Nero:", "\t\t", &TotaliReport::VinceNero},
-    {"Vincite Rosso:", "\t\t", &TotaliReport::VinceRosso},
-    {"Colpi pari:", "\t\t", &TotaliReport::Pari},
-    {"Vincite Colore:", "\t", &TotaliReport::Colore},
-    {"Vincite Inverso:", "\t", &TotaliReport::Inverso},
-    {"31 après:", "\t\t", &TotaliReport::TrentunoApres},
-    {"Vincite Nero-Colore:", "\t", &TotaliReport::NeroColore},
-    {"Vincite Nero-Inverso:", "\t", &TotaliReport::NeroInverso},
-    {"Vincite Rosso-Colore:", "\t", &TotaliReport::RossoColore},
-    {"Vincite Rosso-Inverso:", "\t", &TotaliReport::RossoInverso},
-}};
-
-// Where the combined outcomes begin in them.
-inline constexpr std::size_t PrimaCombinata = 6;
-
 // The two lines that sum up the shoe in modCarte on a page of its own.
 std::array<std::string, 2> RigheRiassunto(const CifreTaglia& cifre, const Separatori& separatori);
 

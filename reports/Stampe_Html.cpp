@@ -7,11 +7,13 @@
 #include "FileNuovo.h"
 #include "FormatiNumero.h"
 #include "Numeri.h"
+#include "RigheGenerali.h"
 #include "Stampe.h"
 #include "Stampe_Stile.h"
 #include "Windows1252.h"
 
 #include <cmath>
+#include <span>
 
 namespace Stampe {
 
@@ -203,31 +205,29 @@ void Terna(std::string& testo, bool prima, std::string_view etichetta, std::stri
     else Riga(testo, "      <td width=\"8%\">(", quota, ")</td>");
 }
 
-void RigaTotali(std::string& testo, double numeroTaglie, const TotaliReport& totali,
+// A row of three: the number of shoes, coups and cards.
+void RigaTotali(std::string& testo, double numeroTaglie, std::span<const RigaGenerale> righe,
                 const Separatori& separatori)
 {
     Riga(testo, "    <tr>");
     Terna(testo, true, "Numero taglie:", Migliaia(std::llround(numeroTaglie), separatori), "");
-    Terna(testo, false, "Colpi totali:", Migliaia(totali.Colpi, separatori),
-          DueDecimali(Rapporto(totali.Colpi, numeroTaglie), separatori));
-    Terna(testo, false, "Carte utilizzate:", Migliaia(totali.CarteUsate, separatori),
-          Percento(Rapporto(totali.CarteUsate, numeroTaglie, modCarte::CarteTaglia), separatori));
+    for (const auto& riga : righe) {
+        Terna(testo, false, riga.Etichetta, Migliaia(riga.Totale, separatori), riga.Quota);
+    }
     Riga(testo, "    </tr>");
 }
 
 // A row of outcomes; two of them leave room for a third, which a filler takes.
-void RigaEsiti(std::string& testo, std::size_t primo, std::size_t quanti,
-               const TotaliReport& totali, const Separatori& separatori)
+void RigaEsiti(std::string& testo, std::span<const RigaGenerale> righe,
+               const Separatori& separatori)
 {
     constexpr std::size_t terne = 3;
     Riga(testo, "   <tr>");
-    for (std::size_t i = 0; i < quanti; ++i) {
-        const auto& riga = RigheGenerali[primo + i];
-        const std::int64_t totale = totali.*riga.Totale;
-        Terna(testo, i == 0, riga.Etichetta, Migliaia(totale, separatori),
-              Percento(Rapporto(totale, totali.Colpi), separatori));
+    for (const auto& riga : righe) {
+        Terna(testo, &riga == &righe.front(), riga.Etichetta, Migliaia(riga.Totale, separatori),
+              riga.Quota);
     }
-    if (quanti < terne) Riga(testo, "      <td width=\"34%\" colspan=\"3\"></td>");
+    if (righe.size() < terne) Riga(testo, "      <td width=\"34%\" colspan=\"3\"></td>");
     Riga(testo, "    </tr>");
 }
 
@@ -241,14 +241,16 @@ void Generali(std::string& testo, double numeroTaglie, const TotaliReport& total
         testo,
         "      <td width=\"100%\" colspan=\"9\" align=\"center\"><b>Statistiche generali</b></td>");
     Riga(testo, "    </tr>");
-    RigaTotali(testo, numeroTaglie, totali, separatori);
-    RigaEsiti(testo, 0, 3, totali, separatori);
-    RigaEsiti(testo, 3, 3, totali, separatori);
+    const auto righe = RigheGenerali(numeroTaglie, totali, separatori);
+    const std::span<const RigaGenerale> tutte(righe);
+    RigaTotali(testo, numeroTaglie, tutte.first(PrimoEsito), separatori);
+    RigaEsiti(testo, tutte.subspan(PrimoEsito, 3), separatori);
+    RigaEsiti(testo, tutte.subspan(PrimoEsito + 3, 3), separatori);
     Riga(testo, "    <tr>");
     Riga(testo, "      <td width=\"100%\" colspan=\"9\" align=\"left\">Combinazioni vincenti</td>");
     Riga(testo, "    </tr>");
-    RigaEsiti(testo, PrimaCombinata, 2, totali, separatori);
-    RigaEsiti(testo, PrimaCombinata + 2, 2, totali, separatori);
+    RigaEsiti(testo, tutte.subspan(PrimaCombinata, 2), separatori);
+    RigaEsiti(testo, tutte.subspan(PrimaCombinata + 2, 2), separatori);
     Riga(testo, "  </table>");
     Riga(testo, "</div>");
     Riga(testo, "<br>");

@@ -9,6 +9,7 @@
 #include "FileNuovo.h"
 #include "FormatiNumero.h"
 #include "Numeri.h"
+#include "RigheGenerali.h"
 #include "SpazioPdf.h"
 #include "Stampe.h"
 #include "clsPDFCreator.h"
@@ -288,17 +289,11 @@ void Generali(clsPDFCreator& pdf, double numeroTaglie, const TotaliReport& total
     pdf.SetFont("Verdana", 8, Normale);
     pdf.BeginTable(4.5F, 4, "White", 0.01F, "Gray");
     RigaGenerali(pdf, "Numero taglie:", Migliaia(std::llround(numeroTaglie), separatori), "");
-    RigaGenerali(pdf, "Colpi totali:", Migliaia(totali.Colpi, separatori),
-                 DueDecimali(Rapporto(totali.Colpi, numeroTaglie), separatori));
-    RigaGenerali(
-        pdf, "Carte utilizzate:", Migliaia(totali.CarteUsate, separatori),
-        Percento(Rapporto(totali.CarteUsate, numeroTaglie, modCarte::CarteTaglia), separatori));
-    for (std::size_t i = 0; i < RigheGenerali.size(); ++i) {
+    const auto righe = RigheGenerali(numeroTaglie, totali, separatori);
+    for (std::size_t i = 0; i < righe.size(); ++i) {
         if (i == PrimaCombinata) RigaTitolo(pdf, "Altre combinazioni vincenti");
-        const auto& riga = RigheGenerali[i];
-        const std::int64_t totale = totali.*riga.Totale;
-        RigaGenerali(pdf, riga.Etichetta, Migliaia(totale, separatori),
-                     Percento(Rapporto(totale, totali.Colpi), separatori));
+        RigaGenerali(pdf, righe[i].Etichetta, Migliaia(righe[i].Totale, separatori),
+                     righe[i].Quota);
     }
     pdf.EndTable();
     pdf.EndPage();

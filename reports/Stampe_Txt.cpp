@@ -4,41 +4,17 @@
 #include "FileNuovo.h"
 #include "FormatiNumero.h"
 #include "Numeri.h"
+#include "RigheGenerali.h"
 #include "Stampe.h"
 #include "Windows1252.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace Stampe {
 
 namespace {
-
-// One line of a shoe's own statistics. Labels and tabs differ from the general ones on purpose.
-struct RigaTaglia
-{
-    std::string_view Etichetta;
-    double modCarte::StatisticheTaglia::*Conto;
-};
-
-using modCarte::StatisticheTaglia;
-
-constexpr std::array<RigaTaglia, 6> RigheEsiti = {{
-    {"Vincite Nero: \t", &StatisticheTaglia::VinceNero},
-    {"Vincite Rosso: \t", &StatisticheTaglia::VinceRosso},
-    {"Colpi pari: \t", &StatisticheTaglia::Pari},
-    {"Vin. Colore: \t", &StatisticheTaglia::Colore},
-    {"Vin. Inverso: \t", &StatisticheTaglia::Inverso},
-    {"31 après: \t", &StatisticheTaglia::TrentunoApres},
-}};
-
-constexpr std::array<RigaTaglia, 4> RigheCombinazioni = {{
-    {"Nero-Colore: \t", &StatisticheTaglia::NeroColore},
-    {"Nero-Inverso: \t", &StatisticheTaglia::NeroInverso},
-    {"Rosso-Colore: \t", &StatisticheTaglia::RossoColore},
-    {"Rosso-Inverso: \t", &StatisticheTaglia::RossoInverso},
-}};
 
 constexpr std::string_view Titolo = "\t\t\tSCALVINO";
 constexpr std::string_view TitoloGenerali = "\t\tStatistiche generali";
@@ -83,13 +59,40 @@ void TabellaColpi(std::string& testo, std::int64_t ultimo)
     }
 }
 
-template <std::size_t Quante>
-void RigheConti(std::string& testo, const std::array<RigaTaglia, Quante>& righe, std::int64_t colpi,
+// A label and tabs up to a column where all values of a block begin; tabs stop at every eighth.
+std::string FinoAColonna(std::string_view etichetta, std::ptrdiff_t colonna)
+{
+    constexpr std::ptrdiff_t passo = 8;
+    const auto inizioCarattere = [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    };
+    std::string testo = std::string(etichetta) + " ";
+    const auto larga = std::count_if(testo.begin(), testo.end(), inizioCarattere);
+    const std::ptrdiff_t tabulazioni = (colonna - larga + passo - 1) / passo;
+    return testo.append(static_cast<std::size_t>(tabulazioni), '\t');
+}
+
+// A shoe's statistics begin their values a tab stop before the general ones.
+constexpr std::ptrdiff_t ColonnaTaglia = 16;
+constexpr std::ptrdiff_t ColonnaGenerale = 24;
+
+// "Vincite Colore:" would reach to the column of the values: the word is cut there.
+std::string EtichettaTaglia(std::size_t posto)
+{
+    constexpr std::string_view parola = "Vincite";
+    std::string etichetta(EtichettaBreve(posto));
+    if (etichetta.size() + 1 >= ColonnaTaglia) etichetta.replace(0, parola.size(), "Vin.");
+    return etichetta;
+}
+
+// The outcomes of the shoe from this place in the reports up to, not including, fine.
+void RigheEsiti(std::string& testo, std::size_t posto, std::size_t fine, std::int64_t colpi,
                 const Separatori& separatori)
 {
-    for (const auto& riga : righe) {
-        const auto conto = static_cast<std::int64_t>(modCarte::Statistiche.*riga.Conto);
-        Riga(testo, riga.Etichetta, TestoNumero(conto), " (",
+    for (; posto < fine; ++posto) {
+        const auto conto = static_cast<std::int64_t>(
+            modCarte::Conto(modCarte::Statistiche, modCarte::OrdineReport[posto]));
+        Riga(testo, FinoAColonna(EtichettaTaglia(posto), ColonnaTaglia), TestoNumero(conto), " (",
              Percento(Rapporto(conto, colpi), separatori), ")");
     }
 }
@@ -103,13 +106,13 @@ std::string Sezione(std::int64_t taglia, const CifreTaglia& cifre, const Separat
     Riga(testo);
     TabellaColpi(testo, m);
     Riga(testo);
-    Riga(testo, "Colpi: \t\t", TestoNumero(m));
-    Riga(testo, "Carte usate: \t", TestoNumero(cifre.CarteUsate), " (",
+    Riga(testo, FinoAColonna("Colpi:", ColonnaTaglia), TestoNumero(m));
+    Riga(testo, FinoAColonna("Carte usate:", ColonnaTaglia), TestoNumero(cifre.CarteUsate), " (",
          Percento(Rapporto(cifre.CarteUsate, std::int64_t{modCarte::CarteTaglia}), separatori),
          ")");
-    RigheConti(testo, RigheEsiti, m, separatori);
+    RigheEsiti(testo, 0, modCarte::PrimoCombinato, m, separatori);
     Riga(testo, "Altre combinazioni:");
-    RigheConti(testo, RigheCombinazioni, m, separatori);
+    RigheEsiti(testo, modCarte::PrimoCombinato, EtichetteEsiti.size(), m, separatori);
     Riga(testo);
     return testo;
 }
@@ -117,19 +120,13 @@ std::string Sezione(std::int64_t taglia, const CifreTaglia& cifre, const Separat
 void Generali(std::string& testo, double numeroTaglie, const TotaliReport& totali,
               const Separatori& separatori)
 {
-    constexpr std::size_t primaCombinazione = 6;
-    Riga(testo, "Taglie: \t\t", Migliaia(std::llround(numeroTaglie), separatori));
-    Riga(testo, "Colpi totali: \t\t", Migliaia(totali.Colpi, separatori), " (",
-         DueDecimali(Rapporto(totali.Colpi, numeroTaglie), separatori), ")");
-    Riga(testo, "Carte utilizzate: \t", Migliaia(totali.CarteUsate, separatori), " (",
-         Percento(Rapporto(totali.CarteUsate, numeroTaglie, modCarte::CarteTaglia), separatori),
-         ")");
-    for (std::size_t i = 0; i < RigheGenerali.size(); ++i) {
-        if (i == primaCombinazione) Riga(testo);
-        const auto& riga = RigheGenerali[i];
-        const std::int64_t totale = totali.*riga.Totale;
-        Riga(testo, riga.Etichetta, " ", riga.Tabulazioni, Migliaia(totale, separatori), " (",
-             Percento(Rapporto(totale, totali.Colpi), separatori), ")");
+    Riga(testo, FinoAColonna("Taglie:", ColonnaGenerale),
+         Migliaia(std::llround(numeroTaglie), separatori));
+    const auto righe = RigheGenerali(numeroTaglie, totali, separatori);
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+        if (i == PrimaCombinata) Riga(testo);
+        Riga(testo, FinoAColonna(righe[i].Etichetta, ColonnaGenerale),
+             Migliaia(righe[i].Totale, separatori), " (", righe[i].Quota, ")");
     }
 }
 

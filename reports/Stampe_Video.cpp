@@ -4,6 +4,7 @@
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
 #include "FormatiNumero.h"
+#include "RigheGenerali.h"
 #include "Stampe.h"
 
 #include <cmath>
@@ -24,6 +25,10 @@ constexpr float XEtichetta = 1000;
 constexpr float XValore = 3500;
 constexpr float XQuota = 4500;
 
+constexpr float PrimaRiga = 1500;
+constexpr float PassoRighe = 300;
+constexpr float StaccoCombinate = 100; // above the first combined outcome
+
 // A row of the table: what stands where. The share may be empty.
 struct RigaVideo
 {
@@ -33,42 +38,19 @@ struct RigaVideo
     std::string Quota;
 };
 
-// The ten outcomes in the order of RigheGenerali; the combined ones are called shorter here.
-struct PostoEsito
-{
-    float Y;
-    std::string_view Etichetta;
-};
-
-constexpr std::array<PostoEsito, 10> PostiEsiti = {{
-    {2400, "Vincite Nero:"},
-    {2700, "Vincite Rosso:"},
-    {3000, "Colpi pari:"},
-    {3300, "Vincite Colore:"},
-    {3600, "Vincite Inverso:"},
-    {3900, "31 après:"},
-    {4300, "Nero-Colore:"},
-    {4600, "Nero-Inverso:"},
-    {4900, "Rosso-Colore:"},
-    {5200, "Rosso-Inverso:"},
-}};
-
 std::vector<RigaVideo> Tabella(double numeroTaglie, const TotaliReport& totali)
 {
     const Separatori& cifre = AmbienteInUso.Cifre;
-    std::vector<RigaVideo> righe;
-    righe.push_back({1500, "Taglie:", MigliaiaConZero(std::llround(numeroTaglie), cifre), {}});
-    righe.push_back({1800, "Colpi totali:", MigliaiaConZero(totali.Colpi, cifre),
-                     DueDecimali(Rapporto(totali.Colpi, numeroTaglie), cifre)});
-    righe.push_back(
-        {2100, "Carte utilizzate:", MigliaiaConZero(totali.CarteUsate, cifre),
-         Percento(Rapporto(totali.CarteUsate, numeroTaglie, modCarte::CarteTaglia), cifre)});
-    for (std::size_t i = 0; i < PostiEsiti.size(); ++i) {
-        const std::int64_t totale = totali.*RigheGenerali[i].Totale;
-        righe.push_back({PostiEsiti[i].Y, PostiEsiti[i].Etichetta, MigliaiaConZero(totale, cifre),
-                         Percento(Rapporto(totale, totali.Colpi), cifre)});
+    std::vector<RigaVideo> tabella;
+    float y = PrimaRiga;
+    tabella.push_back({y, "Taglie:", MigliaiaConZero(std::llround(numeroTaglie), cifre), {}});
+    const auto righe = RigheGenerali(numeroTaglie, totali, cifre);
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+        y += i == PrimaCombinata ? PassoRighe + StaccoCombinate : PassoRighe;
+        const auto etichetta = i < PrimoEsito ? righe[i].Etichetta : EtichettaBreve(i - PrimoEsito);
+        tabella.push_back({y, etichetta, MigliaiaConZero(righe[i].Totale, cifre), righe[i].Quota});
     }
-    return righe;
+    return tabella;
 }
 
 void DisegnaTitolo(Superficie& superficie)

@@ -1,0 +1,52 @@
+// The rows of the general statistics that every report shows: label, total and share. Where they
+// stand is the business of each layout: Stampe_Txt.cpp, Stampe_Html.cpp, Stampe_Pdf.cpp and
+// Stampe_Video.cpp.
+#pragma once
+
+#include "Esiti.h"
+#include "GiroTaglie.h"
+#include "Separatori.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Stampe {
+
+// Labels of the outcomes, in the order of modCarte::OrdineReport.
+inline constexpr std::array<std::string_view, modCarte::NumeroMostrati> EtichetteEsiti = {
+    "Vincite Nero:",          "Vincite Rosso:",        "Colpi pari:",
+    "Vincite Colore:",        "Vincite Inverso:",      "31 après:",
+    "Vincite Nero-Colore:",   "Vincite Nero-Inverso:", "Vincite Rosso-Colore:",
+    "Vincite Rosso-Inverso:",
+};
+
+// A label for where there is less room, or where a heading says already what is counted: the
+// combined outcomes lose the word "Vincite". posto: an index of EtichetteEsiti.
+constexpr std::string_view EtichettaBreve(std::size_t posto)
+{
+    constexpr std::string_view parola = "Vincite ";
+    const std::string_view etichetta = EtichetteEsiti.at(posto);
+    return posto < modCarte::PrimoCombinato ? etichetta : etichetta.substr(parola.size());
+}
+
+struct RigaGenerale
+{
+    std::string_view Etichetta;
+    std::int64_t Totale;
+    std::string Quota; // coups for each shoe; cards used or coups with the outcome in percent
+};
+
+// Where the outcomes begin among the rows, and the combined ones.
+inline constexpr std::size_t PrimoEsito = 2;
+inline constexpr std::size_t PrimaCombinata = PrimoEsito + modCarte::PrimoCombinato;
+
+// The rows that follow the number of shoes: coups, cards, then the outcomes in the order of
+// modCarte::OrdineReport. Error 11 when there are no coups.
+std::vector<RigaGenerale> RigheGenerali(double numeroTaglie, const TotaliReport& totali,
+                                        const Separatori& separatori);
+
+} // namespace Stampe
