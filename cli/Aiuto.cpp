@@ -1,4 +1,5 @@
-#include "Opzioni.h"
+// The texts of --help and --version. A new option is told of here and in Opzioni.cpp.
+#include "Aiuto.h"
 
 namespace cli {
 

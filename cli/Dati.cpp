@@ -2,6 +2,7 @@
 // of JSON values takes memory even while it is destroyed, and ends the program when there is none.
 #include "Dati.h"
 
+#include "Aiuto.h"
 #include "Numeri.h"
 #include "modCarte.h"
 

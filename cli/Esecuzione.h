@@ -1,8 +1,6 @@
 // One run of the command, from its options to its exit code.
 #pragma once
 
-#include "Opzioni.h"
-
 #include <span>
 
 namespace cli {

@@ -1,5 +1,6 @@
 #include "Opzioni.h"
 
+#include "ErroreComando.h"
 #include "Numeri.h"
 
 #include <CLI/CLI.hpp>

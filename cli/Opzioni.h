@@ -4,7 +4,6 @@
 #include "Separatori.h"
 
 #include <cstdint>
-#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
@@ -62,43 +61,8 @@ struct Opzioni
     }
 };
 
-// Exit codes of the command.
-enum Uscita : int
-{
-    UscitaFatto = 0,
-    UscitaUso = 2,
-    UscitaRifiuto = 3,
-    UscitaScrittura = 4,
-    UscitaInterna = 5,
-    UscitaInterrotta = 130,
-};
-
-// Ends the command with one line "taglie: what: why" and an exit code.
-class ErroreComando : public std::exception
-{
-public:
-    ErroreComando(Uscita uscita, const std::string& cosa, const std::string& perche)
-        : m_uscita(uscita)
-        , m_messaggio(cosa + ": " + perche)
-    {
-    }
-    Uscita CodiceUscita() const noexcept { return m_uscita; }
-    const char* what() const noexcept override { return m_messaggio.c_str(); }
-
-private:
-    Uscita m_uscita;
-    std::string m_messaggio;
-};
-
 // Reads the arguments (without the program's name). ErroreComando with UscitaUso for anything
 // unknown, malformed or contradictory, with UscitaRifiuto for more than 2^53 shoes.
 Opzioni LeggiOpzioni(const std::vector<std::string>& argomenti);
-
-// The text of --help and of --version, UTF-8, ending in a line end.
-std::string TestoAiuto();
-std::string TestoVersione();
-
-// The program's version alone, "1.0.0".
-std::string Versione();
 
 } // namespace cli

@@ -1,5 +1,6 @@
 // Command lines, one argument per line: either options within their limits or one clear error.
 
+#include "ErroreComando.h"
 #include "Opzioni.h"
 
 #include <cstddef>
