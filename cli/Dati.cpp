@@ -81,7 +81,7 @@ Riga RigaPrimoColpo(const Stampe::Studio& studio, std::size_t esito)
 }
 
 std::vector<Riga> Righe(const Stampe::TotaliReport& totali, const Stampe::Studio& studio,
-                        const Corsa& corsa)
+                        const NotizieCorsa& corsa)
 {
     const auto una = [](std::string_view sezione, std::string_view voce, std::string valore) {
         return Riga{sezione, voce, {std::move(valore)}};
@@ -212,7 +212,7 @@ std::string InCsv(const std::vector<Riga>& righe)
 } // namespace
 
 std::string TestoDati(FormaDati forma, const Stampe::TotaliReport& totali,
-                      const Stampe::Studio& studio, const Corsa& corsa)
+                      const Stampe::Studio& studio, const NotizieCorsa& corsa)
 {
     const auto righe = Righe(totali, studio, corsa);
     return forma == FormaDati::Csv ? InCsv(righe) : InJson(righe);

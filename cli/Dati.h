@@ -11,8 +11,8 @@
 
 namespace cli {
 
-// What is told beside the figures.
-struct Corsa
+// The run itself, as its data tell of it.
+struct NotizieCorsa
 {
     std::optional<std::uint64_t> Seme;
     double Secondi;
@@ -20,6 +20,6 @@ struct Corsa
 
 // The text for standard output, ending in a line end. Numbers have "." whatever the locale.
 std::string TestoDati(FormaDati forma, const Stampe::TotaliReport& totali,
-                      const Stampe::Studio& studio, const Corsa& corsa);
+                      const Stampe::Studio& studio, const NotizieCorsa& corsa);
 
 } // namespace cli

@@ -25,4 +25,23 @@ private:
     std::string m_messaggio;
 };
 
+// Ends the command as stopped by the user, with what was done until then.
+[[noreturn]] inline void Interrompi(const std::string& fatto)
+{
+    throw ErroreComando(UscitaInterrotta, "interrotto", fatto);
+}
+
+// What funzione gives. Its ErroreRuntime becomes the refusal of what the user asked for, whatever
+// the reason; only want of memory stays what it is, since that is no fault of the request.
+template <typename Funzione>
+auto OppureRifiuta(const Funzione& funzione)
+{
+    try {
+        return funzione();
+    } catch (const ErroreRuntime& errore) {
+        if (errore.Numero() == NumeroErrore::MemoriaEsaurita) throw;
+        throw ErroreComando(UscitaRifiuto, errore.File(), errore.Motivo());
+    }
+}
+
 } // namespace cli

@@ -1,5 +1,7 @@
-// The exit codes of the command; ErroreComando.h carries them to the one place that ends it.
+// The exit codes of the command; ErroreComando.h carries them to Comando.cpp, which returns them.
 #pragma once
+
+#include "ErroreRuntime.h"
 
 namespace cli {
 
@@ -12,5 +14,9 @@ enum Uscita : int
     UscitaInterna = 5,
     UscitaInterrotta = 130,
 };
+
+// What a failure during the run means for the caller of the command: UscitaScrittura for those of
+// files, UscitaRifiuto for more than a document can hold, UscitaInterna for all others.
+Uscita UscitaPer(NumeroErrore numero);
 
 } // namespace cli

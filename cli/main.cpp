@@ -1,4 +1,4 @@
-#include "Esecuzione.h"
+#include "Comando.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // begins with nothing taken yet and the leak checker sees its end.
 
 #include "Aiuti.h"
-#include "Esecuzione.h"
+#include "Comando.h"
 #include "MemoriaFinita.h"
 
 #include <gtest/gtest.h>

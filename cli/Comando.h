@@ -1,4 +1,5 @@
-// One run of the command, from its options to its exit code.
+// The command, from its arguments to its exit code. Next: Opzioni.h (what it was asked for) and
+// Corsa.h (the run).
 #pragma once
 
 #include <span>
