@@ -3,11 +3,11 @@
 #pragma once
 
 #include "FontWidths.h"
+#include "Objects.h"
 #include "Picture.h"
 #include "TextLayout.h"
 #include "TrueTypeFile.h"
 #include "clsPDFCreator.h"
-#include "clsPDFCreator_Objects.h"
 
 #include <array>
 #include <cmath>

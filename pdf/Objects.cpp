@@ -1,6 +1,6 @@
 // The only source of the library that writes bytes.
 
-#include "clsPDFCreator_Objects.h"
+#include "Objects.h"
 
 #include <algorithm>
 #include <utility>
