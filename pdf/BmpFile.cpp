@@ -40,14 +40,14 @@ struct BmpHeader
     std::uint32_t PixelOffset = 0;
 };
 
-void prReadCoreHeader(const ByteReader& file, BmpHeader& header)
+void ReadCoreHeader(const ByteReader& file, BmpHeader& header)
 {
     header.Width = file.Little16(18);
     header.Height = file.Little16(20);
     header.Bits = file.Little16(24);
 }
 
-void prReadInfoHeader(const ByteReader& file, BmpHeader& header)
+void ReadInfoHeader(const ByteReader& file, BmpHeader& header)
 {
     const auto width = static_cast<std::int32_t>(file.Little32(18));
     const auto height = static_cast<std::int32_t>(file.Little32(22));
@@ -62,7 +62,7 @@ void prReadInfoHeader(const ByteReader& file, BmpHeader& header)
 }
 
 // Whether the depth and the compression go together.
-bool prKnownDepth(const BmpHeader& header)
+bool KnownDepth(const BmpHeader& header)
 {
     constexpr std::array<int, 6> depths{1, 4, 8, 16, 24, 32};
     switch (header.Method) {
@@ -79,12 +79,12 @@ bool prKnownDepth(const BmpHeader& header)
     }
 }
 
-void prCheckHeader(const ByteReader& file, const BmpHeader& header)
+void CheckHeader(const ByteReader& file, const BmpHeader& header)
 {
     constexpr std::uint64_t longest = 0x7FFFFFFF;
     if (header.Width == 0 || header.Height == 0) file.Fail("l'immagine non ha pixel");
     if (header.Height > longest) file.Fail("l'immagine è troppo alta");
-    if (!prKnownDepth(header)) {
+    if (!KnownDepth(header)) {
         file.Fail("bitmap con " + std::to_string(header.Bits) + " bit per pixel e compressione " +
                   std::to_string(header.Method) + ", che non si legge");
     }
@@ -92,21 +92,21 @@ void prCheckHeader(const ByteReader& file, const BmpHeader& header)
     if (runs && header.TopDown) file.Fail("bitmap compressa con le righe dall'alto in basso");
 }
 
-BmpHeader prReadHeader(const ByteReader& file)
+BmpHeader ReadHeader(const ByteReader& file)
 {
     if (file.Slice(0, 2) != "BM") file.Fail("non è una bitmap di Windows");
     BmpHeader header;
     header.PixelOffset = file.Little32(10);
     header.Size = file.Little32(FileHeaderSize);
     constexpr std::array<std::uint32_t, 3> longSizes{40, 108, 124};
-    if (header.Size == CoreHeaderSize) prReadCoreHeader(file, header);
+    if (header.Size == CoreHeaderSize) ReadCoreHeader(file, header);
     else if (std::find(longSizes.begin(), longSizes.end(), header.Size) != longSizes.end()) {
-        prReadInfoHeader(file, header);
+        ReadInfoHeader(file, header);
     } else {
         file.Fail("bitmap con un'intestazione di " + std::to_string(header.Size) +
                   " byte, che non si legge");
     }
-    prCheckHeader(file, header);
+    CheckHeader(file, header);
     return header;
 }
 
@@ -114,7 +114,7 @@ BmpHeader prReadHeader(const ByteReader& file)
 
 // Files are found whose palette is shorter than the bits allow and does not say so: it ends where
 // the pixels begin.
-std::string prReadPalette(const ByteReader& file, const BmpHeader& header)
+std::string ReadPalette(const ByteReader& file, const BmpHeader& header)
 {
     const std::uint64_t entry = header.Size == CoreHeaderSize ? 3 : 4;
     const std::uint64_t start = std::uint64_t{FileHeaderSize} + header.Size;
@@ -168,7 +168,7 @@ private:
     std::string_view m_bytes;
 };
 
-std::string prReadIndices(const ByteReader& file, const BmpHeader& header)
+std::string ReadIndices(const ByteReader& file, const BmpHeader& header)
 {
     const BmpRows rows(file, header);
     const auto bits = static_cast<unsigned>(header.Bits);
@@ -216,7 +216,7 @@ private:
     std::uint32_t m_highest;
 };
 
-std::array<std::uint32_t, 3> prMasks(const ByteReader& file, const BmpHeader& header)
+std::array<std::uint32_t, 3> Masks(const ByteReader& file, const BmpHeader& header)
 {
     if (header.Method == BitFields) {
         return {file.Little32(MaskOffset), file.Little32(MaskOffset + 4),
@@ -226,7 +226,7 @@ std::array<std::uint32_t, 3> prMasks(const ByteReader& file, const BmpHeader& he
     return {0xFF0000, 0xFF00, 0xFF};
 }
 
-std::uint32_t prPixel(std::string_view bytes)
+std::uint32_t Pixel(std::string_view bytes)
 {
     std::uint32_t pixel = 0;
     for (std::size_t i = bytes.size(); i-- > 0;) {
@@ -235,9 +235,9 @@ std::uint32_t prPixel(std::string_view bytes)
     return pixel;
 }
 
-std::string prReadColors(const ByteReader& file, const BmpHeader& header)
+std::string ReadColors(const ByteReader& file, const BmpHeader& header)
 {
-    const auto masks = prMasks(file, header);
+    const auto masks = Masks(file, header);
     const Channel red(file, masks[0]);
     const Channel green(file, masks[1]);
     const Channel blue(file, masks[2]);
@@ -247,7 +247,7 @@ std::string prReadColors(const ByteReader& file, const BmpHeader& header)
     pixels.reserve(static_cast<std::size_t>(header.Width * header.Height * 3));
     for (std::uint64_t y = 0; y < header.Height; ++y) {
         for (std::string_view row = rows.Row(y); !row.empty(); row.remove_prefix(bytes)) {
-            const std::uint32_t pixel = prPixel(row.substr(0, bytes));
+            const std::uint32_t pixel = Pixel(row.substr(0, bytes));
             pixels.append({red.Of(pixel), green.Of(pixel), blue.Of(pixel)});
         }
     }
@@ -256,7 +256,7 @@ std::string prReadColors(const ByteReader& file, const BmpHeader& header)
 
 // --- Run-length ---------------------------------------------------------------------------------
 
-std::string prReadRuns(const ByteReader& file, const BmpHeader& header)
+std::string ReadRuns(const ByteReader& file, const BmpHeader& header)
 {
     if (header.PixelOffset > file.Size()) file.Fail("i dati dell'immagine non sono nel file");
     const std::uint64_t length = file.Size() - header.PixelOffset;
@@ -273,19 +273,18 @@ std::string prReadRuns(const ByteReader& file, const BmpHeader& header)
 Picture ReadBmp(std::string_view bytes, const std::string& fileName)
 {
     const ByteReader file(bytes, fileName);
-    const BmpHeader header = prReadHeader(file);
+    const BmpHeader header = ReadHeader(file);
     Picture picture;
     picture.Width = static_cast<std::int32_t>(header.Width);
     picture.Height = static_cast<std::int32_t>(header.Height);
     if (header.Bits > 8) {
         picture.BitsPerPixel = 24;
-        picture.Pixels = prReadColors(file, header);
+        picture.Pixels = ReadColors(file, header);
         return picture;
     }
-    picture.Palette = prReadPalette(file, header);
+    picture.Palette = ReadPalette(file, header);
     const bool runs = header.Method != Uncompressed;
-    prPackIndices(picture, runs ? prReadRuns(file, header) : prReadIndices(file, header),
-                  header.Bits);
+    prPackIndices(picture, runs ? ReadRuns(file, header) : ReadIndices(file, header), header.Bits);
     return picture;
 }
 

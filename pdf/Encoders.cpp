@@ -11,7 +11,7 @@ namespace pdf {
 
 namespace {
 
-std::uint32_t prByte(char c)
+std::uint32_t Byte(char c)
 {
     return static_cast<unsigned char>(c);
 }
@@ -23,28 +23,28 @@ constexpr std::size_t ShortestRun = 3; // a run of two would save nothing and sp
 constexpr char RunLengthEnd = '\x80';
 
 // Eight bytes as one number, the first of them lowest. Compilers make one load of it.
-std::uint64_t prWord(const char* bytes)
+std::uint64_t Word(const char* bytes)
 {
     std::uint64_t word = 0;
-    for (unsigned i = 0; i < 8; ++i) word |= std::uint64_t{prByte(bytes[i])} << (8 * i);
+    for (unsigned i = 0; i < 8; ++i) word |= std::uint64_t{Byte(bytes[i])} << (8 * i);
     return word;
 }
 
 // Index (0 to 7) of the first zero byte of a word, 8 when there is none. A borrow can mark bytes
 // behind a zero byte wrongly, never the first one.
-std::size_t prFirstZero(std::uint64_t word)
+std::size_t FirstZero(std::uint64_t word)
 {
     const std::uint64_t marks = (word - 0x0101010101010101U) & ~word & 0x8080808080808080U;
     return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
 }
 
 // Where the next run of three begins, at or after position; the end when there is none.
-std::size_t prNextRun(std::string_view bytes, std::size_t position)
+std::size_t NextRun(std::string_view bytes, std::size_t position)
 {
     for (; position + 8 + ShortestRun <= bytes.size(); position += 8) {
         const char* at = bytes.data() + position;
-        const std::uint64_t second = prWord(at + 1);
-        const std::size_t found = prFirstZero((prWord(at) ^ second) | (second ^ prWord(at + 2)));
+        const std::uint64_t second = Word(at + 1);
+        const std::size_t found = FirstZero((Word(at) ^ second) | (second ^ Word(at + 2)));
         if (found < 8) return position + found;
     }
     for (; position + ShortestRun <= bytes.size(); ++position) {
@@ -56,12 +56,12 @@ std::size_t prNextRun(std::string_view bytes, std::size_t position)
 }
 
 // How many bytes from position on equal the one there.
-std::size_t prRunLength(std::string_view bytes, std::size_t position)
+std::size_t RunLength(std::string_view bytes, std::size_t position)
 {
-    const std::uint64_t pattern = 0x0101010101010101U * prByte(bytes[position]);
+    const std::uint64_t pattern = 0x0101010101010101U * Byte(bytes[position]);
     std::size_t end = position + 1;
     for (; end + 8 <= bytes.size(); end += 8) {
-        const std::uint64_t different = prWord(bytes.data() + end) ^ pattern;
+        const std::uint64_t different = Word(bytes.data() + end) ^ pattern;
         if (different == 0) continue;
         return end - position + static_cast<std::size_t>(std::countr_zero(different)) / 8;
     }
@@ -69,7 +69,7 @@ std::size_t prRunLength(std::string_view bytes, std::size_t position)
     return end - position;
 }
 
-void prAppendCopies(std::string& result, std::string_view bytes)
+void AppendCopies(std::string& result, std::string_view bytes)
 {
     while (!bytes.empty()) {
         const std::string_view block = bytes.substr(0, LongestRun);
@@ -80,7 +80,7 @@ void prAppendCopies(std::string& result, std::string_view bytes)
 }
 
 // Appends as much of a run as pays; returns the bytes left over (none or one).
-std::size_t prAppendRun(std::string& result, char value, std::size_t length)
+std::size_t AppendRun(std::string& result, char value, std::size_t length)
 {
     while (length >= 2) {
         const std::size_t block = length < LongestRun ? length : LongestRun;
@@ -144,11 +144,11 @@ private:
     // code that a miss would send, and only a miss moves on.
     std::uint32_t Match()
     {
-        std::uint32_t prefix = prByte(m_bytes[m_position++]);
+        std::uint32_t prefix = Byte(m_bytes[m_position++]);
         std::size_t count = 0;
         std::size_t position = m_position;
         while (count < CodesPerDictionary && position < m_bytes.size()) {
-            const std::uint32_t next = prByte(m_bytes[position++]);
+            const std::uint32_t next = Byte(m_bytes[position++]);
             const std::uint32_t place = prefix << 8 | next;
             const std::uint16_t entry = m_entries[place];
             const bool miss = entry == 0;
@@ -209,7 +209,7 @@ private:
 
 // Writes the codes that follow a clear, and the next clear when they fill the dictionary. Returns
 // the width of the code to come.
-unsigned prPutDictionary(BitPacker& packer, std::span<const std::uint16_t> codes)
+unsigned PutDictionary(BitPacker& packer, std::span<const std::uint16_t> codes)
 {
     unsigned width = NarrowestCode;
     std::size_t done = 0;
@@ -227,7 +227,7 @@ unsigned prPutDictionary(BitPacker& packer, std::span<const std::uint16_t> codes
 // --- ASCII base-85 and hexadecimal --------------------------------------------------------------
 
 // The five digits of a group, each 0 to 84.
-std::array<char, 5> prFiveDigits(std::uint32_t group)
+std::array<char, 5> FiveDigits(std::uint32_t group)
 {
     std::array<char, 5> digits{};
     for (std::size_t i = digits.size(); i-- > 0; group /= 85) {
@@ -236,10 +236,9 @@ std::array<char, 5> prFiveDigits(std::uint32_t group)
     return digits;
 }
 
-std::uint32_t prGroup(const char* bytes)
+std::uint32_t Group(const char* bytes)
 {
-    return prByte(bytes[0]) << 24 | prByte(bytes[1]) << 16 | prByte(bytes[2]) << 8 |
-           prByte(bytes[3]);
+    return Byte(bytes[0]) << 24 | Byte(bytes[1]) << 16 | Byte(bytes[2]) << 8 | Byte(bytes[3]);
 }
 
 } // namespace
@@ -250,12 +249,12 @@ std::string prRunLengthEncode(std::string_view bytes)
     result.reserve(bytes.size() / 2 + 2);
     std::size_t position = 0;
     while (position < bytes.size()) {
-        const std::size_t run = prNextRun(bytes, position);
-        prAppendCopies(result, bytes.substr(position, run - position));
+        const std::size_t run = NextRun(bytes, position);
+        AppendCopies(result, bytes.substr(position, run - position));
         position = run;
         if (run == bytes.size()) break;
-        const std::size_t length = prRunLength(bytes, run);
-        position += length - prAppendRun(result, bytes[run], length);
+        const std::size_t length = RunLength(bytes, run);
+        position += length - AppendRun(result, bytes[run], length);
     }
     result.push_back(RunLengthEnd);
     return result;
@@ -270,7 +269,7 @@ std::string prLZWEncode(std::string_view bytes)
     unsigned width = NarrowestCode;
     packer.Put(ClearCode, width);
     for (auto codes = matcher.NextDictionary(); !codes.empty(); codes = matcher.NextDictionary()) {
-        width = prPutDictionary(packer, codes);
+        width = PutDictionary(packer, codes);
     }
     packer.Put(EndOfData, width);
     packer.Finish();
@@ -282,18 +281,18 @@ std::string prToASCII85(std::string_view bytes)
     std::string result;
     result.reserve(bytes.size() + bytes.size() / 4 + 7);
     for (; bytes.size() >= 4; bytes.remove_prefix(4)) {
-        const std::uint32_t group = prGroup(bytes.data());
+        const std::uint32_t group = Group(bytes.data());
         if (group == 0) {
             result.push_back('z');
             continue;
         }
-        const auto digits = prFiveDigits(group);
+        const auto digits = FiveDigits(group);
         result.append(digits.data(), digits.size());
     }
     if (!bytes.empty()) {
         std::array<char, 4> last{};
         bytes.copy(last.data(), last.size());
-        const auto digits = prFiveDigits(prGroup(last.data()));
+        const auto digits = FiveDigits(Group(last.data()));
         result.append(digits.data(), bytes.size() + 1);
     }
     return result.append("~>");
@@ -305,8 +304,8 @@ std::string prToASCIIHex(std::string_view bytes)
     std::string result(2 * bytes.size() + 1, '>');
     char* to = result.data();
     for (const char c : bytes) {
-        *to++ = digits[prByte(c) >> 4];
-        *to++ = digits[prByte(c) & 15];
+        *to++ = digits[Byte(c) >> 4];
+        *to++ = digits[Byte(c) & 15];
     }
     return result;
 }

@@ -26,14 +26,14 @@ enum Marker : std::uint8_t
     AdobeSegment = 0xEE,
 };
 
-bool prIsFrame(std::uint8_t marker)
+bool IsFrame(std::uint8_t marker)
 {
     return marker >= BaselineFrame && marker <= LastFrame && marker != HuffmanTables &&
            marker != ReservedFrame && marker != ArithmeticConditions;
 }
 
 // Markers that stand alone, without a length behind them.
-bool prIsBare(std::uint8_t marker)
+bool IsBare(std::uint8_t marker)
 {
     return marker == Temporary || (marker >= FirstRestart && marker <= StartOfImage);
 }
@@ -53,7 +53,7 @@ public:
         m_position = 2;
         for (std::uint8_t marker = Next(); marker != StartOfScan; marker = Next()) {
             if (marker == EndOfImage) m_file.Fail("il file JPEG non contiene immagini");
-            if (!prIsBare(marker)) ReadSegment(marker);
+            if (!IsBare(marker)) ReadSegment(marker);
         }
         if (m_picture.BitsPerPixel == 0) {
             m_file.Fail("il file JPEG non dichiara le dimensioni prima dei dati");
@@ -77,7 +77,7 @@ private:
         if (length < 2) m_file.Fail("il file JPEG è danneggiato");
         const ByteReader segment = m_file.Part(m_position + 2, length - 2U);
         m_position += length;
-        if (prIsFrame(marker)) ReadFrame(marker, segment);
+        if (IsFrame(marker)) ReadFrame(marker, segment);
         if (marker == AdobeSegment && length >= 14) m_adobe |= segment.Slice(0, 5) == "Adobe";
     }
 

@@ -8,7 +8,7 @@ namespace pdf {
 
 namespace {
 
-void prPackRow(std::string& pixels, std::string_view row, int bits)
+void PackRow(std::string& pixels, std::string_view row, int bits)
 {
     unsigned byte = 0;
     int used = 0;
@@ -23,7 +23,7 @@ void prPackRow(std::string& pixels, std::string_view row, int bits)
     if (used > 0) pixels.push_back(static_cast<char>(byte << (8 - used)));
 }
 
-unsigned prHighest(std::string_view indices)
+unsigned Highest(std::string_view indices)
 {
     unsigned highest = 0;
     for (const char index : indices) {
@@ -36,7 +36,7 @@ unsigned prHighest(std::string_view indices)
 
 void prPackIndices(Picture& picture, std::string indices, int bits)
 {
-    const unsigned highest = prHighest(indices);
+    const unsigned highest = Highest(indices);
     int packed = 1;
     while (packed < 8 && (packed < bits || highest >> packed != 0)) packed *= 2;
     picture.Space = ColorSpace::Indexed;
@@ -51,7 +51,7 @@ void prPackIndices(Picture& picture, std::string indices, int bits)
     picture.Pixels.reserve((width * static_cast<unsigned>(packed) + 7) / 8 *
                            static_cast<std::size_t>(picture.Height));
     for (std::string_view rows = indices; !rows.empty(); rows.remove_prefix(width)) {
-        prPackRow(picture.Pixels, rows.substr(0, width), packed);
+        PackRow(picture.Pixels, rows.substr(0, width), packed);
     }
 }
 

@@ -27,7 +27,7 @@ enum FontFlags : unsigned
 // --- The tables ---------------------------------------------------------------------------------
 
 // The table of that tag, if the directory names it.
-std::optional<ByteReader> prFindTable(const ByteReader& file, std::string_view tag)
+std::optional<ByteReader> FindTable(const ByteReader& file, std::string_view tag)
 {
     const std::uint16_t count = file.Big16(4);
     for (std::uint64_t record = 12; record < 12 + 16 * std::uint64_t{count}; record += 16) {
@@ -37,14 +37,14 @@ std::optional<ByteReader> prFindTable(const ByteReader& file, std::string_view t
     return std::nullopt;
 }
 
-ByteReader prTable(const ByteReader& file, std::string_view tag)
+ByteReader Table(const ByteReader& file, std::string_view tag)
 {
-    const auto table = prFindTable(file, tag);
+    const auto table = FindTable(file, tag);
     if (!table) file.Fail("al font manca la tabella \"" + std::string(tag) + "\"");
     return *table;
 }
 
-void prCheckKind(const ByteReader& file)
+void CheckKind(const ByteReader& file)
 {
     const std::string_view kind = file.Slice(0, 4);
     if (kind == "OTTO") file.Fail("il font ha contorni PostScript invece che TrueType");
@@ -100,14 +100,14 @@ class FontReader
 public:
     explicit FontReader(const ByteReader& file)
         : m_file(file)
-        , m_head(prTable(file, "head"))
-        , m_hhea(prTable(file, "hhea"))
-        , m_hmtx(prTable(file, "hmtx"))
-        , m_glyf(prTable(file, "glyf"))
-        , m_loca(prTable(file, "loca"))
-        , m_os2(prFindTable(file, "OS/2"))
-        , m_post(prFindTable(file, "post"))
-        , m_map(prReadCharMap(prTable(file, "cmap")))
+        , m_head(Table(file, "head"))
+        , m_hhea(Table(file, "hhea"))
+        , m_hmtx(Table(file, "hmtx"))
+        , m_glyf(Table(file, "glyf"))
+        , m_loca(Table(file, "loca"))
+        , m_os2(FindTable(file, "OS/2"))
+        , m_post(FindTable(file, "post"))
+        , m_map(prReadCharMap(Table(file, "cmap")))
         , m_unitsPerEm(m_head.Big16(18))
     {
         if (m_unitsPerEm < 16 || m_unitsPerEm > 16384) {
@@ -118,7 +118,7 @@ public:
     TrueTypeFont Read()
     {
         TrueTypeFont font;
-        font.Name = prReadFontName(prTable(m_file, "name"));
+        font.Name = prReadFontName(Table(m_file, "name"));
         for (std::size_t code = 0; code < font.Widths.size(); ++code) {
             font.Widths[code] = static_cast<float>(Scaled(Advance(m_map.Glyphs[code])));
         }
@@ -244,7 +244,7 @@ private:
 TrueTypeFont ReadTrueType(std::string_view bytes, const std::string& fileName)
 {
     const ByteReader file(bytes, fileName);
-    prCheckKind(file);
+    CheckKind(file);
     return FontReader(file).Read();
 }
 

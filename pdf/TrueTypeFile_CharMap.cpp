@@ -32,14 +32,14 @@ constexpr std::array<char16_t, 128> HighMacintosh{
     0x00AF, 0x02D8, 0x02D9, 0x02DA, 0x00B8, 0x02DD, 0x02DB, 0x02C7,
 };
 
-std::uint32_t prUnicodeOf(std::uint32_t code)
+std::uint32_t UnicodeOf(std::uint32_t code)
 {
     if (code == 127) return Bullet;
     return code >= 0x80 && code <= 0x9F ? HighControls[code - 0x80] : code;
 }
 
 // The Macintosh code of a Unicode character; 0 for none.
-std::uint32_t prMacintoshOf(std::uint32_t unicode)
+std::uint32_t MacintoshOf(std::uint32_t unicode)
 {
     if (unicode < 0x80) return unicode;
     const auto* found = std::find(HighMacintosh.begin(), HighMacintosh.end(), unicode);
@@ -51,7 +51,7 @@ std::uint32_t prMacintoshOf(std::uint32_t unicode)
 
 // The first of count ascending values that is not below wanted; count when all are.
 template <typename ValueAt>
-std::uint64_t prFirstNotBelow(std::uint64_t count, std::uint32_t wanted, ValueAt valueAt)
+std::uint64_t FirstNotBelow(std::uint64_t count, std::uint32_t wanted, ValueAt valueAt)
 {
     std::uint64_t first = 0;
     while (first < count) {
@@ -63,12 +63,12 @@ std::uint64_t prFirstNotBelow(std::uint64_t count, std::uint32_t wanted, ValueAt
 }
 
 // Format 4: segments with either a distance to their glyphs or a list of them.
-std::uint32_t prGlyphInSegments(const ByteReader& map, std::uint32_t character)
+std::uint32_t GlyphInSegments(const ByteReader& map, std::uint32_t character)
 {
     const std::uint64_t length = map.Big16(6) / 2 * 2; // of each of the four lists
     const std::uint64_t ends = 14;
     const std::uint64_t starts = ends + length + 2;
-    const std::uint64_t found = 2 * prFirstNotBelow(length / 2, character, [&](std::uint64_t i) {
+    const std::uint64_t found = 2 * FirstNotBelow(length / 2, character, [&](std::uint64_t i) {
                                     return std::uint32_t{map.Big16(ends + 2 * i)};
                                 });
     if (found == length) return 0;
@@ -83,10 +83,10 @@ std::uint32_t prGlyphInSegments(const ByteReader& map, std::uint32_t character)
 }
 
 // Format 12: groups of characters with consecutive glyphs.
-std::uint32_t prGlyphInGroups(const ByteReader& map, std::uint32_t character)
+std::uint32_t GlyphInGroups(const ByteReader& map, std::uint32_t character)
 {
     const std::uint32_t count = map.Big32(12);
-    const std::uint64_t found = prFirstNotBelow(
+    const std::uint64_t found = FirstNotBelow(
         count, character, [&](std::uint64_t i) { return map.Big32(16 + 12 * i + 4); });
     if (found == count) return 0;
     const std::uint64_t group = 16 + 12 * found;
@@ -95,29 +95,29 @@ std::uint32_t prGlyphInGroups(const ByteReader& map, std::uint32_t character)
 }
 
 // Format 6: one run of characters.
-std::uint32_t prGlyphInRun(const ByteReader& map, std::uint32_t character)
+std::uint32_t GlyphInRun(const ByteReader& map, std::uint32_t character)
 {
     const std::uint32_t first = map.Big16(6);
     if (character < first || character - first >= map.Big16(8)) return 0;
     return map.Big16(10 + 2 * std::uint64_t{character - first});
 }
 
-bool prKnownFormat(std::uint16_t format)
+bool KnownFormat(std::uint16_t format)
 {
     return format == 0 || format == 4 || format == 6 || format == 12;
 }
 
-std::uint32_t prGlyphOf(const ByteReader& map, std::uint32_t character)
+std::uint32_t GlyphOf(const ByteReader& map, std::uint32_t character)
 {
     switch (map.Big16(0)) {
     case 0:
         return character < 256 ? map.U8(6 + character) : 0;
     case 4:
-        return character < 0x10000 ? prGlyphInSegments(map, character) : 0;
+        return character < 0x10000 ? GlyphInSegments(map, character) : 0;
     case 6:
-        return prGlyphInRun(map, character);
+        return GlyphInRun(map, character);
     default:
-        return prGlyphInGroups(map, character);
+        return GlyphInGroups(map, character);
     }
 }
 
@@ -132,7 +132,7 @@ enum class MapKind : std::uint8_t // the better the earlier
     None,
 };
 
-MapKind prKindOf(std::uint16_t platform, std::uint16_t encoding)
+MapKind KindOf(std::uint16_t platform, std::uint16_t encoding)
 {
     if (platform == 3 && encoding == 1) return MapKind::WindowsUnicode;
     if (platform == 0 || (platform == 3 && encoding == 10)) return MapKind::OtherUnicode;
@@ -142,22 +142,22 @@ MapKind prKindOf(std::uint16_t platform, std::uint16_t encoding)
 }
 
 // Fonts put their codes at F000 as a rule, a few at the pages behind it or where they are.
-std::uint32_t prSymbolGlyph(const ByteReader& map, std::uint32_t code)
+std::uint32_t SymbolGlyph(const ByteReader& map, std::uint32_t code)
 {
     for (const std::uint32_t page : {0xF000U, 0xF100U, 0xF200U, 0U}) {
-        if (const std::uint32_t glyph = prGlyphOf(map, page + code)) return glyph;
+        if (const std::uint32_t glyph = GlyphOf(map, page + code)) return glyph;
     }
     return 0;
 }
 
-std::uint32_t prLatinGlyph(const ByteReader& map, MapKind kind, std::uint32_t code)
+std::uint32_t LatinGlyph(const ByteReader& map, MapKind kind, std::uint32_t code)
 {
-    const std::uint32_t unicode = prUnicodeOf(code);
-    const std::uint32_t own = kind == MapKind::Macintosh ? prMacintoshOf(unicode) : unicode;
-    const std::uint32_t glyph = own == 0 ? 0 : prGlyphOf(map, own);
+    const std::uint32_t unicode = UnicodeOf(code);
+    const std::uint32_t own = kind == MapKind::Macintosh ? MacintoshOf(unicode) : unicode;
+    const std::uint32_t glyph = own == 0 ? 0 : GlyphOf(map, own);
     if (glyph != 0) return glyph;
-    if (code == 0xA0) return prGlyphOf(map, ' '); // the blank that does not break
-    if (code == 0xAD) return prGlyphOf(map, '-'); // the soft hyphen
+    if (code == 0xA0) return GlyphOf(map, ' '); // the blank that does not break
+    if (code == 0xAD) return GlyphOf(map, '-'); // the soft hyphen
     return 0;
 }
 
@@ -169,9 +169,9 @@ CharMap prReadCharMap(const ByteReader& table)
     std::uint64_t offset = 0;
     const std::uint16_t count = table.Big16(2);
     for (std::uint64_t record = 4; record < 4 + 8 * std::uint64_t{count}; record += 8) {
-        const MapKind kind = prKindOf(table.Big16(record), table.Big16(record + 2));
+        const MapKind kind = KindOf(table.Big16(record), table.Big16(record + 2));
         const std::uint64_t place = table.Big32(record + 4);
-        if (kind >= best || !prKnownFormat(table.Big16(place))) continue;
+        if (kind >= best || !KnownFormat(table.Big16(place))) continue;
         best = kind;
         offset = place;
     }
@@ -182,7 +182,7 @@ CharMap prReadCharMap(const ByteReader& table)
     // Codes below the blank name no character of Windows-1252, whatever the font shows for them.
     for (std::uint32_t code = result.Symbolic ? 0 : ' '; code < result.Glyphs.size(); ++code) {
         result.Glyphs[code] =
-            result.Symbolic ? prSymbolGlyph(map, code) : prLatinGlyph(map, best, code);
+            result.Symbolic ? SymbolGlyph(map, code) : LatinGlyph(map, best, code);
     }
     return result;
 }

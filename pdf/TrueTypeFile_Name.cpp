@@ -29,7 +29,7 @@ struct NameRecord
     std::uint64_t Offset;
 };
 
-NameRecord prRecord(const ByteReader& table, std::uint64_t index)
+NameRecord Record(const ByteReader& table, std::uint64_t index)
 {
     const std::uint64_t at = 6 + 12 * index;
     return {table.Big16(at), table.Big16(at + 4), table.Big16(at + 6), table.Big16(at + 8),
@@ -37,7 +37,7 @@ NameRecord prRecord(const ByteReader& table, std::uint64_t index)
 }
 
 // The names in the order in which they are asked: 0 is asked first, 3 last.
-int prRank(const NameRecord& record)
+int Rank(const NameRecord& record)
 {
     switch (record.Platform) {
     case Windows:
@@ -51,7 +51,7 @@ int prRank(const NameRecord& record)
     }
 }
 
-bool prFitsPdfName(unsigned character)
+bool FitsPdfName(unsigned character)
 {
     constexpr std::string_view special = "()<>[]{}/%#"; // delimiters, and the mark of escapes
     return character > ' ' && character < 127 &&
@@ -59,7 +59,7 @@ bool prFitsPdfName(unsigned character)
 }
 
 // Characters of two bytes but on the Macintosh, whose upper half no name needs.
-std::string prText(const ByteReader& table, const NameRecord& record)
+std::string Text(const ByteReader& table, const NameRecord& record)
 {
     const unsigned step = record.Platform == Macintosh ? 1 : 2;
     // Several times what is kept: a longer one is no name, and many of them would take long.
@@ -68,18 +68,18 @@ std::string prText(const ByteReader& table, const NameRecord& record)
     std::string name;
     for (std::uint64_t i = 0; i < text.Size() && name.size() < LongestName; i += step) {
         const unsigned character = step == 1 ? text.U8(i) : text.Big16(i);
-        if (prFitsPdfName(character)) name.push_back(static_cast<char>(character));
+        if (FitsPdfName(character)) name.push_back(static_cast<char>(character));
     }
     return name;
 }
 
-std::string prFindName(const ByteReader& table, std::uint16_t id, int rank)
+std::string FindName(const ByteReader& table, std::uint16_t id, int rank)
 {
     const std::uint16_t count = table.Big16(2);
     for (std::uint64_t i = 0; i < count; ++i) {
-        const NameRecord record = prRecord(table, i);
-        if (record.Id != id || prRank(record) != rank) continue;
-        std::string name = prText(table, record);
+        const NameRecord record = Record(table, i);
+        if (record.Id != id || Rank(record) != rank) continue;
+        std::string name = Text(table, record);
         if (!name.empty()) return name;
     }
     return {};
@@ -91,7 +91,7 @@ std::string prReadFontName(const ByteReader& table)
 {
     for (const std::uint16_t id : {PostScriptName, FullName}) {
         for (const int rank : {0, 1, 2, 3}) {
-            std::string name = prFindName(table, id, rank);
+            std::string name = FindName(table, id, rank);
             if (!name.empty()) return name;
         }
     }
