@@ -270,7 +270,7 @@ std::string ReadRuns(const ByteReader& file, const BmpHeader& header)
 
 } // namespace
 
-Picture ReadBmp(std::string_view bytes, const std::string& fileName)
+Picture prReadBMP(std::string_view bytes, const std::string& fileName)
 {
     const ByteReader file(bytes, fileName);
     const BmpHeader header = ReadHeader(file);

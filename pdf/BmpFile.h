@@ -18,6 +18,6 @@ namespace pdf {
 // Error: ErroreInputOutput with reason and file for anything else, and when the file cannot hold
 // the declared size; nothing of that size is taken before. Run-length data may stand for any
 // picture of up to 4 million pixels and for 255 pixels per byte above; never more than 268 million.
-Picture ReadBmp(std::string_view bytes, const std::string& fileName);
+Picture prReadBMP(std::string_view bytes, const std::string& fileName);
 
 } // namespace pdf

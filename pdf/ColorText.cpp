@@ -41,7 +41,7 @@ std::string Grey(std::string_view percent)
     constexpr double whole = 100;
     const double p = std::clamp(NumeroIniziale(percent), 0.0, whole);
     const int component = LargestComponent - static_cast<int>(std::floor(p * 255 / whole));
-    return ColorDigits({component, component, component});
+    return prColorDigits({component, component, component});
 }
 
 // The value of each hexadecimal digit, NoDigit for all other characters.
@@ -112,22 +112,22 @@ int PairValue(std::string_view color, std::size_t place)
 
 std::string prNamedColor(std::string_view color)
 {
-    if (IsDigits(color)) return std::string(color);
+    if (prIsPlainColor(color)) return std::string(color);
     if (!color.empty() && color.front() == '%') return Grey(color.substr(1));
     for (const auto& named : NamedColors) {
-        if (SameInUpperCase(color, named.Name)) return std::string(named.Digits);
+        if (prSameInUpperCase(color, named.Name)) return std::string(named.Digits);
     }
     return std::string(color);
 }
 
-std::array<int, 3> ColorComponents(std::string_view color)
+std::array<int, 3> prColorComponents(std::string_view color)
 {
     return {PairValue(color, 1), PairValue(color, 3), PairValue(color, 5)};
 }
 
 char* prPutColor(char* at, std::string_view digits)
 {
-    const auto [red, green, blue] = ColorComponents(digits);
+    const auto [red, green, blue] = prColorComponents(digits);
     at = PutComponent(at, red);
     *at++ = ' ';
     at = PutComponent(at, green);
@@ -135,14 +135,14 @@ char* prPutColor(char* at, std::string_view digits)
     return PutComponent(at, blue);
 }
 
-std::string ColorNumbers(std::string_view digits)
+std::string prColorNumbers(std::string_view digits)
 {
     std::array<char, LongestColor> text;
     const char* end = prPutColor(text.data(), digits);
     return std::string(text.data(), static_cast<std::size_t>(end - text.data()));
 }
 
-std::string ColorDigits(const std::array<int, 3>& components)
+std::string prColorDigits(const std::array<int, 3>& components)
 {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string text = "#";
@@ -154,7 +154,7 @@ std::string ColorDigits(const std::array<int, 3>& components)
     return text;
 }
 
-std::string ColorOfValues(std::span<const float> values)
+std::string prColorOfValues(std::span<const float> values)
 {
     constexpr double whole = 100;
     // Not a number counts as 0, too: a comparison with it is false.
@@ -174,7 +174,7 @@ std::string ColorOfValues(std::span<const float> values)
                 rounded(LargestComponent * (1 - within(values[i], whole) / whole) * black);
         }
     }
-    return ColorDigits(components);
+    return prColorDigits(components);
 }
 
 } // namespace pdf

@@ -14,26 +14,26 @@ namespace pdf {
 std::string prNamedColor(std::string_view color);
 
 // True for a colour in digits, false for the name of a pattern.
-inline bool IsDigits(std::string_view color)
+inline bool prIsPlainColor(std::string_view color)
 {
     return !color.empty() && color.front() == '#';
 }
 
 // Red, green and blue, 0 to 255, of a colour in digits. Missing digits count as 0.
-std::array<int, 3> ColorComponents(std::string_view color);
+std::array<int, 3> prColorComponents(std::string_view color);
 
 // The components of a colour in digits as PDF writes them, from 0 to 1 with blanks between.
-std::string ColorNumbers(std::string_view digits);
+std::string prColorNumbers(std::string_view digits);
 
 // The same written to a place with room for LongestColor; returns the place after it.
 inline constexpr std::size_t LongestColor = 17;
 char* prPutColor(char* at, std::string_view digits);
 
 // "#" and the three components as two upper-case hexadecimal digits each.
-std::string ColorDigits(const std::array<int, 3>& components);
+std::string prColorDigits(const std::array<int, 3>& components);
 
 // The colour of red, green, blue (0 to 255), or of cyan, magenta, yellow and black (percent, at
 // most 100); black for any other count. What lies outside the range counts as its end.
-std::string ColorOfValues(std::span<const float> values);
+std::string prColorOfValues(std::span<const float> values);
 
 } // namespace pdf

@@ -208,7 +208,7 @@ const Table& TimesTable(bool bold, bool italic)
 
 } // namespace
 
-FaceMetrics MetricsOf(Family family, bool bold, bool italic)
+FaceMetrics prMetricsOf(Family family, bool bold, bool italic)
 {
     switch (family) {
     case Family::Times:

@@ -32,6 +32,6 @@ struct FaceMetrics
 // The metrics of a family's face. Bold and italic count for Times and Arial only: every Courier
 // face has one width, Symbol and ZapfDingbats have one face. Arial's italic faces are its upright
 // ones leaning over and share their tables. Cannot fail; a family outside the list is Arial.
-FaceMetrics MetricsOf(Family family, bool bold, bool italic);
+FaceMetrics prMetricsOf(Family family, bool bold, bool italic);
 
 } // namespace pdf

@@ -285,7 +285,7 @@ private:
 
 } // namespace
 
-Picture ReadGif(std::string_view bytes, const std::string& fileName)
+Picture prReadGIF(std::string_view bytes, const std::string& fileName)
 {
     const ByteReader file(bytes, fileName);
     return GifReader(file).Read();

@@ -18,6 +18,6 @@ namespace pdf {
 // Error: ErroreInputOutput with reason and file for anything else, data that end before the last
 // pixel, and a size that the file cannot hold (2731 pixels per byte is the most that its
 // compression can give, and 268 million is the limit); nothing of that size is taken before.
-Picture ReadGif(std::string_view bytes, const std::string& fileName);
+Picture prReadGIF(std::string_view bytes, const std::string& fileName);
 
 } // namespace pdf

@@ -126,7 +126,7 @@ private:
 
 } // namespace
 
-Picture ReadJpeg(std::string bytes, const std::string& fileName)
+Picture prReadJPEG(std::string bytes, const std::string& fileName)
 {
     const ByteReader file(bytes, fileName);
     Picture picture = JpegHeaders(file).Read();

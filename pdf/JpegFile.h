@@ -16,6 +16,6 @@ namespace pdf {
 //
 // Error: ErroreInputOutput with reason and file for anything else, and when no scan follows the
 // headers. Whether the scans are whole is not looked at.
-Picture ReadJpeg(std::string bytes, const std::string& fileName);
+Picture prReadJPEG(std::string bytes, const std::string& fileName);
 
 } // namespace pdf

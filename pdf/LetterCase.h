@@ -6,16 +6,16 @@
 
 namespace pdf {
 
-constexpr char UpperCase(char c)
+constexpr char prUpperCase(char c)
 {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
 // Whether text is upper, a text in upper case, in any case.
-inline bool SameInUpperCase(std::string_view text, std::string_view upper)
+inline bool prSameInUpperCase(std::string_view text, std::string_view upper)
 {
     return std::equal(text.begin(), text.end(), upper.begin(), upper.end(),
-                      [](char c, char u) { return UpperCase(c) == u; });
+                      [](char c, char u) { return prUpperCase(c) == u; });
 }
 
 } // namespace pdf

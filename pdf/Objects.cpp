@@ -27,7 +27,7 @@ void prNoRoom(std::string_view what)
     Overflow("un documento può avere al massimo 32767 " + std::string(what));
 }
 
-void Objects::Open(const std::string& fileName)
+void Objects::prOpen(const std::string& fileName)
 {
     m_failure.reset();
     m_used = 0;
@@ -40,19 +40,19 @@ void Objects::Open(const std::string& fileName)
     m_room = m_size;
 }
 
-void Objects::Keep()
+void Objects::prKeep()
 {
     m_file->Conserva();
 }
 
-void Objects::Discard()
+void Objects::prDiscard()
 {
     m_file.reset();
     m_room = 0;
     m_used = 0;
 }
 
-void Objects::Close()
+void Objects::prClose()
 {
     if (!m_file) return;
     if (!m_failure && m_used > 0) Flush();
@@ -86,7 +86,7 @@ void Objects::Flush()
 // Also where every write ends up that must not be: then there is no room for anything.
 void Objects::MakeRoom(std::size_t bytes)
 {
-    RequireOpen();
+    prRequireOpen();
     Flush();
     if (bytes <= m_room) return;
     m_buffer = std::make_unique<char[]>(bytes);
@@ -96,16 +96,16 @@ void Objects::MakeRoom(std::size_t bytes)
 
 std::int32_t Objects::prInitObj(std::int32_t number)
 {
-    RequireOpen();
+    prRequireOpen();
     if (number == 0) number = m_counter + 1;
     prRequireRoom(number - 1, "oggetti");
-    if (Position() > LargestPosition) Overflow("il file supera i 10 GB");
+    if (prPosition() > LargestPosition) Overflow("il file supera i 10 GB");
     m_counter = std::max(m_counter, number);
     if (m_positions.size() < static_cast<std::size_t>(m_counter)) {
         m_positions.resize(static_cast<std::size_t>(m_counter));
     }
-    m_positions[static_cast<std::size_t>(number) - 1] = Position();
-    prLine(number, " 0 obj");
+    m_positions[static_cast<std::size_t>(number) - 1] = prPosition();
+    prPrint(number, " 0 obj");
     return number;
 }
 
@@ -114,30 +114,30 @@ void Objects::prEndObj()
     prWriteRaw("endobj");
 }
 
-void Objects::BeginStream()
+void Objects::prBeginStream()
 {
     prWriteRaw("stream");
-    m_streamStart = Position();
+    m_streamStart = prPosition();
 }
 
-void Objects::EndStream()
+void Objects::prEndStream()
 {
-    m_streamLength = Position() - m_streamStart;
+    m_streamLength = prPosition() - m_streamStart;
     prWriteRaw("endstream");
     prEndObj();
 }
 
-void Objects::WriteStreamLength()
+void Objects::prWriteStreamLength()
 {
     prInitObj(0);
     prWriteRaw(std::to_string(m_streamLength));
     prEndObj();
 }
 
-void Objects::WriteCrossReferences()
+void Objects::prWriteCrossReferences()
 {
     prWriteRaw("xref");
-    prLine("0 ", m_counter + 1);
+    prPrint("0 ", m_counter + 1);
     prWriteRaw("0000000000 65535 f");
     // With the CR LF exactly 20 bytes: readers find an entry by multiplication.
     std::string entry = "0000000000 00000 n";

@@ -51,32 +51,32 @@ class Objects
 public:
     // Starts a new file in place of what stands under that name (FileNuovo says what may).
     // It is removed by Discard, and when this object ends, until Keep is called.
-    void Open(const std::string& fileName);
+    void prOpen(const std::string& fileName);
 
     // What has been written stays from now on, whatever happens: only the caller knows whether half
     // a document is worth keeping.
-    void Keep();
+    void prKeep();
 
     // Closes the file opened last and removes it unless Keep was called.
-    void Discard();
+    void prDiscard();
 
     // Writes what is still held back and closes. Closed already: no effect.
-    void Close();
+    void prClose();
 
-    bool IsOpen() const { return m_room != 0; }
+    bool prIsOpen() const { return m_room != 0; }
 
     // Error 5 when no file is open; the error of the write that failed when one did.
-    void RequireOpen() const
+    void prRequireOpen() const
     {
         if (m_room == 0) NotOpen();
     }
 
     // Bytes written so far: where the next one will stand.
-    std::uint64_t Position() const { return m_flushed + m_used; }
+    std::uint64_t prPosition() const { return m_flushed + m_used; }
 
     // Highest object number given out so far.
-    std::int32_t Counter() const { return m_counter; }
-    void SetCounter(std::int32_t counter) { m_counter = counter; }
+    std::int32_t prCounter() const { return m_counter; }
+    void prSetCounter(std::int32_t counter) { m_counter = counter; }
 
     // Begins the object of that number, or of the next free one for 0, at the present position;
     // returns the number. Error 6 when it would pass LargestCount.
@@ -84,16 +84,16 @@ public:
     void prEndObj();
 
     // Begins the data of a stream and ends it; the length counts the end of its last line.
-    void BeginStream();
-    void EndStream();
+    void prBeginStream();
+    void prEndStream();
 
     // Writes the next object: nothing but the length of the stream ended last.
-    void WriteStreamLength();
+    void prWriteStreamLength();
 
     // Writes text and CR LF.
-    void prWriteRaw(std::string_view text) { prLine(text); }
+    void prWriteRaw(std::string_view text) { prPrint(text); }
 
-    // Writes the pieces one after the other, numbers in thousandths; prLine and CR LF.
+    // Writes the pieces one after the other, numbers in thousandths; prPrint and CR LF.
     template <typename... Pieces>
     void prPart(const Pieces&... pieces)
     {
@@ -102,13 +102,13 @@ public:
         m_used = static_cast<std::size_t>(at - m_buffer.get());
     }
     template <typename... Pieces>
-    void prLine(const Pieces&... pieces)
+    void prPrint(const Pieces&... pieces)
     {
         prPart(pieces..., "\r\n");
     }
 
     // The cross-reference table of all objects (ISO 32000-1, 7.5.4).
-    void WriteCrossReferences();
+    void prWriteCrossReferences();
 
 private:
     // How much room a piece takes at most, and the piece itself; texts written in the source have

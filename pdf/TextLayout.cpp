@@ -129,7 +129,7 @@ double TextMetrics::WidthOf(const TextSum& sum) const
     return Scale == 0 ? 0 : points / Scale; // without a unit there is no width to speak of
 }
 
-void NormalizeText(std::string& text)
+void prNormalizeText(std::string& text)
 {
     if (SingleWord(text)) return;
     while (text.find("  ") != std::string::npos) text = Replaced(text, "  ", " ");
@@ -138,8 +138,8 @@ void NormalizeText(std::string& text)
     }
 }
 
-void BreakLines(std::string_view text, float width, float indent, const TextMetrics& metrics,
-                std::vector<TextLine>& lines)
+void prBreakLines(std::string_view text, float width, float indent, const TextMetrics& metrics,
+                  std::vector<TextLine>& lines)
 {
     lines.clear();
     if (SingleWord(text)) {

@@ -52,14 +52,14 @@ struct TextLine
 
 // Makes runs of blanks one blank, and puts a blank into each empty line between CR LF pairs, so
 // that it stays a line.
-void NormalizeText(std::string& text);
+void prNormalizeText(std::string& text);
 
 // Breaks a normalised text at CR LF into paragraphs and these at blanks into lines no wider than
 // width; the first line of a paragraph is shorter by indent (user units both). A word that is
 // wider stands alone on the line it starts. Widths are compared as 32-bit numbers, so that a
 // paragraph always fits the width that it is told to have in such a number. Fills lines, at least
 // one; they refer to text.
-void BreakLines(std::string_view text, float width, float indent, const TextMetrics& metrics,
-                std::vector<TextLine>& lines);
+void prBreakLines(std::string_view text, float width, float indent, const TextMetrics& metrics,
+                  std::vector<TextLine>& lines);
 
 } // namespace pdf

@@ -241,7 +241,7 @@ private:
 
 } // namespace
 
-TrueTypeFont ReadTrueType(std::string_view bytes, const std::string& fileName)
+TrueTypeFont prReadTrueType(std::string_view bytes, const std::string& fileName)
 {
     const ByteReader file(bytes, fileName);
     CheckKind(file);

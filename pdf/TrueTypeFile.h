@@ -37,6 +37,6 @@ struct TrueTypeFont
 //
 // Error: ErroreInputOutput with reason and file for collections, fonts with PostScript outlines
 // and all other files, for a missing table, and when anything read lies outside its table.
-TrueTypeFont ReadTrueType(std::string_view bytes, const std::string& fileName);
+TrueTypeFont prReadTrueType(std::string_view bytes, const std::string& fileName);
 
 } // namespace pdf

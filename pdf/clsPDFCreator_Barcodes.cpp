@@ -147,10 +147,10 @@ void clsPDFCreator::DrawEAN13(std::string_view Code, float X, float Y, bool Show
 {
     constexpr double usualHeight = 69; // modules
     constexpr double guardReach = 5;   // modules that guards reach into the text line
-    m->Require(X, Y, BarHeight, ModuleWidth);
+    m->prRequire(X, Y, BarHeight, ModuleWidth);
     const std::string digits = WithCheckDigit(std::string(Code));
-    const std::size_t font = ShowText ? m->BarcodeFont() : 0;
-    const double module = m->Units(ModuleOf(ModuleWidth));
+    const std::size_t font = ShowText ? m->prBarcodeFont() : 0;
+    const double module = m->prUnits(ModuleOf(ModuleWidth));
     const double height = BarHeight > 0 ? BarHeight : usualHeight * module;
     const double guards = height + guardReach * module;
     const auto halves = EanHalves(digits);
@@ -161,11 +161,11 @@ void clsPDFCreator::DrawEAN13(std::string_view Code, float X, float Y, bool Show
                                              {CentreGuard, guards},
                                              {halves[1], height},
                                              {EdgeGuard, guards}}) {
-        m->DrawModules(x, Y, modules, module, barHeight);
+        m->prDrawModules(x, Y, modules, module, barHeight);
         x += module * static_cast<double>(modules.size());
     }
-    if (ShowText) m->DrawEanText(font, X, Y + height, digits, module);
-    m->SetCurrent(m->InPoints(X), m->InPoints(Y));
+    if (ShowText) m->prDrawEanText(font, X, Y + height, digits, module);
+    m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
 }
 
 void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float Height, bool ShowText,
@@ -174,11 +174,11 @@ void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float He
     constexpr double usualRatio = 2.5;
     constexpr double usualHeight = 40; // modules
     constexpr double textSize = 10;    // modules, like the distance of its baseline from the bars
-    m->Require(X, Y, Height, ModuleWidth, Ratio);
+    m->prRequire(X, Y, Height, ModuleWidth, Ratio);
     const std::string text(Code); // ASCII is the same in every encoding, and all else is refused
     const std::string data = Code39Data(text);
-    const std::size_t font = ShowText ? m->BarcodeFont() : 0;
-    const double narrow = m->Units(ModuleOf(ModuleWidth));
+    const std::size_t font = ShowText ? m->prBarcodeFont() : 0;
+    const double narrow = m->prUnits(ModuleOf(ModuleWidth));
     const double wide = narrow * (Ratio > 0 ? static_cast<double>(Ratio) : usualRatio);
     const double height = Height > 0 ? Height : usualHeight * narrow;
 
@@ -187,35 +187,35 @@ void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float He
         for (const char element : Code39Patterns[Code39Characters.find(c)]) {
             const double width = element == 'B' || element == 'W' ? wide : narrow;
             const bool bar = element == 'B' || element == 'b';
-            if (bar) m->Rectangle(x, Y, width, height, 4);
+            if (bar) m->prRectangle(x, Y, width, height, 4);
             x += width;
         }
         x += narrow; // between two characters
     }
     if (ShowText) {
         const double middle = (X + x - narrow) / 2;
-        m->DrawBarcodeText(font, {{middle, text}}, Y + height + textSize * narrow,
-                           textSize * narrow);
+        m->prDrawBarcodeText(font, {{middle, text}}, Y + height + textSize * narrow,
+                             textSize * narrow);
     }
-    m->SetCurrent(m->InPoints(X), m->InPoints(Y));
+    m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
 }
 
 // Bars standing side by side are one rectangle.
-void clsPDFCreator::State::DrawModules(double x, double y, std::string_view modules, double module,
-                                       double height)
+void clsPDFCreator::State::prDrawModules(double x, double y, std::string_view modules,
+                                         double module, double height)
 {
     for (std::size_t from = modules.find('1'); from != std::string_view::npos;
          from = modules.find('1', from)) {
         const std::size_t to = std::min(modules.find('0', from), modules.size());
-        Rectangle(x + module * static_cast<double>(from), y,
-                  module * static_cast<double>(to - from), height, 4);
+        prRectangle(x + module * static_cast<double>(from), y,
+                    module * static_cast<double>(to - from), height, 4);
         from = to;
     }
 }
 
 // Each digit under its own bars, the first one left of the symbol.
-void clsPDFCreator::State::DrawEanText(std::size_t font, double x, double y,
-                                       const std::string& digits, double module)
+void clsPDFCreator::State::prDrawEanText(std::size_t font, double x, double y,
+                                         const std::string& digits, double module)
 {
     constexpr double size = 11;      // modules: a digit of this font is then as wide as its bars
     constexpr double baseline = 9;   // modules below the bars
@@ -226,28 +226,29 @@ void clsPDFCreator::State::DrawEanText(std::size_t font, double x, double y,
         const double middle = before + DigitModules * (static_cast<double>(i) + 0.5);
         texts.push_back({x + middle * module, digits.substr(1 + i, 1)});
     }
-    DrawBarcodeText(font, texts, y + baseline * module, size * module);
+    prDrawBarcodeText(font, texts, y + baseline * module, size * module);
 }
 
 // The number of a fixed-width font, asked for before the first bar: one that finds no room draws
 // nothing.
-std::size_t clsPDFCreator::State::BarcodeFont()
+std::size_t clsPDFCreator::State::prBarcodeFont()
 {
-    auto& request = RequestOf("CourierNew", 0);
-    const std::size_t shared = FindFont(request);
-    return shared != 0 ? shared : AddStandardFont(request);
+    auto& request = prRequestOf("CourierNew", 0);
+    const std::size_t shared = prFindFont(request);
+    return shared != 0 ? shared : prAddStandardFont(request);
 }
 
 // Texts centred on their places, in the font of that number. The font of before is the present one
 // again afterwards. size: user units.
-void clsPDFCreator::State::DrawBarcodeText(std::size_t font, const std::vector<BarcodeText>& texts,
-                                           double y, double size)
+void clsPDFCreator::State::prDrawBarcodeText(std::size_t font,
+                                             const std::vector<BarcodeText>& texts, double y,
+                                             double size)
 {
     const auto [fontBefore, sizeBefore] = std::pair{CurrentFont, FontSize};
     CurrentFont = font;
-    FontSize = pdf::prFloat(InPoints(size));
+    FontSize = pdf::prFloat(prInPoints(size));
     for (const auto& [middle, text] : texts) {
-        WriteText(InPoints(middle - TextWidth(text) / 2), InPoints(y), text, 0);
+        prWriteText(prInPoints(middle - prTextWidth(text) / 2), prInPoints(y), text, 0);
     }
     CurrentFont = fontBefore;
     FontSize = sizeBefore;

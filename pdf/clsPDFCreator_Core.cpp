@@ -114,8 +114,8 @@ void clsPDFCreator::Orientation(std::int32_t NewOrientation)
 
 void clsPDFCreator::Margin(float NewMargin)
 {
-    State::RequireFinite(NewMargin);
-    m->PageMargin = pdf::prFloat(m->InPoints(NewMargin));
+    State::prRequireFinite(NewMargin);
+    m->PageMargin = pdf::prFloat(m->prInPoints(NewMargin));
 }
 
 std::int16_t clsPDFCreator::Pages() const
@@ -128,7 +128,7 @@ void clsPDFCreator::SetScale(std::int32_t Mode, float Custom)
     constexpr double inch = 72;
     constexpr double millimetresPerInch = 25.4;
     constexpr std::int32_t customMode = 255;
-    State::RequireFinite(Custom);
+    State::prRequireFinite(Custom);
     if (Mode == 0) m->Scale = 1;
     if (Mode == 1) m->Scale = inch;
     if (Mode == 2) m->Scale = pdf::prFloat(inch / millimetresPerInch);
@@ -138,10 +138,10 @@ void clsPDFCreator::SetScale(std::int32_t Mode, float Custom)
 
 void clsPDFCreator::SetPaperSize(std::int32_t Code, float Width, float Height)
 {
-    State::RequireFinite(Width, Height);
+    State::prRequireFinite(Width, Height);
     if (Code == CustomPaper) {
-        m->PageWidth = pdf::prFloat(m->InPoints(Width));
-        m->PageHeight = pdf::prFloat(m->InPoints(Height));
+        m->PageWidth = pdf::prFloat(m->prInPoints(Width));
+        m->PageHeight = pdf::prFloat(m->prInPoints(Height));
     } else if (Code >= 0 && static_cast<std::size_t>(Code) < Papers.size()) {
         const Paper& paper = Papers[static_cast<std::size_t>(Code)];
         m->PageWidth = paper.Width;
@@ -164,57 +164,57 @@ void clsPDFCreator::SetDocProperty(std::string_view DocTitle, std::string_view D
 
 std::string clsPDFCreator::BeginDoc(const std::string& FileName)
 {
-    m->Out.Close();
-    std::string name = FileName.empty() ? m->UnnamedFile() : FileName;
+    m->Out.prClose();
+    std::string name = FileName.empty() ? m->prUnnamedFile() : FileName;
     PretendiNonSpeciale(name);
-    const std::string info = m->InfoText(); // an error in it must not cost the file there is
-    m->Out.Open(name);
+    const std::string info = m->prInfoText(); // an error in it must not cost the file there is
+    m->Out.prOpen(name);
     try {
-        m->BeginFile(info);
+        m->prBeginFile(info);
         m->FileName = name;
     } catch (...) {
-        m->Out.Discard(); // of a document that was never begun nothing stays
+        m->Out.prDiscard(); // of a document that was never begun nothing stays
         throw;
     }
-    m->Out.Keep();
+    m->Out.prKeep();
     return name;
 }
 
-void clsPDFCreator::State::BeginFile(const std::string& info)
+void clsPDFCreator::State::prBeginFile(const std::string& info)
 {
     Out.prWriteRaw("%PDF-1." + std::to_string(3 + static_cast<std::int64_t>(ReaderVersion)));
-    Out.prLine("% ", ClassBanner, " rel. ", WriterVersion);
+    Out.prPrint("% ", ClassBanner, " rel. ", WriterVersion);
     OpenedWith = DocProperties;
-    WriteDictionary(InfoObject, info);
-    Out.SetCounter(PageResourceObject);
+    prWriteDictionary(InfoObject, info);
+    Out.prSetCounter(PageResourceObject);
     KeptForDrawing = 0;
 }
 
 void clsPDFCreator::EndDoc()
 {
     auto& out = m->Out;
-    out.RequireOpen();
+    out.prRequireOpen();
     const std::int32_t outlines = m->Bookmarks.empty() ? 0 : m->prWriteOutlines();
     m->prWriteFonts();
     m->prWriteImages();
-    const std::int32_t metadata = m->WriteMetadata();
-    m->WriteGradients();
-    m->WriteCatalog(outlines, metadata);
-    m->WriteDictionary(EncodingObject, "<< /Type /Encoding /BaseEncoding /WinAnsiEncoding >>");
-    m->WriteDictionary(ResourceObject, m->Resources(false));
-    m->WriteDictionary(PageResourceObject, m->Resources(true));
-    m->WritePageTree();
+    const std::int32_t metadata = m->prWriteMetadata();
+    m->prWriteGradients();
+    m->prWriteCatalog(outlines, metadata);
+    m->prWriteDictionary(EncodingObject, "<< /Type /Encoding /BaseEncoding /WinAnsiEncoding >>");
+    m->prWriteDictionary(ResourceObject, m->prResources(false));
+    m->prWriteDictionary(PageResourceObject, m->prResources(true));
+    m->prWritePageTree();
 
-    const std::uint64_t crossReferences = out.Position();
-    out.WriteCrossReferences();
+    const std::uint64_t crossReferences = out.prPosition();
+    out.prWriteCrossReferences();
     out.prWriteRaw("trailer");
     // One less than the entries of the table, on purpose: readers take it as it is and may remark
     // on it.
-    out.prLine("<< /Size ", out.Counter(), " /Info ", +InfoObject, " 0 R /Root ", +CatalogObject,
-               " 0 R >>");
+    out.prPrint("<< /Size ", out.prCounter(), " /Info ", +InfoObject, " 0 R /Root ", +CatalogObject,
+                " 0 R >>");
     out.prWriteRaw("startxref\r" + std::to_string(crossReferences));
     out.prWriteRaw("%%EOF\r");
-    out.Close();
+    out.prClose();
 }
 
 void clsPDFCreator::OpenDoc()
@@ -229,26 +229,26 @@ void clsPDFCreator::OpenDoc()
     }
 }
 
-void clsPDFCreator::State::RequireObjects(std::int32_t more) const
+void clsPDFCreator::State::prRequireObjects(std::int32_t more) const
 {
-    const std::int32_t used = Out.IsOpen() ? Out.Counter() : +PageResourceObject;
+    const std::int32_t used = Out.prIsOpen() ? Out.prCounter() : +PageResourceObject;
     const std::int32_t firstPage = PageCount == 0 ? ObjectsOfPage : 0;
     pdf::prRequireRoom(used + KeptForEnd + KeptForDrawing + firstPage + more - 1, "oggetti");
 }
 
-void clsPDFCreator::State::KeepObjects(std::int32_t more)
+void clsPDFCreator::State::prKeepObjects(std::int32_t more)
 {
-    RequireObjects(more);
+    prRequireObjects(more);
     KeptForEnd += more;
 }
 
-void clsPDFCreator::State::NotFinite()
+void clsPDFCreator::State::prNotFinite()
 {
     throw ErroreRuntime(NumeroErrore::Overflow, "un numero non è finito", "clsPDFCreator");
 }
 
 // The day, the time and a digit read as one number: two such files of one second seldom meet.
-std::string clsPDFCreator::State::UnnamedFile() const
+std::string clsPDFCreator::State::prUnnamedFile() const
 {
     const DateTime now = DocClock.Now();
     std::uint64_t number = static_cast<std::uint64_t>(now.Day);
@@ -268,7 +268,7 @@ std::string clsPDFCreator::State::UnnamedFile() const
 
 // A "#" in one of the texts is a placeholder in its turn, on purpose: it takes the text that comes
 // after, and is an error where it asks for a number.
-std::string clsPDFCreator::State::InfoText() const
+std::string clsPDFCreator::State::prInfoText() const
 {
     const pdf::Argument arguments[] = {
         DocProperties.Title, DocProperties.Author,  DocProperties.Creator, DocProperties.Producer,
@@ -279,14 +279,14 @@ std::string clsPDFCreator::State::InfoText() const
         .value(); // there are never fewer placeholders than arguments here
 }
 
-void clsPDFCreator::State::WriteDictionary(std::int32_t number, std::string_view text)
+void clsPDFCreator::State::prWriteDictionary(std::int32_t number, std::string_view text)
 {
     Out.prInitObj(number);
     Out.prWriteRaw(text);
     Out.prEndObj();
 }
 
-void clsPDFCreator::State::WriteCatalog(std::int32_t outlines, std::int32_t metadata)
+void clsPDFCreator::State::prWriteCatalog(std::int32_t outlines, std::int32_t metadata)
 {
     std::string text = "<< /Type /Catalog\r/Pages 4 0 R\r";
     if (outlines != 0) text.append("/Outlines " + std::to_string(outlines) + " 0 R\r");
@@ -297,10 +297,10 @@ void clsPDFCreator::State::WriteCatalog(std::int32_t outlines, std::int32_t meta
     text.append("/ViewerPreferences << /HideToolbar false /DisplayDocTitle true "
                 "/HideWindowUI false >>\r/Metadata ");
     text.append(std::to_string(metadata)).append(" 0 R\r>>");
-    WriteDictionary(CatalogObject, text);
+    prWriteDictionary(CatalogObject, text);
 }
 
-std::string clsPDFCreator::State::Resources(bool withPatterns) const
+std::string clsPDFCreator::State::prResources(bool withPatterns) const
 {
     std::string text = "<<\r";
     if (!FontResources.empty()) text.append("/Font <<\r").append(FontResources).append(">>\r");
@@ -319,7 +319,7 @@ std::string clsPDFCreator::State::Resources(bool withPatterns) const
     return text.append(">>");
 }
 
-void clsPDFCreator::State::WritePageTree()
+void clsPDFCreator::State::prWritePageTree()
 {
     std::string text = "<<\r/Type /Pages\r/Count " + std::to_string(PageCount);
     const auto box = [&text](std::string_view name, double left, double right, double top) {
@@ -337,5 +337,5 @@ void clsPDFCreator::State::WritePageTree()
     text.push_back('\r');
     if (DocOrientation == 1) text.append("/Rotate 90\r");
     text.append("/Kids [").append(Kids).append(" ]\r/Resources 6 0 R\r>>");
-    WriteDictionary(PageTreeObject, text);
+    prWriteDictionary(PageTreeObject, text);
 }

@@ -55,7 +55,7 @@ const StandardFont& StandardOf(std::string_view key)
 std::string Upper(std::string_view text)
 {
     std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(), pdf::UpperCase);
+    std::transform(upper.begin(), upper.end(), upper.begin(), pdf::prUpperCase);
     return upper;
 }
 
@@ -104,8 +104,8 @@ std::string StyleSuffix(bool bold, bool italic)
 // purpose.
 bool HasOwnEncoding(std::string_view baseFont)
 {
-    return pdf::SameInUpperCase(baseFont, "SYMBOL") ||
-           pdf::SameInUpperCase(baseFont, "ZAPFDINGBATS");
+    return pdf::prSameInUpperCase(baseFont, "SYMBOL") ||
+           pdf::prSameInUpperCase(baseFont, "ZAPFDINGBATS");
 }
 
 std::uint16_t InWidth(float width)
@@ -118,17 +118,17 @@ std::uint16_t InWidth(float width)
 
 void clsPDFCreator::SetFont(std::string_view FontFamily, float Size, std::int32_t Style)
 {
-    State::RequireFinite(Size);
-    auto& request = m->RequestOf(FontFamily, Style);
-    const std::size_t found = m->FindFont(request);
-    m->CurrentFont = found != 0 ? found : m->AddStandardFont(request);
+    State::prRequireFinite(Size);
+    auto& request = m->prRequestOf(FontFamily, Style);
+    const std::size_t found = m->prFindFont(request);
+    m->CurrentFont = found != 0 ? found : m->prAddStandardFont(request);
     m->FontStyle = Style;
     if (Size != 0) m->FontSize = Size;
 }
 
 void clsPDFCreator::SetFontSize(float Size)
 {
-    State::RequireFinite(Size);
+    State::prRequireFinite(Size);
     m->FontSize = Size;
 }
 
@@ -139,16 +139,16 @@ void clsPDFCreator::ShareFonts(bool Share)
 
 float clsPDFCreator::TextLength(std::string_view Text) const
 {
-    return pdf::prFloat(m->TextWidth(InWindows1252(Text)));
+    return pdf::prFloat(m->prTextWidth(InWindows1252(Text)));
 }
 
 float clsPDFCreator::TextHeight() const
 {
-    return m->InUnits(m->FontSize);
+    return m->prInUnits(m->FontSize);
 }
 
-clsPDFCreator::State::FontRequest& clsPDFCreator::State::RequestOf(std::string_view family,
-                                                                   std::int32_t style)
+clsPDFCreator::State::FontRequest& clsPDFCreator::State::prRequestOf(std::string_view family,
+                                                                     std::int32_t style)
 {
     constexpr std::size_t mostKept = 64;
     const std::int32_t face = style & (Bold | Italic);
@@ -162,7 +162,7 @@ clsPDFCreator::State::FontRequest& clsPDFCreator::State::RequestOf(std::string_v
     const StandardFont& standard = StandardOf(key);
     if (standard.Key == key) key += StyleSuffix(bold, italic);
     const std::string_view baseFont = standard.BaseFonts[static_cast<std::size_t>(face)];
-    const Font font = {baseFont, pdf::MetricsOf(standard.Family, bold, italic), nullptr};
+    const Font font = {baseFont, pdf::prMetricsOf(standard.Family, bold, italic), nullptr};
     FontRequests.push_back(
         {std::string(family), face, font, std::move(key), Upper(baseFont), 0, 0, false});
     return FontRequests.back();
@@ -170,7 +170,7 @@ clsPDFCreator::State::FontRequest& clsPDFCreator::State::RequestOf(std::string_v
 
 // The keys stored and the keys searched meet only where no style is named, on purpose: every call
 // that is not plain Arial, Symbol or ZapfDingbats adds a font, whose number then names it.
-std::size_t clsPDFCreator::State::FindFont(FontRequest& request) const
+std::size_t clsPDFCreator::State::prFindFont(FontRequest& request) const
 {
     if (request.Found == 0 && request.KnownKeys != FontKeys.size()) {
         request.KnownKeys = FontKeys.size(); // the answer stays until there are more
@@ -182,9 +182,9 @@ std::size_t clsPDFCreator::State::FindFont(FontRequest& request) const
     return shared != BaseFonts.end() ? shared->second : 0;
 }
 
-std::size_t clsPDFCreator::State::AddStandardFont(FontRequest& request)
+std::size_t clsPDFCreator::State::prAddStandardFont(FontRequest& request)
 {
-    KeepObjects(1);
+    prKeepObjects(1);
     Fonts.push_back(request.Standard);
     if (std::exchange(request.Added, true)) return Fonts.size();
     // A key belongs to the first font that has it.
@@ -193,14 +193,14 @@ std::size_t clsPDFCreator::State::AddStandardFont(FontRequest& request)
     return Fonts.size();
 }
 
-void clsPDFCreator::State::RequireFont() const
+void clsPDFCreator::State::prRequireFont() const
 {
     if (CurrentFont != 0) return;
     throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "nessun carattere scelto: manca SetFont",
                         "clsPDFCreator");
 }
 
-pdf::TextMetrics clsPDFCreator::State::Metrics() const
+pdf::TextMetrics clsPDFCreator::State::prMetrics() const
 {
     return {Fonts[CurrentFont - 1].Metrics.Widths,
             FontSize,
@@ -210,19 +210,19 @@ pdf::TextMetrics clsPDFCreator::State::Metrics() const
             Scale};
 }
 
-double clsPDFCreator::State::TextWidth(std::string_view text) const
+double clsPDFCreator::State::prTextWidth(std::string_view text) const
 {
-    return CurrentFont == 0 ? 0 : Metrics().WidthOf(text);
+    return CurrentFont == 0 ? 0 : prMetrics().WidthOf(text);
 }
 
 void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontName, bool Embed)
 {
     // Itself and its descriptor; embedded, its file with its length in the document and its own.
     const std::int32_t objects = Embed ? 5 : 2;
-    m->RequireObjects(objects);
+    m->prRequireObjects(objects);
     const std::string bytes = LeggiFile(FileName, pdf::LargestInput);
     auto font = std::make_unique<State::TrueType>();
-    font->File = pdf::ReadTrueType(bytes, FileName);
+    font->File = pdf::prReadTrueType(bytes, FileName);
     if (Embed && !font->File.MayEmbed) {
         throw ErroreRuntime(NumeroErrore::PermessoNegato,
                             "il carattere non permette di essere incorporato", FileName);
@@ -234,7 +234,7 @@ void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontNa
         font->Length = bytes.size();
     }
     const auto descent = static_cast<std::int16_t>(std::clamp(font->File.Descent, -32768.F, 0.F));
-    m->KeepObjects(objects);
+    m->prKeepObjects(objects);
     m->Fonts.push_back({font->File.Name, {&font->Widths, descent}, font.get()});
     m->TrueTypeFonts.push_back(std::move(font));
     m->FontKeys.try_emplace(NormalizedFamily(FontName), m->Fonts.size());
@@ -251,48 +251,48 @@ void clsPDFCreator::State::prWriteFonts()
         FontResources.push_back(' ');
         pdf::prAppendInteger(FontResources, object);
         FontResources.append(" 0 R \r");
-        Out.prLine("<< /Type /Font /Subtype /", font.Embedded != nullptr ? "TrueType" : "Type1",
-                   " /Name /_FNT_", number, " /BaseFont /", font.BaseFont,
-                   " /FirstChar 0 /LastChar 255");
+        Out.prPrint("<< /Type /Font /Subtype /", font.Embedded != nullptr ? "TrueType" : "Type1",
+                    " /Name /_FNT_", number, " /BaseFont /", font.BaseFont,
+                    " /FirstChar 0 /LastChar 255");
         if (!HasOwnEncoding(font.BaseFont)) Out.prWriteRaw("/Encoding 3 0 R");
-        if (font.Embedded != nullptr) WriteWidths(object, *font.Embedded);
+        if (font.Embedded != nullptr) prWriteWidths(object, *font.Embedded);
         Out.prWriteRaw(" >>");
         Out.prEndObj();
-        if (font.Embedded != nullptr) WriteDescriptor(object + 1, *font.Embedded);
+        if (font.Embedded != nullptr) prWriteDescriptor(object + 1, *font.Embedded);
     }
 }
 
-void clsPDFCreator::State::WriteWidths(std::int32_t object, const TrueType& font)
+void clsPDFCreator::State::prWriteWidths(std::int32_t object, const TrueType& font)
 {
     constexpr std::size_t widthsInALine = 16;
-    Out.prLine("/FontDescriptor ", object + 1, " 0 R");
+    Out.prPrint("/FontDescriptor ", object + 1, " 0 R");
     Out.prWriteRaw("/Widths [");
     for (std::size_t code = 0; code < font.Widths.size(); ++code) {
         Out.prPart(static_cast<std::int32_t>(font.Widths[code]), " ");
-        if ((code + 1) % widthsInALine == 0) Out.prLine("");
+        if ((code + 1) % widthsInALine == 0) Out.prPrint("");
     }
     Out.prWriteRaw("]");
 }
 
 // The descriptor and, where the font is embedded, the file, its length in the document and its
 // length before encoding.
-void clsPDFCreator::State::WriteDescriptor(std::int32_t object, const TrueType& font)
+void clsPDFCreator::State::prWriteDescriptor(std::int32_t object, const TrueType& font)
 {
     Out.prInitObj(object);
-    Out.prLine("<< /Type /FontDescriptor /FontName /", font.File.Name, " ", font.File.Descriptor,
-               " ");
+    Out.prPrint("<< /Type /FontDescriptor /FontName /", font.File.Name, " ", font.File.Descriptor,
+                " ");
     if (font.Length == 0) {
         Out.prWriteRaw(">>");
         return Out.prEndObj();
     }
-    Out.prLine("/FontFile2 ", object + 1, " 0 R >>");
+    Out.prPrint("/FontFile2 ", object + 1, " 0 R >>");
     Out.prEndObj();
     Out.prInitObj(object + 1);
-    Out.prLine("<< /Filter /LZWDecode /Length ", object + 2, " 0 R /Length1 ", object + 3,
-               " 0 R >>");
-    Out.BeginStream();
+    Out.prPrint("<< /Filter /LZWDecode /Length ", object + 2, " 0 R /Length1 ", object + 3,
+                " 0 R >>");
+    Out.prBeginStream();
     Out.prPart(font.Encoded, "\r\r\n");
-    Out.EndStream();
+    Out.prEndStream();
     for (const std::size_t length : {font.Encoded.size(), font.Length}) {
         Out.prInitObj(0);
         Out.prWriteRaw(std::to_string(length));

@@ -12,8 +12,8 @@ constexpr std::string_view FormKind = "un modulo";
 void clsPDFCreator::BeginObject(std::string_view Name, std::int32_t Flags)
 {
     auto& out = m->Out;
-    m->Require();
-    m->RequireObjects(State::ObjectsOfDrawing);
+    m->prRequire();
+    m->prRequireObjects(State::ObjectsOfDrawing);
     const std::string name = InWindows1252(Name);
     pdf::prRequireName(name, FormKind);
     m->AutoObjects.push_back({name, Flags});
@@ -21,30 +21,30 @@ void clsPDFCreator::BeginObject(std::string_view Name, std::int32_t Flags)
     const std::int32_t number = out.prInitObj(0);
     m->KeptForDrawing = 1; // its length
     const double margin = m->PageMargin;
-    out.prLine("<< /Type /XObject /Subtype /Form /FormType 1 /Name /", pdf::Name{name});
-    out.prLine("/BBox [", margin, " ", margin, " ", m->PageWidth - margin, " ",
-               m->PageHeight - margin, "]");
+    out.prPrint("<< /Type /XObject /Subtype /Form /FormType 1 /Name /", pdf::Name{name});
+    out.prPrint("/BBox [", margin, " ", margin, " ", m->PageWidth - margin, " ",
+                m->PageHeight - margin, "]");
     out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
-    out.prLine("/Length ", number + 1, " 0 R >>");
-    out.BeginStream();
+    out.prPrint("/Length ", number + 1, " 0 R >>");
+    out.prBeginStream();
     m->FormResources.append("/").append(pdf::prName(name)).append(" ");
     m->FormResources.append(std::to_string(number)).append(" 0 R \r");
-    m->BeginDrawing();
+    m->prBeginDrawing();
     out.prWriteRaw("q");
 }
 
 void clsPDFCreator::EndObject()
 {
-    m->Require();
+    m->prRequire();
     m->Out.prWriteRaw("Q");
-    m->Out.EndStream();
-    m->Out.WriteStreamLength();
+    m->Out.prEndStream();
+    m->Out.prWriteStreamLength();
     m->KeptForDrawing = 0;
 }
 
 void clsPDFCreator::PlayObject(std::string_view Name)
 {
-    m->Require();
+    m->prRequire();
     const std::string name = InWindows1252(Name);
     pdf::prRequireName(name, FormKind);
     m->prPlayObject(name);
@@ -52,7 +52,7 @@ void clsPDFCreator::PlayObject(std::string_view Name)
 
 void clsPDFCreator::State::prPlayObject(std::string_view name)
 {
-    Out.prLine("/", pdf::Name{name}, " Do");
+    Out.prPrint("/", pdf::Name{name}, " Do");
 }
 
 // Bit 1 alone selects nothing, and with all of 1, 2 and 4 bit 8 has no effect, on purpose.

@@ -48,9 +48,9 @@ pdf::Picture ReadPicture(const std::string& fileName)
                             "non è un'immagine .BMP, .GIF, .JPG o .JPEG", fileName);
     }
     std::string bytes = LeggiFile(fileName, pdf::LargestInput);
-    if (kind == ImageKind::Bmp) return pdf::ReadBmp(bytes, fileName);
-    if (kind == ImageKind::Gif) return pdf::ReadGif(bytes, fileName);
-    return pdf::ReadJpeg(std::move(bytes), fileName);
+    if (kind == ImageKind::Bmp) return pdf::prReadBMP(bytes, fileName);
+    if (kind == ImageKind::Gif) return pdf::prReadGIF(bytes, fileName);
+    return pdf::prReadJPEG(std::move(bytes), fileName);
 }
 
 std::string_view SpaceName(pdf::ColorSpace space)
@@ -133,16 +133,16 @@ void clsPDFCreator::FilterDecode(std::int32_t Filters)
 void clsPDFCreator::DrawImage(const std::string& FileName, float X, float Y, float Width,
                               float Height, std::string_view Key)
 {
-    m->Require(X, Y, Width, Height);
-    const std::int32_t image = m->ImageOf(FileName, Key);
+    m->prRequire(X, Y, Width, Height);
+    const std::int32_t image = m->prImageOf(FileName, Key);
     // Two spaces: the origin at the rectangle's lower left corner, then the unit square of the
     // image stretched upward over the rectangle.
-    m->OpenSpace(X, static_cast<double>(Y) + Height);
-    m->OpenSpace(0, 0, m->InPoints(Width), -m->InPoints(Height));
-    m->Out.prLine("/_IMG_", image, " Do");
+    m->prOpenSpace(X, static_cast<double>(Y) + Height);
+    m->prOpenSpace(0, 0, m->prInPoints(Width), -m->prInPoints(Height));
+    m->Out.prPrint("/_IMG_", image, " Do");
     m->Out.prWriteRaw("Q");
     m->Out.prWriteRaw("Q");
-    m->SetCurrent(m->InPoints(X), m->InPoints(Y));
+    m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
 }
 
 std::string clsPDFCreator::prToASCII85(std::string_view Bytes)
@@ -151,7 +151,7 @@ std::string clsPDFCreator::prToASCII85(std::string_view Bytes)
 }
 
 // The number of the picture, read now unless the same file and key were drawn before.
-std::int32_t clsPDFCreator::State::ImageOf(const std::string& fileName, std::string_view key)
+std::int32_t clsPDFCreator::State::prImageOf(const std::string& fileName, std::string_view key)
 {
     std::int32_t number = 0;
     for (const Image& image : Images) {
@@ -160,7 +160,7 @@ std::int32_t clsPDFCreator::State::ImageOf(const std::string& fileName, std::str
     }
     auto picture = ReadPicture(fileName);
     const bool indexed = picture.Space == pdf::ColorSpace::Indexed;
-    KeepObjects(ObjectsOfStream + (indexed ? 1 : 0)); // its palette
+    prKeepObjects(ObjectsOfStream + (indexed ? 1 : 0)); // its palette
     Images.push_back({fileName, std::string(key), std::move(picture)});
     return number + 1;
 }
@@ -172,44 +172,45 @@ void clsPDFCreator::State::prWriteImages()
         const std::int32_t object = Out.prInitObj(0);
         ImageResources.append("/_IMG_" + std::to_string(++number) + " ");
         ImageResources.append(std::to_string(object) + " 0 R \r");
-        WriteImage(number, object, image.Content);
+        prWriteImage(number, object, image.Content);
         image.Content = {}; // as large as all the rest together, and done with
     }
 }
 
-void clsPDFCreator::State::WriteImage(std::int32_t number, std::int32_t object,
-                                      pdf::Picture& picture)
+void clsPDFCreator::State::prWriteImage(std::int32_t number, std::int32_t object,
+                                        pdf::Picture& picture)
 {
     const bool indexed = picture.Space == pdf::ColorSpace::Indexed;
     auto encoded =
         Encode(std::move(picture.Pixels), picture.IsJpeg ? "/DCTDecode " : "", ImageFilters);
-    Out.prLine("<< /Type /XObject /Subtype /Image /Name /_IMG_", number, " /Width ", picture.Width,
-               " /Height ", picture.Height, " ", encoded.Filters, " ");
+    Out.prPrint("<< /Type /XObject /Subtype /Image /Name /_IMG_", number, " /Width ", picture.Width,
+                " /Height ", picture.Height, " ", encoded.Filters, " ");
     if (indexed) {
         const auto entries = static_cast<std::int32_t>(picture.Palette.size() / 3);
-        Out.prLine("/BitsPerComponent ", picture.BitsPerPixel, " /ColorSpace [/Indexed /DeviceRGB ",
-                   entries - 1, " ", object + 2, " 0 R] /Length ", object + 1, " 0 R");
+        Out.prPrint("/BitsPerComponent ", picture.BitsPerPixel,
+                    " /ColorSpace [/Indexed /DeviceRGB ", entries - 1, " ", object + 2,
+                    " 0 R] /Length ", object + 1, " 0 R");
     } else {
-        Out.prLine("/BitsPerComponent 8 /ColorSpace /", SpaceName(picture.Space), " /Length ",
-                   object + 1, " 0 R");
+        Out.prPrint("/BitsPerComponent 8 /ColorSpace /", SpaceName(picture.Space), " /Length ",
+                    object + 1, " 0 R");
     }
     if (picture.InvertedCMYK) Out.prWriteRaw("/Decode [1 0 1 0 1 0 1 0]");
     Out.prWriteRaw(">>");
-    Out.BeginStream();
+    Out.prBeginStream();
     Out.prPart(StreamOf(std::move(encoded)));
-    Out.EndStream();
-    Out.WriteStreamLength();
-    if (indexed) WritePalette(std::move(picture.Palette));
+    Out.prEndStream();
+    Out.prWriteStreamLength();
+    if (indexed) prWritePalette(std::move(picture.Palette));
 }
 
-void clsPDFCreator::State::WritePalette(std::string palette)
+void clsPDFCreator::State::prWritePalette(std::string palette)
 {
     Out.prInitObj(0);
     const auto encoded = Encode(std::move(palette), "", ImageFilters);
     const std::string stream = StreamOf(encoded);
-    Out.prLine("<< ", encoded.Filters, " /Length ", static_cast<std::int32_t>(stream.size()),
-               " >>");
-    Out.BeginStream();
+    Out.prPrint("<< ", encoded.Filters, " /Length ", static_cast<std::int32_t>(stream.size()),
+                " >>");
+    Out.prBeginStream();
     Out.prPart(stream);
-    Out.EndStream();
+    Out.prEndStream();
 }

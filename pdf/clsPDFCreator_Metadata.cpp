@@ -74,7 +74,7 @@ private:
 
 } // namespace
 
-std::string clsPDFCreator::State::PacketOfLength(std::size_t length) const
+std::string clsPDFCreator::State::prPacketOfLength(std::size_t length) const
 {
     Packet packet;
     packet.Line("<?xpacket begin='' id='W5M0MpCehiHzreSzNTczkc9d' bytes='" +
@@ -120,21 +120,21 @@ std::string clsPDFCreator::State::prXMPPacket() const
 {
     constexpr std::size_t guess = 1000;
     std::size_t length = guess;
-    std::string packet = PacketOfLength(length);
+    std::string packet = prPacketOfLength(length);
     while (packet.size() != length) {
         length = packet.size();
-        packet = PacketOfLength(length);
+        packet = prPacketOfLength(length);
     }
     return packet;
 }
 
-std::int32_t clsPDFCreator::State::WriteMetadata()
+std::int32_t clsPDFCreator::State::prWriteMetadata()
 {
     const std::int32_t number = Out.prInitObj(0);
-    Out.prLine("<< /Type /Metadata /Subtype /XML /Length ", number + 1, " 0 R >>");
-    Out.BeginStream();
+    Out.prPrint("<< /Type /Metadata /Subtype /XML /Length ", number + 1, " 0 R >>");
+    Out.prBeginStream();
     Out.prWriteRaw(prXMPPacket());
-    Out.EndStream();
-    Out.WriteStreamLength();
+    Out.prEndStream();
+    Out.prWriteStreamLength();
     return number;
 }

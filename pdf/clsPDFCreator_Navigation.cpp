@@ -72,7 +72,7 @@ public:
         Line("/F " + std::to_string(flags));
         if (!title.empty()) String("T", title);
         const std::string resolved = pdf::prNamedColor(color);
-        if (pdf::IsDigits(resolved)) Line("/C [ " + pdf::ColorNumbers(resolved) + " ]");
+        if (pdf::prIsPlainColor(resolved)) Line("/C [ " + pdf::prColorNumbers(resolved) + " ]");
     }
 
     std::string Finished()
@@ -101,7 +101,7 @@ std::string Appearance(std::int32_t font, double size, std::string_view color)
 {
     std::string text = "/_FNT_" + std::to_string(font) + " ";
     pdf::prAppendNumber(text, size);
-    return text + " Tf " + pdf::ColorNumbers(color) + " rg";
+    return text + " Tf " + pdf::prColorNumbers(color) + " rg";
 }
 
 } // namespace
@@ -109,12 +109,12 @@ std::string Appearance(std::int32_t font, double size, std::string_view color)
 void clsPDFCreator::AddBookmark(std::string_view Title, std::int32_t Level, std::int32_t FitMode,
                                 float Left, float Top, float Right, float Bottom, float Zoom)
 {
-    State::RequireFinite(Left, Top, Right, Bottom, Zoom);
+    State::prRequireFinite(Left, Top, Right, Bottom, Zoom);
     auto& bookmarks = m->Bookmarks;
-    m->KeepObjects(bookmarks.empty() ? 3 : 1); // the first one with the root and the title
+    m->prKeepObjects(bookmarks.empty() ? 3 : 1); // the first one with the root and the title
     const std::int32_t deepest = bookmarks.empty() ? 1 : bookmarks.back().Level + 1;
     bookmarks.push_back({InWindows1252(Title), std::clamp(Level, 1, deepest),
-                         m->Destination(FitMode, Left, Top, Right, Bottom, Zoom)});
+                         m->prDestination(FitMode, Left, Top, Right, Bottom, Zoom)});
 }
 
 void clsPDFCreator::AddNoteIcon(std::string_view Text, std::int32_t Icon, float X, float Y,
@@ -122,14 +122,14 @@ void clsPDFCreator::AddNoteIcon(std::string_view Text, std::int32_t Icon, float 
                                 std::int32_t Flags)
 {
     constexpr double size = 20; // points: how large readers draw such icons
-    m->RequireAnnotation(X, Y);
+    m->prRequireAnnotation(X, Y);
     Annotation note("Text");
-    const double left = m->InPoints(X);
-    const double top = m->FromBottom(Y);
+    const double left = m->prInPoints(X);
+    const double top = m->prFromBottom(Y);
     note.Rect({left, top - size, left + size, top});
     note.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
     note.Line((Open ? "/Open true" : "/Open false") + std::string(Choice(NoteIcons, Icon)));
-    m->AddAnnotation(note.Finished());
+    m->prAddAnnotation(note.Finished());
 }
 
 void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Width, float Height,
@@ -137,14 +137,14 @@ void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Wi
                                float BorderWidth, std::int32_t BorderStyle, std::string_view Color,
                                std::string_view Title, std::int32_t Flags)
 {
-    m->RequireAnnotation(X, Y, Width, Height, FontSize, BorderWidth);
-    auto& request = m->RequestOf("Arial", 0);
-    const std::size_t found = m->FindFont(request);
-    m->RequireObjects(found != 0 ? 1 : 2); // both or none
-    const auto font = static_cast<std::int32_t>(found != 0 ? found : m->AddStandardFont(request));
+    m->prRequireAnnotation(X, Y, Width, Height, FontSize, BorderWidth);
+    auto& request = m->prRequestOf("Arial", 0);
+    const std::size_t found = m->prFindFont(request);
+    m->prRequireObjects(found != 0 ? 1 : 2); // both or none
+    const auto font = static_cast<std::int32_t>(found != 0 ? found : m->prAddStandardFont(request));
 
     Annotation note("FreeText");
-    note.Rect(m->AnnotationRect(X, Y, Width, Height));
+    note.Rect(m->prAnnotationRect(X, Y, Width, Height));
     note.Common(InWindows1252(Text), Flags,
                 Title.empty() ? std::string(State::DefaultAuthor) : InWindows1252(Title),
                 InWindows1252(Color));
@@ -153,58 +153,58 @@ void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Wi
     std::string border = "/BS << /Type /Border /W ";
     pdf::prAppendNumber(border, BorderWidth);
     note.Line(border + std::string(Choice(BorderStyles, BorderStyle)) + " >>");
-    m->AddAnnotation(note.Finished());
+    m->prAddAnnotation(note.Finished());
 }
 
 void clsPDFCreator::AddNoteStamp(std::string_view Text, float X, float Y, float Width, float Height,
                                  std::int32_t Stamp, std::string_view Title, std::string_view Color,
                                  std::int32_t Flags)
 {
-    m->RequireAnnotation(X, Y, Width, Height);
+    m->prRequireAnnotation(X, Y, Width, Height);
     Annotation stamp("Stamp");
-    stamp.Rect(m->AnnotationRect(X, Y, Width, Height));
+    stamp.Rect(m->prAnnotationRect(X, Y, Width, Height));
     stamp.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
     stamp.Known(Choice(Stamps, Stamp));
-    m->AddAnnotation(stamp.Finished());
+    m->prAddAnnotation(stamp.Finished());
 }
 
 void clsPDFCreator::AddWebLink(std::string_view URL, float X, float Y, float Width, float Height,
                                std::int32_t Highlight, float Border)
 {
     constexpr std::int32_t printed = 4;
-    m->RequireAnnotation(X, Y, Width, Height, Border);
+    m->prRequireAnnotation(X, Y, Width, Height, Border);
     const std::string address = InWindows1252(URL);
     Annotation link("Link");
-    link.Rect(m->AnnotationRect(X, Y, Width, Height));
+    link.Rect(m->prAnnotationRect(X, Y, Width, Height));
     link.Common(address, printed, "", "");
     link.Known(Choice(Highlights, Highlight));
     std::string border = "/Border [ 0 0 ";
     pdf::prAppendNumber(border, Border);
     link.Line(border + "]");
     link.Line("/A << /S /URI /URI (" + pdf::prPDFString(address) + ") >>");
-    m->AddAnnotation(link.Finished());
+    m->prAddAnnotation(link.Finished());
 }
 
-void clsPDFCreator::State::AddAnnotation(std::string annotation)
+void clsPDFCreator::State::prAddAnnotation(std::string annotation)
 {
     Annotations.push_back(std::move(annotation));
     ++KeptForDrawing;
 }
 
-double clsPDFCreator::State::FromBottom(double y) const
+double clsPDFCreator::State::prFromBottom(double y) const
 {
-    return PageHeight - InPoints(y);
+    return PageHeight - prInPoints(y);
 }
 
-std::array<double, 4> clsPDFCreator::State::AnnotationRect(double x, double y, double width,
-                                                           double height) const
+std::array<double, 4> clsPDFCreator::State::prAnnotationRect(double x, double y, double width,
+                                                             double height) const
 {
-    return {InPoints(x), FromBottom(y + height), InPoints(x + width), FromBottom(y)};
+    return {prInPoints(x), prFromBottom(y + height), prInPoints(x + width), prFromBottom(y)};
 }
 
 // Nothing while there is no page to lead to, or for an unknown mode.
-std::string clsPDFCreator::State::Destination(std::int32_t fitMode, double left, double top,
-                                              double right, double bottom, double zoom) const
+std::string clsPDFCreator::State::prDestination(std::int32_t fitMode, double left, double top,
+                                                double right, double bottom, double zoom) const
 {
     if (PageObject == 0) return "";
     std::string text = "[" + std::to_string(PageObject) + " 0 R";
@@ -216,8 +216,8 @@ std::string clsPDFCreator::State::Destination(std::int32_t fitMode, double left,
         }
         return text + "]";
     };
-    const double x = InPoints(left);
-    const double y = FromBottom(top);
+    const double x = prInPoints(left);
+    const double y = prFromBottom(top);
     switch (fitMode) {
     case 0:
         return append(" /FitB", {});
@@ -226,7 +226,7 @@ std::string clsPDFCreator::State::Destination(std::int32_t fitMode, double left,
     case 2:
         return append(" /FitH", {y});
     case 3:
-        return append(" /FitR", {x, FromBottom(bottom), InPoints(right), y});
+        return append(" /FitR", {x, prFromBottom(bottom), prInPoints(right), y});
     case 4:
         return append(" /XYZ", {x, y, zoom});
     default:
@@ -236,7 +236,7 @@ std::string clsPDFCreator::State::Destination(std::int32_t fitMode, double left,
 
 // The tree that the levels describe: an entry belongs to the nearest earlier one of a smaller
 // level. Entry 0 is the title, the parent of all.
-std::vector<clsPDFCreator::State::OutlineItem> clsPDFCreator::State::OutlineTree() const
+std::vector<clsPDFCreator::State::OutlineItem> clsPDFCreator::State::prOutlineTree() const
 {
     std::vector<OutlineItem> items = {{DocProperties.Title, "", 0, {}}};
     std::vector<std::size_t> open = {0}; // the last entry of each level
@@ -252,40 +252,40 @@ std::vector<clsPDFCreator::State::OutlineItem> clsPDFCreator::State::OutlineTree
 // Returns the number of the outline's root object.
 std::int32_t clsPDFCreator::State::prWriteOutlines()
 {
-    const auto items = OutlineTree();
+    const auto items = prOutlineTree();
     const std::int32_t root = Out.prInitObj(0);
     const auto object = [root](std::size_t item) {
         return root + 1 + static_cast<std::int32_t>(item);
     };
-    Out.prLine("<< /Count 1 /First ", object(0), " 0 R /Last ", object(0), " 0 R >>");
+    Out.prPrint("<< /Count 1 /First ", object(0), " 0 R /Last ", object(0), " 0 R >>");
     Out.prEndObj();
     for (std::size_t i = 0; i < items.size(); ++i) {
         const OutlineItem& item = items[i];
         Out.prInitObj(object(i));
-        Out.prLine("<< /Title (", pdf::Escaped{item.Title}, ")");
-        Out.prLine("/Parent ", i == 0 ? root : object(item.Parent), " 0 R");
+        Out.prPrint("<< /Title (", pdf::Escaped{item.Title}, ")");
+        Out.prPrint("/Parent ", i == 0 ? root : object(item.Parent), " 0 R");
         if (!item.Children.empty()) {
-            Out.prLine("/First ", object(item.Children.front()), " 0 R");
-            Out.prLine("/Last ", object(item.Children.back()), " 0 R");
+            Out.prPrint("/First ", object(item.Children.front()), " 0 R");
+            Out.prPrint("/Last ", object(item.Children.back()), " 0 R");
         }
-        if (i != 0) WriteSiblings(items[item.Parent].Children, i, root + 1);
+        if (i != 0) prWriteSiblings(items[item.Parent].Children, i, root + 1);
         // The title stands open and shows its children, which stand closed.
-        if (i == 0) Out.prLine("/Count ", static_cast<std::int32_t>(item.Children.size()));
-        if (!item.Destination.empty()) Out.prLine("/Dest ", item.Destination);
+        if (i == 0) Out.prPrint("/Count ", static_cast<std::int32_t>(item.Children.size()));
+        if (!item.Destination.empty()) Out.prPrint("/Dest ", item.Destination);
         Out.prWriteRaw(">>");
         Out.prEndObj();
     }
     return root;
 }
 
-void clsPDFCreator::State::WriteSiblings(const std::vector<std::size_t>& children, std::size_t item,
-                                         std::int32_t firstObject)
+void clsPDFCreator::State::prWriteSiblings(const std::vector<std::size_t>& children,
+                                           std::size_t item, std::int32_t firstObject)
 {
     const auto place = std::lower_bound(children.begin(), children.end(), item);
     const auto object = [firstObject](std::size_t other) {
         return firstObject + static_cast<std::int32_t>(other);
     };
-    if (place != children.begin()) Out.prLine("/Prev ", object(*std::prev(place)), " 0 R");
+    if (place != children.begin()) Out.prPrint("/Prev ", object(*std::prev(place)), " 0 R");
     const auto next = std::next(place);
-    if (next != children.end()) Out.prLine("/Next ", object(*next), " 0 R");
+    if (next != children.end()) Out.prPrint("/Next ", object(*next), " 0 R");
 }

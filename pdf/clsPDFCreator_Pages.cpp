@@ -10,28 +10,28 @@ std::int16_t clsPDFCreator::BeginPage(std::int32_t Orientation, std::int32_t Pag
                                       std::string_view LabelPrefix, std::int32_t FirstValue)
 {
     auto& out = m->Out;
-    m->Require();
+    m->prRequire();
     pdf::prRequireRoom(m->PageCount, "pagine");
-    m->RequireObjects(m->PageCount == 0 ? 0 : State::ObjectsOfPage); // the first one is kept back
+    m->prRequireObjects(m->PageCount == 0 ? 0 : State::ObjectsOfPage); // the first one is kept back
     ++m->PageCount;
     m->Annotations.clear();
     m->KeptForDrawing = 2; // its content's length, the array of its annotations
 
     const std::int32_t page = out.prInitObj(0);
     m->PageObject = page;
-    out.prLine("<< /Type /Page /Parent 4 0 R /Contents ", page + 1, " 0 R\r",
-               Orientation == 1 ? "/Rotate 90\r" : "", "/Annots ", page + 3, " 0 R >>");
+    out.prPrint("<< /Type /Page /Parent 4 0 R /Contents ", page + 1, " 0 R\r",
+                Orientation == 1 ? "/Rotate 90\r" : "", "/Annots ", page + 3, " 0 R >>");
     out.prEndObj();
     m->Kids.append(std::to_string(page)).append(" 0 R ");
-    m->AppendPageLabel(PageLabel, InWindows1252(LabelPrefix), FirstValue);
+    m->prAppendPageLabel(PageLabel, InWindows1252(LabelPrefix), FirstValue);
 
     out.prInitObj(page + 1);
-    out.prLine("<< /Length ", page + 2, " 0 R >>");
-    out.BeginStream();
-    out.prLine("1 0 0 -1 0 ", m->PageHeight, " cm "); // from here y grows downward
-    m->SetFill("Black");
-    m->SetLine("Black");
-    m->BeginDrawing();
+    out.prPrint("<< /Length ", page + 2, " 0 R >>");
+    out.prBeginStream();
+    out.prPrint("1 0 0 -1 0 ", m->PageHeight, " cm "); // from here y grows downward
+    m->prSetFill("Black");
+    m->prSetLine("Black");
+    m->prBeginDrawing();
     m->prPlayAutoObjects(false);
     m->CharSpacing = 0;
     m->WordSpacing = 0;
@@ -42,25 +42,25 @@ std::int16_t clsPDFCreator::BeginPage(std::int32_t Orientation, std::int32_t Pag
 
 void clsPDFCreator::EndPage()
 {
-    m->Require();
+    m->prRequire();
     m->prPlayAutoObjects(true);
-    m->Out.EndStream();
-    m->Out.WriteStreamLength();
-    m->WriteAnnotations(m->Out.Counter());
+    m->Out.prEndStream();
+    m->Out.prWriteStreamLength();
+    m->prWriteAnnotations(m->Out.prCounter());
     m->KeptForDrawing = 0;
 }
 
 float clsPDFCreator::GetX() const
 {
-    return m->InUnits(m->Current.X);
+    return m->prInUnits(m->Current.X);
 }
 
 float clsPDFCreator::GetY() const
 {
-    return m->InUnits(m->Current.Y);
+    return m->prInUnits(m->Current.Y);
 }
 
-void clsPDFCreator::State::BeginDrawing()
+void clsPDFCreator::State::prBeginDrawing()
 {
     LineWidth = 1;
     FillChosen = false;
@@ -68,8 +68,8 @@ void clsPDFCreator::State::BeginDrawing()
 }
 
 // With the defaults each page starts a range of its own and so is labelled 1, on purpose.
-void clsPDFCreator::State::AppendPageLabel(std::int32_t style, std::string_view prefix,
-                                           std::int32_t firstValue)
+void clsPDFCreator::State::prAppendPageLabel(std::int32_t style, std::string_view prefix,
+                                             std::int32_t firstValue)
 {
     constexpr std::string_view styles[] = {" /S /D", " /S /R", " /S /r", " /S /A", " /S /a"};
     constexpr std::uint16_t fromOne = 65535;
@@ -86,7 +86,7 @@ void clsPDFCreator::State::AppendPageLabel(std::int32_t style, std::string_view 
 
 // lengthObject: the number of the content's length; the array of the annotations comes after it,
 // and after that they themselves, which are written first.
-void clsPDFCreator::State::WriteAnnotations(std::int32_t lengthObject)
+void clsPDFCreator::State::prWriteAnnotations(std::int32_t lengthObject)
 {
     std::string references;
     std::int32_t number = lengthObject + 1;
@@ -97,6 +97,6 @@ void clsPDFCreator::State::WriteAnnotations(std::int32_t lengthObject)
         Out.prEndObj();
     }
     Out.prInitObj(lengthObject + 1);
-    Out.prLine("[ ", references, " ]");
+    Out.prPrint("[ ", references, " ]");
     Out.prEndObj();
 }

@@ -7,50 +7,50 @@
 
 void clsPDFCreator::MoveTo(float X, float Y)
 {
-    m->Require(X, Y);
-    m->Move(X, Y);
+    m->prRequire(X, Y);
+    m->prMove(X, Y);
 }
 
 void clsPDFCreator::DrawLineTo(float X, float Y, std::int32_t Options)
 {
-    m->Require(X, Y);
-    m->LineTo(X, Y, Options);
+    m->prRequire(X, Y);
+    m->prLineTo(X, Y, Options);
 }
 
 void clsPDFCreator::DrawLine(float X1, float Y1, float X2, float Y2, std::int32_t Options)
 {
-    m->Require(X1, Y1, X2, Y2);
-    const auto points = [this](float units) { return m->InPoints(units); };
-    m->SetCurrent(points(X1), points(Y1)); // the start on purpose, unlike DrawLineTo
-    m->Out.prLine(points(X1), " ", points(Y1), " m ", points(X2), " ", points(Y2), " l");
+    m->prRequire(X1, Y1, X2, Y2);
+    const auto points = [this](float units) { return m->prInPoints(units); };
+    m->prSetCurrent(points(X1), points(Y1)); // the start on purpose, unlike DrawLineTo
+    m->Out.prPrint(points(X1), " ", points(Y1), " m ", points(X2), " ", points(Y2), " l");
     m->prPaintOp(Options);
 }
 
 void clsPDFCreator::DrawRect(float X, float Y, float Width, float Height, std::int32_t Options,
                              float Radius)
 {
-    m->Require(X, Y, Width, Height, Radius);
-    if (Radius > 0) m->RoundRectangle(X, Y, Width, Height, Radius, Options);
-    else m->Rectangle(X, Y, Width, Height, Options);
+    m->prRequire(X, Y, Width, Height, Radius);
+    if (Radius > 0) m->prRoundRectangle(X, Y, Width, Height, Radius, Options);
+    else m->prRectangle(X, Y, Width, Height, Options);
 }
 
 void clsPDFCreator::DrawCurveA(float X1, float Y1, float X2, float Y2, float X3, float Y3,
                                std::int32_t Options)
 {
-    m->Require(X1, Y1, X2, Y2, X3, Y3);
-    m->Curve(X1, Y1, X2, Y2, X3, Y3, Options);
+    m->prRequire(X1, Y1, X2, Y2, X3, Y3);
+    m->prCurve(X1, Y1, X2, Y2, X3, Y3, Options);
 }
 
 void clsPDFCreator::DrawCurveB(float X2, float Y2, float X3, float Y3, std::int32_t Options)
 {
-    m->Require(X2, Y2, X3, Y3);
-    m->ShortCurve(X2, Y2, X3, Y3, " v", Options);
+    m->prRequire(X2, Y2, X3, Y3);
+    m->prShortCurve(X2, Y2, X3, Y3, " v", Options);
 }
 
 void clsPDFCreator::DrawCurveC(float X1, float Y1, float X3, float Y3, std::int32_t Options)
 {
-    m->Require(X1, Y1, X3, Y3);
-    m->ShortCurve(X1, Y1, X3, Y3, " y", Options);
+    m->prRequire(X1, Y1, X3, Y3);
+    m->prShortCurve(X1, Y1, X3, Y3, " y", Options);
 }
 
 void clsPDFCreator::DrawCircle(float X, float Y, float Ray, std::int32_t Options)
@@ -60,15 +60,15 @@ void clsPDFCreator::DrawCircle(float X, float Y, float Ray, std::int32_t Options
 
 void clsPDFCreator::DrawEllipse(float X, float Y, float RayX, float RayY, std::int32_t Options)
 {
-    m->Require(X, Y, RayX, RayY);
-    m->Ellipse(X, Y, RayX, RayY, Options);
+    m->prRequire(X, Y, RayX, RayY);
+    m->prEllipse(X, Y, RayX, RayY, Options);
 }
 
 void clsPDFCreator::DrawArc(float X, float Y, float Ray, float StartAngle, float EndAngle,
                             std::int32_t Options)
 {
-    m->Require(X, Y, Ray, StartAngle, EndAngle);
-    m->Arc(X, Y, Ray, StartAngle, EndAngle, Options);
+    m->prRequire(X, Y, Ray, StartAngle, EndAngle);
+    m->prArc(X, Y, Ray, StartAngle, EndAngle, Options);
 }
 
 void clsPDFCreator::State::prPaintOp(std::int32_t options)
@@ -94,46 +94,47 @@ void clsPDFCreator::State::prPaintOp(std::int32_t options)
     }
 }
 
-void clsPDFCreator::State::Move(double x, double y)
+void clsPDFCreator::State::prMove(double x, double y)
 {
-    SetCurrent(InPoints(x), InPoints(y));
-    Out.prLine(InPoints(x), " ", InPoints(y), " m");
+    prSetCurrent(prInPoints(x), prInPoints(y));
+    Out.prPrint(prInPoints(x), " ", prInPoints(y), " m");
 }
 
-void clsPDFCreator::State::LineTo(double x, double y, std::int32_t options)
+void clsPDFCreator::State::prLineTo(double x, double y, std::int32_t options)
 {
-    SetCurrent(InPoints(x), InPoints(y));
-    Out.prLine(InPoints(x), " ", InPoints(y), " l");
+    prSetCurrent(prInPoints(x), prInPoints(y));
+    Out.prPrint(prInPoints(x), " ", prInPoints(y), " l");
     prPaintOp(options);
 }
 
-void clsPDFCreator::State::Curve(double x1, double y1, double x2, double y2, double x3, double y3,
-                                 std::int32_t options)
+void clsPDFCreator::State::prCurve(double x1, double y1, double x2, double y2, double x3, double y3,
+                                   std::int32_t options)
 {
-    SetCurrent(InPoints(x3), InPoints(y3));
-    Out.prLine(InPoints(x1), " ", InPoints(y1), " ", InPoints(x2), " ", InPoints(y2), " ",
-               InPoints(x3), " ", InPoints(y3), " c");
+    prSetCurrent(prInPoints(x3), prInPoints(y3));
+    Out.prPrint(prInPoints(x1), " ", prInPoints(y1), " ", prInPoints(x2), " ", prInPoints(y2), " ",
+                prInPoints(x3), " ", prInPoints(y3), " c");
     prPaintOp(options);
 }
 
-void clsPDFCreator::State::ShortCurve(double x1, double y1, double x3, double y3,
-                                      std::string_view operation, std::int32_t options)
+void clsPDFCreator::State::prShortCurve(double x1, double y1, double x3, double y3,
+                                        std::string_view operation, std::int32_t options)
 {
-    SetCurrent(InPoints(x3), InPoints(y3));
-    Out.prLine(InPoints(x1), " ", InPoints(y1), " ", InPoints(x3), " ", InPoints(y3), operation);
+    prSetCurrent(prInPoints(x3), prInPoints(y3));
+    Out.prPrint(prInPoints(x1), " ", prInPoints(y1), " ", prInPoints(x3), " ", prInPoints(y3),
+                operation);
     prPaintOp(options);
 }
 
-void clsPDFCreator::State::Rectangle(double x, double y, double width, double height,
-                                     std::int32_t options)
+void clsPDFCreator::State::prRectangle(double x, double y, double width, double height,
+                                       std::int32_t options)
 {
-    Out.prLine("n\r\n", InPoints(x), " ", InPoints(y), " ", InPoints(width), " ", InPoints(height),
-               " re");
+    Out.prPrint("n\r\n", prInPoints(x), " ", prInPoints(y), " ", prInPoints(width), " ",
+                prInPoints(height), " re");
     prPaintOp(options);
 }
 
-void clsPDFCreator::State::RoundRectangle(double x, double y, double width, double height,
-                                          double radius, std::int32_t options)
+void clsPDFCreator::State::prRoundRectangle(double x, double y, double width, double height,
+                                            double radius, std::int32_t options)
 {
     constexpr double towardsCorner = 0.55; // not quite a circle, on purpose
     const double r = std::min({radius, width / 2, height / 2});
@@ -141,36 +142,36 @@ void clsPDFCreator::State::RoundRectangle(double x, double y, double width, doub
     const double right = x + width;
     const double bottom = y + height;
     Out.prWriteRaw("n");
-    Move(x + r, y);
-    LineTo(right - r, y, 0);
-    Curve(right - r + c, y, right, y + r - c, right, y + r, 0);
-    LineTo(right, bottom - r, 0);
-    Curve(right, bottom - r + c, right - r + c, bottom, right - r, bottom, 0);
-    LineTo(x + r, bottom, 0);
-    Curve(x + r - c, bottom, x, bottom - r + c, x, bottom - r, 0);
-    LineTo(x, y + r, 0);
-    Curve(x, y + r - c, x + r - c, y, x + r, y, 0);
+    prMove(x + r, y);
+    prLineTo(right - r, y, 0);
+    prCurve(right - r + c, y, right, y + r - c, right, y + r, 0);
+    prLineTo(right, bottom - r, 0);
+    prCurve(right, bottom - r + c, right - r + c, bottom, right - r, bottom, 0);
+    prLineTo(x + r, bottom, 0);
+    prCurve(x + r - c, bottom, x, bottom - r + c, x, bottom - r, 0);
+    prLineTo(x, y + r, 0);
+    prCurve(x, y + r - c, x + r - c, y, x + r, y, 0);
     prPaintOp(options);
 }
 
 // Four quarters from the right end by the lower one, each with its control points on the tangents.
-void clsPDFCreator::State::Ellipse(double x, double y, double rayX, double rayY,
-                                   std::int32_t options)
+void clsPDFCreator::State::prEllipse(double x, double y, double rayX, double rayY,
+                                     std::int32_t options)
 {
     constexpr double k = 4 * (std::numbers::sqrt2 - 1) / 3;
     const double kx = k * rayX;
     const double ky = k * rayY;
-    Move(x + rayX, y);
-    Curve(x + rayX, y + ky, x + kx, y + rayY, x, y + rayY, 0);
-    Curve(x - kx, y + rayY, x - rayX, y + ky, x - rayX, y, 0);
-    Curve(x - rayX, y - ky, x - kx, y - rayY, x, y - rayY, 0);
-    Curve(x + kx, y - rayY, x + rayX, y - ky, x + rayX, y, 0);
+    prMove(x + rayX, y);
+    prCurve(x + rayX, y + ky, x + kx, y + rayY, x, y + rayY, 0);
+    prCurve(x - kx, y + rayY, x - rayX, y + ky, x - rayX, y, 0);
+    prCurve(x - rayX, y - ky, x - kx, y - rayY, x, y - rayY, 0);
+    prCurve(x + kx, y - rayY, x + rayX, y - ky, x + rayX, y, 0);
     prPaintOp(options);
 }
 
 // Equal pieces of at most a quarter of a circle.
-void clsPDFCreator::State::Arc(double x, double y, double ray, double start, double end,
-                               std::int32_t options)
+void clsPDFCreator::State::prArc(double x, double y, double ray, double start, double end,
+                                 std::int32_t options)
 {
     constexpr double quarter = 90;
     constexpr double turn = 360;
@@ -186,12 +187,12 @@ void clsPDFCreator::State::Arc(double x, double y, double ray, double start, dou
     const auto count = static_cast<std::int64_t>(std::min(pieces, MostArcPieces));
     double angle = start * degree;
     auto [fromX, fromY] = onCircle(angle);
-    Move(fromX, fromY);
+    prMove(fromX, fromY);
     for (std::int64_t i = 1; i <= count; ++i) {
         const double next = start * degree + step * static_cast<double>(i);
         const auto [toX, toY] = onCircle(next);
-        Curve(fromX - k * std::sin(angle), fromY - k * std::cos(angle), toX + k * std::sin(next),
-              toY + k * std::cos(next), toX, toY, 0);
+        prCurve(fromX - k * std::sin(angle), fromY - k * std::cos(angle), toX + k * std::sin(next),
+                toY + k * std::cos(next), toX, toY, 0);
         angle = next;
         fromX = toX;
         fromY = toY;

@@ -16,7 +16,7 @@ void AppendNumbers(std::string& text, std::initializer_list<double> numbers)
 
 std::string Components(std::string_view color)
 {
-    return "[" + pdf::ColorNumbers(pdf::prNamedColor(InWindows1252(color))) + " ]";
+    return "[" + pdf::prColorNumbers(pdf::prNamedColor(InWindows1252(color))) + " ]";
 }
 
 } // namespace
@@ -26,69 +26,69 @@ void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float
 {
     constexpr std::int32_t uncoloured = 2;
     auto& out = m->Out;
-    m->Require(X1, Y1, X2, Y2, XStep, YStep);
-    m->RequireObjects(State::ObjectsOfDrawing);
+    m->prRequire(X1, Y1, X2, Y2, XStep, YStep);
+    m->prRequireObjects(State::ObjectsOfDrawing);
     const std::string name = InWindows1252(Name);
     pdf::prRequireName(name, State::PatternKind);
-    const auto points = [this](double units) { return m->InPoints(units); };
+    const auto points = [this](double units) { return m->prInPoints(units); };
 
     const std::int32_t tile = out.prInitObj(0);
     m->KeptForDrawing = 1; // its length
-    out.prLine("<< /Type /Pattern /PatternType 1 /PaintType ", PaintKind == uncoloured ? 2 : 1);
+    out.prPrint("<< /Type /Pattern /PatternType 1 /PaintType ", PaintKind == uncoloured ? 2 : 1);
     out.prWriteRaw("/TilingType 1");
-    out.prLine("/BBox [", points(X1), " ", points(Y1), " ", points(X2), " ", points(Y2), "]");
-    out.prLine("/XStep ", points(XStep), " /YStep ", points(YStep));
+    out.prPrint("/BBox [", points(X1), " ", points(Y1), " ", points(X2), " ", points(Y2), "]");
+    out.prPrint("/XStep ", points(XStep), " /YStep ", points(YStep));
     // The resources without patterns: a pattern never refers to itself.
     out.prWriteRaw("/Resources 5 0 R");
     out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
-    out.prLine("/Length ", tile + 1, " 0 R >>");
-    out.BeginStream();
+    out.prPrint("/Length ", tile + 1, " 0 R >>");
+    out.prBeginStream();
     m->PatternResources.append("/" + pdf::prName(name) + " " + std::to_string(tile) + " 0 R \r");
-    m->BeginDrawing();
-    if (X1 != 0 || Y1 != 0) out.prLine("1 0 0 1 ", points(X1), " ", points(Y1), " cm");
-    out.prLine("1 0 0 -1 0 ", points(static_cast<double>(Y2) - Y1), " cm");
+    m->prBeginDrawing();
+    if (X1 != 0 || Y1 != 0) out.prPrint("1 0 0 1 ", points(X1), " ", points(Y1), " cm");
+    out.prPrint("1 0 0 -1 0 ", points(static_cast<double>(Y2) - Y1), " cm");
 }
 
 void clsPDFCreator::EndTiling()
 {
-    m->Require();
-    m->Out.EndStream();
-    m->Out.WriteStreamLength();
+    m->prRequire();
+    m->Out.prEndStream();
+    m->Out.prWriteStreamLength();
     m->KeptForDrawing = 0;
 }
 
 void clsPDFCreator::SetLinearFill(const std::vector<std::string>& Colors, float X0, float Y0,
                                   float X1, float Y1, bool ExtendStart, bool ExtendEnd)
 {
-    m->Require(X0, Y0, X1, Y1);
-    const auto points = [this](double units) { return m->InPoints(units); };
-    m->UseGradient({"2", "/N 1 >>]"}, {points(X0), points(Y0), points(X1), points(Y1)}, Colors,
-                   ExtendStart, ExtendEnd);
+    m->prRequire(X0, Y0, X1, Y1);
+    const auto points = [this](double units) { return m->prInPoints(units); };
+    m->prUseGradient({"2", "/N 1 >>]"}, {points(X0), points(Y0), points(X1), points(Y1)}, Colors,
+                     ExtendStart, ExtendEnd);
 }
 
 void clsPDFCreator::SetRadialFill(const std::vector<std::string>& Colors, float X0, float Y0,
                                   float R0, float X1, float Y1, float R1, bool ExtendStart,
                                   bool ExtendEnd)
 {
-    m->Require(X0, Y0, R0, X1, Y1, R1);
-    const auto points = [this](double units) { return m->InPoints(units); };
-    m->UseGradient({"3", "/N 1.000 >>]"},
-                   {points(X0), points(Y0), points(R0), points(X1), points(Y1), points(R1)}, Colors,
-                   ExtendStart, ExtendEnd);
+    m->prRequire(X0, Y0, R0, X1, Y1, R1);
+    const auto points = [this](double units) { return m->prInPoints(units); };
+    m->prUseGradient({"3", "/N 1.000 >>]"},
+                     {points(X0), points(Y0), points(R0), points(X1), points(Y1), points(R1)},
+                     Colors, ExtendStart, ExtendEnd);
 }
 
 // A blend of the first and the last colour, kept for EndDoc and chosen as the fill at once. Its
 // space is turned upside down like the page's.
-void clsPDFCreator::State::UseGradient(const GradientKind& kind,
-                                       std::initializer_list<double> coordinates,
-                                       const std::vector<std::string>& colors, bool extendStart,
-                                       bool extendEnd)
+void clsPDFCreator::State::prUseGradient(const GradientKind& kind,
+                                         std::initializer_list<double> coordinates,
+                                         const std::vector<std::string>& colors, bool extendStart,
+                                         bool extendEnd)
 {
     if (colors.empty()) {
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "una sfumatura vuole dei colori",
                             "clsPDFCreator");
     }
-    KeepObjects(1);
+    prKeepObjects(1);
     std::string text = "<<\r/Type /Pattern\r/PatternType 2\r/Matrix [ 1 0 0 -1 0";
     AppendNumbers(text, {PageHeight});
     text.append("]\r/Shading <<\r/ShadingType ").append(kind.ShadingType);
@@ -101,11 +101,11 @@ void clsPDFCreator::State::UseGradient(const GradientKind& kind,
     text.append(Components(colors.front())).append("\r/C1 ").append(Components(colors.back()));
     text.append("\r").append(kind.Exponent).append("\r/Bounds [] /Encode [0 1 ]\r>>\r>>\r>>");
     Gradients.push_back(std::move(text));
-    SetFill("SHAD_" + std::to_string(Gradients.size()) + "_ING");
+    prSetFill("SHAD_" + std::to_string(Gradients.size()) + "_ING");
     FillChosen = true;
 }
 
-void clsPDFCreator::State::WriteGradients()
+void clsPDFCreator::State::prWriteGradients()
 {
     std::size_t number = 0;
     for (const std::string& gradient : Gradients) {

@@ -208,140 +208,141 @@ struct clsPDFCreator::State
 
     // Raises what every drawing operation raises first: no open document, a number not finite.
     template <typename... Numbers>
-    void Require(Numbers... numbers) const
+    void prRequire(Numbers... numbers) const
     {
-        Out.RequireOpen();
-        RequireFinite(numbers...);
+        Out.prRequireOpen();
+        prRequireFinite(numbers...);
     }
     template <typename... Numbers>
-    static void RequireFinite(Numbers... numbers)
+    static void prRequireFinite(Numbers... numbers)
     {
-        if (!(true && ... && std::isfinite(numbers))) NotFinite();
+        if (!(true && ... && std::isfinite(numbers))) prNotFinite();
     }
-    [[noreturn]] static void NotFinite();
+    [[noreturn]] static void prNotFinite();
 
     // Raises error 6 unless there are so many more objects besides those kept back. While there is
     // no page, one is kept back, too: no reader opens a document without.
-    void RequireObjects(std::int32_t more) const;
+    void prRequireObjects(std::int32_t more) const;
 
     // The same, and keeps them back for EndDoc.
-    void KeepObjects(std::int32_t more);
+    void prKeepObjects(std::int32_t more);
 
     // Points to user units; 0 while the unit has no length.
-    float InUnits(float points) const
+    float prInUnits(float points) const
     {
         return Scale == 0 ? 0 : pdf::prFloat(points / static_cast<double>(Scale));
     }
-    double Units(double points) const { return Scale == 0 ? 0 : points / Scale; }
-    double InPoints(double units) const { return units * Scale; }
-    void SetCurrent(double x, double y) { Current = {pdf::prFloat(x), pdf::prFloat(y)}; }
+    double prUnits(double points) const { return Scale == 0 ? 0 : points / Scale; }
+    double prInPoints(double units) const { return units * Scale; }
+    void prSetCurrent(double x, double y) { Current = {pdf::prFloat(x), pdf::prFloat(y)}; }
 
     // ---- _Core, _Metadata
-    std::string UnnamedFile() const;
-    std::string InfoText() const;
+    std::string prUnnamedFile() const;
+    std::string prInfoText() const;
 
     // Writes the head of a file just opened, with that text as its information dictionary.
-    void BeginFile(const std::string& info);
-    void WriteCatalog(std::int32_t outlines, std::int32_t metadata);
-    std::string Resources(bool withPatterns) const;
-    void WritePageTree();
-    void WriteDictionary(std::int32_t number, std::string_view text);
-    std::int32_t WriteMetadata();
-    std::string PacketOfLength(std::size_t length) const;
+    void prBeginFile(const std::string& info);
+    void prWriteCatalog(std::int32_t outlines, std::int32_t metadata);
+    std::string prResources(bool withPatterns) const;
+    void prWritePageTree();
+    void prWriteDictionary(std::int32_t number, std::string_view text);
+    std::int32_t prWriteMetadata();
+    std::string prPacketOfLength(std::size_t length) const;
     std::string prXMPPacket() const;
 
     // ---- _Pages, _Forms
-    void BeginDrawing(); // the line width, fill and tables that every page and form begins with
-    void AppendPageLabel(std::int32_t style, std::string_view prefix, std::int32_t firstValue);
-    void WriteAnnotations(std::int32_t lengthObject);
+    void prBeginDrawing(); // the line width, fill and tables that every page and form begins with
+    void prAppendPageLabel(std::int32_t style, std::string_view prefix, std::int32_t firstValue);
+    void prWriteAnnotations(std::int32_t lengthObject);
     void prPlayObject(std::string_view name);
     void prPlayAutoObjects(bool atEnd);
 
     // ---- _Navigation
     template <typename... Numbers>
-    void RequireAnnotation(Numbers... numbers) const
+    void prRequireAnnotation(Numbers... numbers) const
     {
-        Require(numbers...);
-        RequireObjects(1);
+        prRequire(numbers...);
+        prRequireObjects(1);
     }
-    void AddAnnotation(std::string annotation);
-    double FromBottom(double y) const; // user units from the top to points from the bottom
-    std::array<double, 4> AnnotationRect(double x, double y, double width, double height) const;
-    std::string Destination(std::int32_t fitMode, double left, double top, double right,
-                            double bottom, double zoom) const;
-    std::vector<OutlineItem> OutlineTree() const;
+    void prAddAnnotation(std::string annotation);
+    double prFromBottom(double y) const; // user units from the top to points from the bottom
+    std::array<double, 4> prAnnotationRect(double x, double y, double width, double height) const;
+    std::string prDestination(std::int32_t fitMode, double left, double top, double right,
+                              double bottom, double zoom) const;
+    std::vector<OutlineItem> prOutlineTree() const;
     std::int32_t prWriteOutlines();
-    void WriteSiblings(const std::vector<std::size_t>& children, std::size_t item,
-                       std::int32_t firstObject);
+    void prWriteSiblings(const std::vector<std::size_t>& children, std::size_t item,
+                         std::int32_t firstObject);
 
     // ---- _Images
-    std::int32_t ImageOf(const std::string& fileName, std::string_view key);
+    std::int32_t prImageOf(const std::string& fileName, std::string_view key);
     void prWriteImages();
-    void WriteImage(std::int32_t number, std::int32_t object, pdf::Picture& picture);
-    void WritePalette(std::string palette);
+    void prWriteImage(std::int32_t number, std::int32_t object, pdf::Picture& picture);
+    void prWritePalette(std::string palette);
 
     // ---- _Patterns
-    void UseGradient(const GradientKind& kind, std::initializer_list<double> coordinates,
-                     const std::vector<std::string>& colors, bool extendStart, bool extendEnd);
-    void WriteGradients();
+    void prUseGradient(const GradientKind& kind, std::initializer_list<double> coordinates,
+                       const std::vector<std::string>& colors, bool extendStart, bool extendEnd);
+    void prWriteGradients();
 
     // ---- _Barcodes. Lengths in user units
-    void DrawModules(double x, double y, std::string_view modules, double module, double height);
-    void DrawEanText(std::size_t font, double x, double y, const std::string& digits,
-                     double module);
-    std::size_t BarcodeFont();
-    void DrawBarcodeText(std::size_t font, const std::vector<BarcodeText>& texts, double y,
-                         double size);
+    void prDrawModules(double x, double y, std::string_view modules, double module, double height);
+    void prDrawEanText(std::size_t font, double x, double y, const std::string& digits,
+                       double module);
+    std::size_t prBarcodeFont();
+    void prDrawBarcodeText(std::size_t font, const std::vector<BarcodeText>& texts, double y,
+                           double size);
 
     // ---- _Fonts
-    FontRequest& RequestOf(std::string_view family, std::int32_t style);
-    std::size_t FindFont(FontRequest& request) const;
-    std::size_t AddStandardFont(FontRequest& request);
+    FontRequest& prRequestOf(std::string_view family, std::int32_t style);
+    std::size_t prFindFont(FontRequest& request) const;
+    std::size_t prAddStandardFont(FontRequest& request);
     void prWriteFonts();
-    void WriteWidths(std::int32_t object, const TrueType& font);
-    void WriteDescriptor(std::int32_t object, const TrueType& font);
-    std::int32_t FontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
-    pdf::TextMetrics Metrics() const;
-    double TextWidth(std::string_view text) const;
-    void RequireFont() const;
+    void prWriteWidths(std::int32_t object, const TrueType& font);
+    void prWriteDescriptor(std::int32_t object, const TrueType& font);
+    std::int32_t prFontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
+    pdf::TextMetrics prMetrics() const;
+    double prTextWidth(std::string_view text) const;
+    void prRequireFont() const;
 
     // ---- _Text. Texts in Windows-1252
-    void WriteText(double x, double y, std::string_view text, double angle);
-    void WriteTextMatrix(double x, double y, double angle);
-    void DrawDecorations(double x, double y, std::string_view text, double angle);
-    void WriteLine(const pdf::TextLine& line, double width, double indent, std::int32_t alignment);
-    double FirstBaseline(double y, double height, double leading, std::size_t lines,
-                         std::int32_t options) const;
+    void prWriteText(double x, double y, std::string_view text, double angle);
+    void prTextMatrix(double x, double y, double angle);
+    void prDrawDecorations(double x, double y, std::string_view text, double angle);
+    void prWriteLine(const pdf::TextLine& line, double width, double indent,
+                     std::int32_t alignment);
+    double prFirstBaseline(double y, double height, double leading, std::size_t lines,
+                           std::int32_t options) const;
 
     // ---- _Colors, _Paths, _Axes. Lengths in user units
     static constexpr std::string_view PatternKind = "una trama"; // in messages about its name
-    static std::string Resolved(std::string_view color);
-    static std::string Ink(std::string_view patternColor);
-    void SetFill(std::string_view color, std::string_view patternColor = {});
-    void SetLine(std::string_view color, std::string_view patternColor = {});
-    void WriteFill(const Paint& paint);
-    void WriteLineColor(const Paint& paint);
-    void WritePattern(std::string_view space, std::string_view use, const Paint& paint);
-    void SetLineWidth(double width);
-    void SetDash(double on, double off);
+    static std::string prResolved(std::string_view color);
+    static std::string prInk(std::string_view patternColor);
+    void prSetFill(std::string_view color, std::string_view patternColor = {});
+    void prSetLine(std::string_view color, std::string_view patternColor = {});
+    void prWriteFill(const Paint& paint);
+    void prWriteLineColor(const Paint& paint);
+    void prWritePattern(std::string_view space, std::string_view use, const Paint& paint);
+    void prSetLineWidth(double width);
+    void prSetDash(double on, double off);
     void prPaintOp(std::int32_t options);
-    void Move(double x, double y);
-    void LineTo(double x, double y, std::int32_t options);
-    void Curve(double x1, double y1, double x2, double y2, double x3, double y3,
-               std::int32_t options);
-    void ShortCurve(double x1, double y1, double x3, double y3, std::string_view operation,
-                    std::int32_t options);
-    void Rectangle(double x, double y, double width, double height, std::int32_t options);
-    void RoundRectangle(double x, double y, double width, double height, double radius,
-                        std::int32_t options);
-    void Ellipse(double x, double y, double rayX, double rayY, std::int32_t options);
+    void prMove(double x, double y);
+    void prLineTo(double x, double y, std::int32_t options);
+    void prCurve(double x1, double y1, double x2, double y2, double x3, double y3,
+                 std::int32_t options);
+    void prShortCurve(double x1, double y1, double x3, double y3, std::string_view operation,
+                      std::int32_t options);
+    void prRectangle(double x, double y, double width, double height, std::int32_t options);
+    void prRoundRectangle(double x, double y, double width, double height, double radius,
+                          std::int32_t options);
+    void prEllipse(double x, double y, double rayX, double rayY, std::int32_t options);
     static constexpr double MostArcPieces = 4000;
-    void Arc(double x, double y, double ray, double start, double end, std::int32_t options);
-    void Rotate(double angle);
-    void OpenSpace(double x, double y, double scalingX = 1, double scalingY = 1);
+    void prArc(double x, double y, double ray, double start, double end, std::int32_t options);
+    void prRotate(double angle);
+    void prOpenSpace(double x, double y, double scalingX = 1, double scalingY = 1);
 
     // ---- _Tables
-    Style StyleOf(std::string_view fill, float lineWidth, std::string_view lineColor,
-                  const Style& inherited) const;
-    void PaintFrame(const Style& style, double width, double height);
+    Style prStyleOf(std::string_view fill, float lineWidth, std::string_view lineColor,
+                    const Style& inherited) const;
+    void prPaintFrame(const Style& style, double width, double height);
 };

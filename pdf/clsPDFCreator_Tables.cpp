@@ -7,10 +7,10 @@
 void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, float LineWidth,
                                std::string_view LineColor)
 {
-    m->Require(X, Y, LineWidth);
+    m->prRequire(X, Y, LineWidth);
     const State::Style present = {m->FillChosen ? m->FillColor : State::Paint{},
-                                  m->InUnits(m->LineWidth), m->LineColor};
-    State::Style style = m->StyleOf(FillColor, LineWidth, LineColor, present);
+                                  m->prInUnits(m->LineWidth), m->LineColor};
+    State::Style style = m->prStyleOf(FillColor, LineWidth, LineColor, present);
     auto& table = m->Table;
     if (table.CellOpen) {
         // The table around that cell waits for the end of this one, which starts anew.
@@ -21,21 +21,21 @@ void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, flo
     table.Origin = {X, Y};
     table.RowPosition = table.Origin;
     table.CellWidth = 0;
-    m->SetCurrent(m->InPoints(X), m->InPoints(Y));
+    m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
     m->Out.prWriteRaw("q");
-    m->Out.prLine(m->InPoints(table.OwnStyle.LineWidth), " w");
+    m->Out.prPrint(m->prInPoints(table.OwnStyle.LineWidth), " w");
 }
 
 void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float LineWidth,
                              std::string_view LineColor)
 {
-    m->Require(Height, LineWidth);
+    m->prRequire(Height, LineWidth);
     auto& table = m->Table;
-    table.RowStyle = m->StyleOf(FillColor, LineWidth, LineColor, table.OwnStyle);
+    table.RowStyle = m->prStyleOf(FillColor, LineWidth, LineColor, table.OwnStyle);
     table.RowHeight = Height;
-    m->OpenSpace(table.RowPosition.X, table.RowPosition.Y);
+    m->prOpenSpace(table.RowPosition.X, table.RowPosition.Y);
     // As wide as the cell begun last, not as all of the row's, on purpose.
-    m->PaintFrame(table.RowStyle, table.CellWidth, Height);
+    m->prPaintFrame(table.RowStyle, table.CellWidth, Height);
     table.CellX = 0;
     m->Current = {};
     table.RowOpen = true;
@@ -43,7 +43,7 @@ void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float Lin
 
 void clsPDFCreator::EndRow()
 {
-    m->Require();
+    m->prRequire();
     auto& table = m->Table;
     if (!table.RowOpen) return;
     m->Out.prWriteRaw("Q");
@@ -54,19 +54,19 @@ void clsPDFCreator::EndRow()
 void clsPDFCreator::BeginColumn(float Width, std::string_view FillColor, float LineWidth,
                                 std::string_view LineColor)
 {
-    m->Require(Width, LineWidth);
+    m->prRequire(Width, LineWidth);
     auto& table = m->Table;
-    const auto style = m->StyleOf(FillColor, LineWidth, LineColor, table.RowStyle);
+    const auto style = m->prStyleOf(FillColor, LineWidth, LineColor, table.RowStyle);
     table.CellWidth = Width;
-    m->OpenSpace(table.CellX, 0);
-    m->PaintFrame(style, Width, table.RowHeight);
+    m->prOpenSpace(table.CellX, 0);
+    m->prPaintFrame(style, Width, table.RowHeight);
     m->Current = {};
     table.CellOpen = true;
 }
 
 void clsPDFCreator::EndColumn()
 {
-    m->Require();
+    m->prRequire();
     auto& table = m->Table;
     if (!table.CellOpen) return;
     m->Out.prWriteRaw("Q");
@@ -76,43 +76,43 @@ void clsPDFCreator::EndColumn()
 
 void clsPDFCreator::EndTable()
 {
-    m->Require();
+    m->prRequire();
     m->Out.prWriteRaw("Q");
-    m->SetCurrent(m->InPoints(m->Table.Origin.X), m->InPoints(m->Table.Origin.Y));
+    m->prSetCurrent(m->prInPoints(m->Table.Origin.X), m->prInPoints(m->Table.Origin.Y));
     if (m->OuterTables.empty()) return;
     m->Table = std::move(m->OuterTables.back());
     m->OuterTables.pop_back();
 }
 
-clsPDFCreator::State::Style clsPDFCreator::State::StyleOf(std::string_view fill, float lineWidth,
-                                                          std::string_view lineColor,
-                                                          const Style& inherited) const
+clsPDFCreator::State::Style clsPDFCreator::State::prStyleOf(std::string_view fill, float lineWidth,
+                                                            std::string_view lineColor,
+                                                            const Style& inherited) const
 {
     constexpr float keep = -1;
     Style style = inherited;
-    if (!fill.empty()) style.Fill = {Resolved(fill), {}};
+    if (!fill.empty()) style.Fill = {prResolved(fill), {}};
     if (lineWidth != keep) style.LineWidth = lineWidth;
-    if (!lineColor.empty()) style.LineColor = {Resolved(lineColor), {}};
+    if (!lineColor.empty()) style.LineColor = {prResolved(lineColor), {}};
     return style;
 }
 
 // Background and frame of a row or cell at the origin. The background keeps half a line away from
 // the edge, so that the frame is not covered; fill, line width and line colour are then written as
 // they were before.
-void clsPDFCreator::State::PaintFrame(const Style& style, double width, double height)
+void clsPDFCreator::State::prPaintFrame(const Style& style, double width, double height)
 {
     const double line = style.LineWidth;
     if (!style.Fill.Color.empty()) {
-        WriteFill(style.Fill);
-        Rectangle(line / 2, line / 2, width - line, height - line, 4);
-        WriteFill(FillColor);
+        prWriteFill(style.Fill);
+        prRectangle(line / 2, line / 2, width - line, height - line, 4);
+        prWriteFill(FillColor);
     }
     if (line != 0) {
-        if (line > 0) Out.prLine(InPoints(line), " w");
+        if (line > 0) Out.prPrint(prInPoints(line), " w");
         Out.prWriteRaw("[ ] 0 d");
-        WriteLineColor(style.LineColor);
-        Rectangle(0, 0, width, height, 1);
-        Out.prLine(LineWidth, " w\r\n[ ] 0 d");
-        WriteLineColor(LineColor);
+        prWriteLineColor(style.LineColor);
+        prRectangle(0, 0, width, height, 1);
+        Out.prPrint(LineWidth, " w\r\n[ ] 0 d");
+        prWriteLineColor(LineColor);
     }
 }

@@ -34,73 +34,73 @@ double Radians(double degrees)
 
 void clsPDFCreator::SetWordSpacing(float W)
 {
-    m->Require(W);
+    m->prRequire(W);
     m->WordSpacing = W;
-    m->Out.prLine(W, " Tw");
+    m->Out.prPrint(W, " Tw");
 }
 
 void clsPDFCreator::SetCharSpacing(float W)
 {
-    m->Require(W);
+    m->prRequire(W);
     m->CharSpacing = W;
-    m->Out.prLine(W, " Tc");
+    m->Out.prPrint(W, " Tc");
 }
 
 void clsPDFCreator::SetTextHorizontalScaling(float W)
 {
-    m->Require(W);
+    m->prRequire(W);
     m->HorizontalScaling = W;
-    m->Out.prLine(W, " Tz");
+    m->Out.prPrint(W, " Tz");
 }
 
 void clsPDFCreator::SetTextRenderingMode(std::int32_t W)
 {
-    m->Require();
-    m->Out.prLine(W, " Tr");
+    m->prRequire();
+    m->Out.prPrint(W, " Tr");
 }
 
 void clsPDFCreator::DrawText(float X, float Y, std::string_view Text, std::int32_t Options,
                              float Angle)
 {
-    m->Require(X, Y, Angle);
-    m->RequireFont();
+    m->prRequire(X, Y, Angle);
+    m->prRequireFont();
     const std::string text = InWindows1252(Text);
     double x = X;
     const std::int32_t alignment = Options & LineAlignment;
-    if (alignment == AlignRight) x -= m->TextWidth(text);
-    if (alignment == AlignCentre) x -= m->TextWidth(text) / 2;
-    const double left = m->InPoints(x);
-    const double baseline = m->InPoints(Y);
-    m->SetCurrent(left, baseline + m->FontSize);
+    if (alignment == AlignRight) x -= m->prTextWidth(text);
+    if (alignment == AlignCentre) x -= m->prTextWidth(text) / 2;
+    const double left = m->prInPoints(x);
+    const double baseline = m->prInPoints(Y);
+    m->prSetCurrent(left, baseline + m->FontSize);
 
-    m->WriteText(left, baseline, text, Angle);
-    m->DrawDecorations(left, baseline, text, Angle);
+    m->prWriteText(left, baseline, text, Angle);
+    m->prDrawDecorations(left, baseline, text, Angle);
 }
 
 std::int16_t clsPDFCreator::DrawTextBox(float X, float Y, float Width, float Height,
                                         std::string_view Text, float LineSpacing, float Indent,
                                         std::int32_t Options, float Angle)
 {
-    m->Require(X, Y, Width, Height, LineSpacing, Indent, Angle);
-    m->RequireFont();
+    m->prRequire(X, Y, Width, Height, LineSpacing, Indent, Angle);
+    m->prRequireFont();
     std::string text = InWindows1252(Text);
-    pdf::NormalizeText(text);
+    pdf::prNormalizeText(text);
     auto& lines = m->Lines;
-    pdf::BreakLines(text, Width, Indent, m->Metrics(), lines);
+    pdf::prBreakLines(text, Width, Indent, m->prMetrics(), lines);
     pdf::prRequireRoom(
         static_cast<std::int32_t>(std::min<std::size_t>(lines.size() - 1, pdf::LargestCount)),
         "righe in un riquadro di testo");
 
     auto& out = m->Out;
     const double leading = static_cast<double>(LineSpacing) * m->FontSize;
-    out.prLine("BT\r\n/_FNT_", m->FontNumber(), " ", m->FontSize, " Tf ", leading,
-               " TL\r\n1 0 0 -1 0 ", m->PageHeight, " Tm");
-    m->WriteTextMatrix(m->InPoints(X), m->FirstBaseline(Y, Height, leading, lines.size(), Options),
-                       Angle);
-    out.prLine("");
-    for (const auto& line : lines) m->WriteLine(line, Width, Indent, Options & BoxAlignment);
-    out.prLine("\r\nET");
-    m->SetCurrent(m->InPoints(X), m->InPoints(Y));
+    out.prPrint("BT\r\n/_FNT_", m->prFontNumber(), " ", m->FontSize, " Tf ", leading,
+                " TL\r\n1 0 0 -1 0 ", m->PageHeight, " Tm");
+    m->prTextMatrix(m->prInPoints(X), m->prFirstBaseline(Y, Height, leading, lines.size(), Options),
+                    Angle);
+    out.prPrint("");
+    for (const auto& line : lines) m->prWriteLine(line, Width, Indent, Options & BoxAlignment);
+    out.prPrint("\r\nET");
+    m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
     return static_cast<std::int16_t>(lines.size());
 }
 
@@ -111,18 +111,18 @@ std::int16_t clsPDFCreator::DrawParagraph(float X, float Y, float Width, float H
     return DrawTextBox(X, Y, Width, Height, Text, LineSpacing, Indent, Options, Angle);
 }
 
-void clsPDFCreator::State::WriteText(double x, double y, std::string_view text, double angle)
+void clsPDFCreator::State::prWriteText(double x, double y, std::string_view text, double angle)
 {
     const double size = FontSize;
-    Out.prLine("BT\r\n/_FNT_", FontNumber(), " ", size, " Tf ", size, " TL");
-    WriteTextMatrix(x, y, angle);
-    Out.prLine(" (", pdf::Escaped{text}, ") Tj\r\nET");
+    Out.prPrint("BT\r\n/_FNT_", prFontNumber(), " ", size, " Tf ", size, " TL");
+    prTextMatrix(x, y, angle);
+    Out.prPrint(" (", pdf::Escaped{text}, ") Tj\r\nET");
 }
 
 // The matrix that puts text at (x, y), without the end of its line. Its last two entries undo the
 // page's turning upside down, so that letters stand upright; positive angles turn counterclockwise
 // as seen.
-void clsPDFCreator::State::WriteTextMatrix(double x, double y, double angle)
+void clsPDFCreator::State::prTextMatrix(double x, double y, double angle)
 {
     if (angle == 0) return Out.prPart("1 0 0 -1 ", x, " ", y, " Tm");
     const double cosine = std::cos(Radians(angle));
@@ -130,7 +130,8 @@ void clsPDFCreator::State::WriteTextMatrix(double x, double y, double angle)
     Out.prPart(cosine, " ", -sine, " ", -sine, " ", -cosine, " ", x, " ", y, " Tm");
 }
 
-void clsPDFCreator::State::DrawDecorations(double x, double y, std::string_view text, double angle)
+void clsPDFCreator::State::prDrawDecorations(double x, double y, std::string_view text,
+                                             double angle)
 {
     // Distances from the baseline, downward, and the width of the lines, as parts of the size.
     struct Decoration
@@ -143,23 +144,23 @@ void clsPDFCreator::State::DrawDecorations(double x, double y, std::string_view 
 
     if ((FontStyle & (Underline | Overline | StrikeOut)) == 0) return;
     const double size = FontSize;
-    const double length = InPoints(TextWidth(text));
-    Out.prLine(size / widthPart, " w ");
+    const double length = prInPoints(prTextWidth(text));
+    Out.prPrint(size / widthPart, " w ");
     Out.prWriteRaw("q");
-    Out.prLine("1 0 0 1 ", x, " ", y, " cm");
-    if (angle != 0) Rotate(-angle);
+    Out.prPrint("1 0 0 1 ", x, " ", y, " cm");
+    if (angle != 0) prRotate(-angle);
     for (const auto& [style, distance] : decorations) {
         if ((FontStyle & style) == 0) continue;
         const double line = distance * size;
-        Out.prLine("0 ", line, " m ", length, " ", line, " l S");
+        Out.prPrint("0 ", line, " m ", length, " ", line, " l S");
     }
     Out.prWriteRaw("Q");
-    Out.prLine(LineWidth, " w"); // the "w" above stands outside the saved state
+    Out.prPrint(LineWidth, " w"); // the "w" above stands outside the saved state
 }
 
 // One line of a box: offset or word spacing, the text, and what undoes the offset or spacing.
-void clsPDFCreator::State::WriteLine(const pdf::TextLine& line, double width, double indent,
-                                     std::int32_t alignment)
+void clsPDFCreator::State::prWriteLine(const pdf::TextLine& line, double width, double indent,
+                                       std::int32_t alignment)
 {
     const double firstIndent = line.FirstOfParagraph ? indent : 0;
     const double room = width - line.Width;
@@ -171,16 +172,16 @@ void clsPDFCreator::State::WriteLine(const pdf::TextLine& line, double width, do
         alignment == AlignRight || alignment == AlignCentre || (known && firstIndent != 0);
     const bool justified = alignment == AlignJustified && line.Blanks > 0 && !line.LastOfParagraph;
 
-    if (justified) Out.prPart(InPoints(room) / line.Blanks, " Tw ");
-    if (moved) Out.prPart(InPoints(offset), " 0 Td ");
+    if (justified) Out.prPart(prInPoints(room) / line.Blanks, " Tw ");
+    if (moved) Out.prPart(prInPoints(offset), " 0 Td ");
     Out.prPart("(", pdf::Escaped{line.Text}, ") Tj ");
     if (justified) Out.prPart(WordSpacing, " Tw ");
-    if (moved) Out.prPart(InPoints(-offset), " 0 Td ");
+    if (moved) Out.prPart(prInPoints(-offset), " 0 Td ");
     Out.prPart("T*\r");
 }
 
-double clsPDFCreator::State::FirstBaseline(double y, double height, double leading,
-                                           std::size_t lines, std::int32_t options) const
+double clsPDFCreator::State::prFirstBaseline(double y, double height, double leading,
+                                             std::size_t lines, std::int32_t options) const
 {
     constexpr double thousandths = 1000;
     constexpr double percent = 100;
@@ -188,10 +189,10 @@ double clsPDFCreator::State::FirstBaseline(double y, double height, double leadi
     const double descent = Fonts[CurrentFont - 1].Metrics.Descent * static_cast<double>(FontSize) /
                            thousandths * HorizontalScaling / percent;
     if ((options & AlignMiddle) != 0) {
-        return InPoints(y + height / 2) + leading / 2 * (2 - count) + descent;
+        return prInPoints(y + height / 2) + leading / 2 * (2 - count) + descent;
     }
     if ((options & AlignBottom) != 0) {
-        return InPoints(y + height) - leading * (count - 1) + descent;
+        return prInPoints(y + height) - leading * (count - 1) + descent;
     }
-    return InPoints(y) + leading + descent;
+    return prInPoints(y) + leading + descent;
 }

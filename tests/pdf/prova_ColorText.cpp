@@ -11,7 +11,7 @@
 #include <limits>
 #include <string>
 
-using pdf::ColorComponents;
+using pdf::prColorComponents;
 using pdf::prNamedColor;
 
 namespace {
@@ -72,31 +72,31 @@ TEST(PrNamedColor, OgniAltroTestoRestaComeSta)
     EXPECT_EQ(prNamedColor(""), "");
 }
 
-TEST(ColorComponents, CoppieDiCifreEsadecimali)
+TEST(prColorComponents, CoppieDiCifreEsadecimali)
 {
-    EXPECT_EQ(ColorComponents("#FF8000"), (Componenti{255, 128, 0}));
-    EXPECT_EQ(ColorComponents("#a0B1c2"), (Componenti{160, 177, 194}));
+    EXPECT_EQ(prColorComponents("#FF8000"), (Componenti{255, 128, 0}));
+    EXPECT_EQ(prColorComponents("#a0B1c2"), (Componenti{160, 177, 194}));
 }
 
-TEST(ColorNumbers, OgniComponenteEUnaParteDiUnoInMillesimi)
+TEST(prColorNumbers, OgniComponenteEUnaParteDiUnoInMillesimi)
 {
     for (int componente = 0; componente <= 255; ++componente) {
         const std::string atteso = pdf::prNumber(componente / 255.0, 3);
-        EXPECT_EQ(pdf::ColorNumbers(pdf::ColorDigits({componente, 0, 255})), atteso + " 0 1");
-        EXPECT_EQ(pdf::ColorNumbers(pdf::ColorDigits({255, componente, componente})),
+        EXPECT_EQ(pdf::prColorNumbers(pdf::prColorDigits({componente, 0, 255})), atteso + " 0 1");
+        EXPECT_EQ(pdf::prColorNumbers(pdf::prColorDigits({255, componente, componente})),
                   "1 " + atteso + " " + atteso);
     }
-    EXPECT_EQ(pdf::ColorNumbers("#010101"), "0.004 0.004 0.004"); // none is longer
+    EXPECT_EQ(pdf::prColorNumbers("#010101"), "0.004 0.004 0.004"); // none is longer
 }
 
-TEST(ColorComponents, LeCifreCheMancanoValgonoZero)
+TEST(prColorComponents, LeCifreCheMancanoValgonoZero)
 {
-    EXPECT_EQ(ColorComponents("#"), (Componenti{0, 0, 0}));
-    EXPECT_EQ(ColorComponents("#FF"), (Componenti{255, 0, 0}));
-    EXPECT_EQ(ColorComponents("#FFA"), (Componenti{255, 10, 0}));
-    EXPECT_EQ(ColorComponents("#FF00B"), (Componenti{255, 0, 11}));
-    EXPECT_EQ(ColorComponents("#GG1G#1"), (Componenti{0, 1, 0}));
-    EXPECT_EQ(ColorComponents("#0102030405"), (Componenti{1, 2, 3}));
+    EXPECT_EQ(prColorComponents("#"), (Componenti{0, 0, 0}));
+    EXPECT_EQ(prColorComponents("#FF"), (Componenti{255, 0, 0}));
+    EXPECT_EQ(prColorComponents("#FFA"), (Componenti{255, 10, 0}));
+    EXPECT_EQ(prColorComponents("#FF00B"), (Componenti{255, 0, 11}));
+    EXPECT_EQ(prColorComponents("#GG1G#1"), (Componenti{0, 1, 0}));
+    EXPECT_EQ(prColorComponents("#0102030405"), (Componenti{1, 2, 3}));
 }
 
 TEST(ToColor, TreValoriSonoRossoVerdeBlu)

@@ -63,9 +63,9 @@ std::string Jpeg()
 
 } // namespace
 
-TEST(ReadBmp, DuePixelVeri)
+TEST(prReadBMP, DuePixelVeri)
 {
-    const Picture figura = ReadBmp(Bitmap(), nomeFile);
+    const Picture figura = prReadBMP(Bitmap(), nomeFile);
     EXPECT_EQ(figura.Width, 2);
     EXPECT_EQ(figura.Height, 1);
     EXPECT_EQ(figura.BitsPerPixel, 24);
@@ -74,64 +74,65 @@ TEST(ReadBmp, DuePixelVeri)
     EXPECT_EQ(figura.Palette, "");
 }
 
-TEST(ReadBmp, DuePixelCompressi)
+TEST(prReadBMP, DuePixelCompressi)
 {
-    const Picture figura = ReadBmp(BitmapCompressa(), nomeFile);
+    const Picture figura = prReadBMP(BitmapCompressa(), nomeFile);
     EXPECT_EQ(figura.BitsPerPixel, 8);
     EXPECT_EQ(figura.Pixels, "\0\0"s);
     EXPECT_EQ(figura.Palette, "\3\2\1"s);
 }
 
-TEST(ReadBmp, IlRiempimentoDellUltimaRigaPuoMancare)
+TEST(prReadBMP, IlRiempimentoDellUltimaRigaPuoMancare)
 {
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap().substr(0, 60)), "letta");
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap().substr(0, 59)),
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap().substr(0, 60)), "letta");
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap().substr(0, 59)),
               "le dimensioni dichiarate superano quanto il file contiene");
 }
 
-TEST(ReadBmp, OgniRifiutoDiceIlMotivo)
+TEST(prReadBMP, OgniRifiutoDiceIlMotivo)
 {
-    EXPECT_EQ(Motivo(ReadBmp, ""), "il file finisce prima del previsto");
-    EXPECT_EQ(Motivo(ReadBmp, "GIF89a"), "non è una bitmap di Windows");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(Bitmap(), 14, "\x40")),
+    EXPECT_EQ(Motivo(prReadBMP, ""), "il file finisce prima del previsto");
+    EXPECT_EQ(Motivo(prReadBMP, "GIF89a"), "non è una bitmap di Windows");
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(Bitmap(), 14, "\x40")),
               "bitmap con un'intestazione di 64 byte, che non si legge");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(Bitmap(), 18, "\0"s)), "l'immagine non ha pixel");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(Bitmap(), 21, "\xFF")),
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(Bitmap(), 18, "\0"s)), "l'immagine non ha pixel");
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(Bitmap(), 21, "\xFF")),
               "la larghezza dell'immagine è negativa");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(Bitmap(), 22, "\0\0\0\x80"s)), "l'immagine è troppo alta");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(Bitmap(), 28, "\2")),
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(Bitmap(), 22, "\0\0\0\x80"s)), "l'immagine è troppo alta");
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(Bitmap(), 28, "\2")),
               "bitmap con 2 bit per pixel e compressione 0, che non si legge");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(Bitmap(), 30, "\4")),
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(Bitmap(), 30, "\4")),
               "bitmap con 24 bit per pixel e compressione 4, che non si legge");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(Bitmap(), 21, "\x7F")),
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(Bitmap(), 21, "\x7F")),
               "le dimensioni dichiarate superano quanto il file contiene");
 }
 
-TEST(ReadBmp, MaschereConBuchi)
+TEST(prReadBMP, MaschereConBuchi)
 {
     std::string byte = Cambia(Bitmap(), 28, "\x20\0\3"s);
     byte = Cambia(byte.substr(0, 54), 10, "\x42");
     const std::string maschere = "\0\0\xFF\0\0\xFF\0\0\x0F\0\0\0"s;
-    EXPECT_EQ(Motivo(ReadBmp, byte + maschere + "\0\0\0\0\0\0\0\0"s), "letta");
-    EXPECT_EQ(Motivo(ReadBmp, byte + Cambia(maschere, 8, "\x0D") + "\0\0\0\0\0\0\0\0"s),
+    EXPECT_EQ(Motivo(prReadBMP, byte + maschere + "\0\0\0\0\0\0\0\0"s), "letta");
+    EXPECT_EQ(Motivo(prReadBMP, byte + Cambia(maschere, 8, "\x0D") + "\0\0\0\0\0\0\0\0"s),
               "una maschera di colore della bitmap ha dei buchi");
 }
 
-TEST(ReadBmp, ICodiciCheMancanoONonVannoDAccordo)
+TEST(prReadBMP, ICodiciCheMancanoONonVannoDAccordo)
 {
     const std::string byte = BitmapCompressa();
-    EXPECT_EQ(Motivo(ReadBmp, byte.substr(0, byte.size() - 1)),
+    EXPECT_EQ(Motivo(prReadBMP, byte.substr(0, byte.size() - 1)),
               "il file finisce prima del previsto");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(byte, 22, "\xFF\xFF\xFF\xFF")),
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(byte, 22, "\xFF\xFF\xFF\xFF")),
               "bitmap compressa con le righe dall'alto in basso");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(byte, 10, "\xFF")), "i dati dell'immagine non sono nel file");
-    EXPECT_EQ(Motivo(ReadBmp, Cambia(byte, 18, "\0\0\x40\0\2\0"s)),
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(byte, 10, "\xFF")),
+              "i dati dell'immagine non sono nel file");
+    EXPECT_EQ(Motivo(prReadBMP, Cambia(byte, 18, "\0\0\x40\0\2\0"s)),
               "le dimensioni dichiarate superano quanto il file può contenere");
 }
 
-TEST(ReadGif, DuePixel)
+TEST(prReadGIF, DuePixel)
 {
-    const Picture figura = ReadGif(Gif(), nomeFile);
+    const Picture figura = prReadGIF(Gif(), nomeFile);
     EXPECT_EQ(figura.Width, 2);
     EXPECT_EQ(figura.Height, 1);
     EXPECT_EQ(figura.BitsPerPixel, 1);
@@ -139,33 +140,33 @@ TEST(ReadGif, DuePixel)
     EXPECT_EQ(figura.Palette, "ABCDEF");
 }
 
-TEST(ReadGif, QuelCheSegueIPixelPuoMancare)
+TEST(prReadGIF, QuelCheSegueIPixelPuoMancare)
 {
-    EXPECT_EQ(Motivo(ReadGif, Gif().substr(0, Gif().size() - 2)), "letta");
-    EXPECT_EQ(Motivo(ReadGif, Gif().substr(0, Gif().size() - 3)),
+    EXPECT_EQ(Motivo(prReadGIF, Gif().substr(0, Gif().size() - 2)), "letta");
+    EXPECT_EQ(Motivo(prReadGIF, Gif().substr(0, Gif().size() - 3)),
               "i dati dell'immagine finiscono prima dell'ultimo pixel");
 }
 
-TEST(ReadGif, OgniRifiutoDiceIlMotivo)
+TEST(prReadGIF, OgniRifiutoDiceIlMotivo)
 {
-    EXPECT_EQ(Motivo(ReadGif, "GIF88a"), "non è un'immagine GIF");
-    EXPECT_EQ(Motivo(ReadGif, Cambia(Gif(), 19, ";")), "il file GIF non contiene immagini");
-    EXPECT_EQ(Motivo(ReadGif, Cambia(Gif(), 19, "?")),
+    EXPECT_EQ(Motivo(prReadGIF, "GIF88a"), "non è un'immagine GIF");
+    EXPECT_EQ(Motivo(prReadGIF, Cambia(Gif(), 19, ";")), "il file GIF non contiene immagini");
+    EXPECT_EQ(Motivo(prReadGIF, Cambia(Gif(), 19, "?")),
               "il file GIF contiene un blocco sconosciuto");
-    EXPECT_EQ(Motivo(ReadGif, Gif().erase(13, 6).replace(10, 1, "\0"s)),
+    EXPECT_EQ(Motivo(prReadGIF, Gif().erase(13, 6).replace(10, 1, "\0"s)),
               "il file GIF non ha una tavolozza");
-    EXPECT_EQ(Motivo(ReadGif, Cambia(Gif(), 24, "\0"s)), "l'immagine non ha pixel");
-    EXPECT_EQ(Motivo(ReadGif, Cambia(Gif(), 24, "\xFF\xFF\xFF\xFF")),
+    EXPECT_EQ(Motivo(prReadGIF, Cambia(Gif(), 24, "\0"s)), "l'immagine non ha pixel");
+    EXPECT_EQ(Motivo(prReadGIF, Cambia(Gif(), 24, "\xFF\xFF\xFF\xFF")),
               "le dimensioni dichiarate superano quanto il file può contenere");
-    EXPECT_EQ(Motivo(ReadGif, Cambia(Gif(), 29, "\x09")),
+    EXPECT_EQ(Motivo(prReadGIF, Cambia(Gif(), 29, "\x09")),
               "i pixel del file GIF hanno più di 8 bit o nessuno");
-    EXPECT_EQ(Motivo(ReadGif, Cambia(Gif(), 31, "\x3C")), // a code that no table holds yet
+    EXPECT_EQ(Motivo(prReadGIF, Cambia(Gif(), 31, "\x3C")), // a code that no table holds yet
               "i dati dell'immagine contengono un codice impossibile");
 }
 
-TEST(ReadJpeg, LeDimensioniEIByteIntatti)
+TEST(prReadJPEG, LeDimensioniEIByteIntatti)
 {
-    const Picture figura = ReadJpeg(Jpeg(), nomeFile);
+    const Picture figura = prReadJPEG(Jpeg(), nomeFile);
     EXPECT_EQ(figura.Width, 5);
     EXPECT_EQ(figura.Height, 3);
     EXPECT_EQ(figura.BitsPerPixel, 8);
@@ -174,43 +175,43 @@ TEST(ReadJpeg, LeDimensioniEIByteIntatti)
     EXPECT_EQ(figura.Pixels, Jpeg());
 }
 
-TEST(ReadJpeg, MarcheDaSoleEByteDiRiempimento)
+TEST(prReadJPEG, MarcheDaSoleEByteDiRiempimento)
 {
     const std::string byte = Jpeg().insert(2, "\xFF\x01\xFF\xD0\xFF\xFF\xFF\xFE\0\3x"s);
-    EXPECT_EQ(Motivo(ReadJpeg, byte), "letta");
+    EXPECT_EQ(Motivo(prReadJPEG, byte), "letta");
 }
 
 // The segment that turns the inks around says nothing of grey levels.
-TEST(ReadJpeg, IlSegmentoAdobeNonRovesciaIGrigi)
+TEST(prReadJPEG, IlSegmentoAdobeNonRovesciaIGrigi)
 {
     const std::string byte = Jpeg().insert(2, "\xFF\xEE\0\x0E"
                                               "Adobe\0\x64\0\0\0\0\0"s);
-    const Picture figura = ReadJpeg(byte, nomeFile);
+    const Picture figura = prReadJPEG(byte, nomeFile);
     EXPECT_EQ(figura.Space, ColorSpace::Gray);
     EXPECT_FALSE(figura.InvertedCMYK);
     EXPECT_EQ(figura.Pixels, byte);
 }
 
-TEST(ReadJpeg, OgniRifiutoDiceIlMotivo)
+TEST(prReadJPEG, OgniRifiutoDiceIlMotivo)
 {
-    EXPECT_EQ(Motivo(ReadJpeg, "BM"), "non è un'immagine JPEG");
-    EXPECT_EQ(Motivo(ReadJpeg, "\xFF\xD8\xFF\xD9"), "il file JPEG non contiene immagini");
-    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 2, "x")), "il file JPEG è danneggiato");
-    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 5, "\1")), "il file JPEG è danneggiato");
-    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 3, "\xC3")),
+    EXPECT_EQ(Motivo(prReadJPEG, "BM"), "non è un'immagine JPEG");
+    EXPECT_EQ(Motivo(prReadJPEG, "\xFF\xD8\xFF\xD9"), "il file JPEG non contiene immagini");
+    EXPECT_EQ(Motivo(prReadJPEG, Cambia(Jpeg(), 2, "x")), "il file JPEG è danneggiato");
+    EXPECT_EQ(Motivo(prReadJPEG, Cambia(Jpeg(), 5, "\1")), "il file JPEG è danneggiato");
+    EXPECT_EQ(Motivo(prReadJPEG, Cambia(Jpeg(), 3, "\xC3")),
               "il file JPEG è di un tipo (senza perdita, aritmetico o gerarchico) che il PDF non "
               "ammette");
-    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 6, "\x0C")),
+    EXPECT_EQ(Motivo(prReadJPEG, Cambia(Jpeg(), 6, "\x0C")),
               "il file JPEG non ha 8 bit per campione");
-    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 8, "\0"s)),
+    EXPECT_EQ(Motivo(prReadJPEG, Cambia(Jpeg(), 8, "\0"s)),
               "il file JPEG non dichiara le dimensioni prima dei dati");
-    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 10, "\0"s)),
+    EXPECT_EQ(Motivo(prReadJPEG, Cambia(Jpeg(), 10, "\0"s)),
               "il file JPEG non dichiara le dimensioni prima dei dati");
-    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 3, "\xFE")),
+    EXPECT_EQ(Motivo(prReadJPEG, Cambia(Jpeg(), 3, "\xFE")),
               "il file JPEG non dichiara le dimensioni prima dei dati");
-    EXPECT_EQ(Motivo(ReadJpeg, Cambia(Jpeg(), 11, "\2")),
+    EXPECT_EQ(Motivo(prReadJPEG, Cambia(Jpeg(), 11, "\2")),
               "il file JPEG ha 2 componenti invece di 1, 3 o 4");
-    EXPECT_EQ(Motivo(ReadJpeg, Jpeg().insert(15, Jpeg().substr(2, 13))),
+    EXPECT_EQ(Motivo(prReadJPEG, Jpeg().insert(15, Jpeg().substr(2, 13))),
               "il file JPEG dichiara due volte le dimensioni");
 }
 

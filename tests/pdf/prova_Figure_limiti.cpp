@@ -106,89 +106,89 @@ std::string Jpeg(int marca, int componenti, const std::string& prima = "")
 
 } // namespace
 
-TEST(ReadBmp, LAltezzaMassimaSiProvaComeOgniAltra)
+TEST(prReadBMP, LAltezzaMassimaSiProvaComeOgniAltra)
 {
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(1, 0x7FFFFFFF, 24, 0, "")), PochiDati);
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(1, 0x80000001, 24, 0, "")), PochiDati); // from the top down
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(1, 0x80000000, 24, 0, "")), "l'immagine è troppo alta");
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(1, 0x7FFFFFFF, 24, 0, "")), PochiDati);
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(1, 0x80000001, 24, 0, "")), PochiDati); // from the top down
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(1, 0x80000000, 24, 0, "")), "l'immagine è troppo alta");
 }
 
-TEST(ReadBmp, AllUltimaRigaPuoMancareSoloIlRiempimento)
+TEST(prReadBMP, AllUltimaRigaPuoMancareSoloIlRiempimento)
 {
     // Rows of 6 bytes, 8 apart.
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(2, 3, 24, 0, std::string(22, 'x'))), "letta");
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(2, 3, 24, 0, std::string(21, 'x'))), PochiDati);
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(2, 3, 24, 0, std::string(5, 'x'))), PochiDati);
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(2, 3, 24, 0, std::string(22, 'x'))), "letta");
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(2, 3, 24, 0, std::string(21, 'x'))), PochiDati);
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(2, 3, 24, 0, std::string(5, 'x'))), PochiDati);
 }
 
-TEST(ReadBmp, PixelSempreAmmessiInUnaCompressa)
+TEST(prReadBMP, PixelSempreAmmessiInUnaCompressa)
 {
     const std::string fine = "\0\1"s;
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(1 << 11, 1 << 11, 8, 1, fine)), "letta");
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap((1 << 22) + 1, 1, 8, 1, fine)), TroppiPixel);
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(1 << 11, 1 << 11, 8, 1, fine)), "letta");
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap((1 << 22) + 1, 1, 8, 1, fine)), TroppiPixel);
 }
 
-TEST(ReadBmp, PixelCheUnaCompressaPuoContenere)
+TEST(prReadBMP, PixelCheUnaCompressaPuoContenere)
 {
     const std::string dati = "\0\1"s + std::string(16498, '\0'); // 16,500 bytes of 255 pixels
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(16500, 255, 8, 1, dati)), "letta");
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap(16500 * 255 + 1, 1, 8, 1, dati)), TroppiPixel);
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(16500, 255, 8, 1, dati)), "letta");
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap(16500 * 255 + 1, 1, 8, 1, dati)), TroppiPixel);
 }
 
-TEST(ReadBmp, PixelMaiAmmessiQualunqueSiaIlFile)
+TEST(prReadBMP, PixelMaiAmmessiQualunqueSiaIlFile)
 {
     const std::string dati = "\0\1"s + std::string(2'200'000, '\0');
-    EXPECT_EQ(Motivo(ReadBmp, Bitmap((1 << 28) + 1, 1, 8, 1, dati)), TroppiPixel);
+    EXPECT_EQ(Motivo(prReadBMP, Bitmap((1 << 28) + 1, 1, 8, 1, dati)), TroppiPixel);
 }
 
-TEST(ReadBmp, IDatiPossonoCominciareAllaFineNonOltre)
+TEST(prReadBMP, IDatiPossonoCominciareAllaFineNonOltre)
 {
     std::string byte = Bitmap(1, 1, 8, 1, "");
-    EXPECT_EQ(Motivo(ReadBmp, byte), Finito);
+    EXPECT_EQ(Motivo(prReadBMP, byte), Finito);
     byte[10] = static_cast<char>(byte[10] + 1);
-    EXPECT_EQ(Motivo(ReadBmp, byte), "i dati dell'immagine non sono nel file");
+    EXPECT_EQ(Motivo(prReadBMP, byte), "i dati dell'immagine non sono nel file");
 }
 
-TEST(ReadBmp, LeMaschereDaUnoATrentadueBit)
+TEST(prReadBMP, LeMaschereDaUnoATrentadueBit)
 {
     // Masks of 1, 5 and 26 bits; the pixel has every second bit.
     const std::string maschere = Piccoli(1, 4) + Piccoli(0x3E, 4) + Piccoli(0xFFFFFFC0, 4);
-    const Picture figura = ReadBmp(
+    const Picture figura = prReadBMP(
         Bitmap(1, 1, 32, 3, "").substr(0, 54) + maschere + Piccoli(0x55555555, 4), "figura");
     EXPECT_EQ(figura.Pixels, "\xFF\x52\x55"); // 1 of 1, 10 of 31, a third of all
     const std::string intera = Piccoli(0xFFFFFFFF, 4) + Piccoli(0, 4) + Piccoli(0x80000000, 4);
-    const Picture estrema =
-        ReadBmp(Bitmap(1, 1, 32, 3, "").substr(0, 54) + intera + Piccoli(0x80000000, 4), "figura");
+    const Picture estrema = prReadBMP(
+        Bitmap(1, 1, 32, 3, "").substr(0, 54) + intera + Piccoli(0x80000000, 4), "figura");
     EXPECT_EQ(estrema.Pixels, "\x80\0\xFF"s);
 }
 
-TEST(ReadBmp, CorseFuoriDalBordoNonDisegnano)
+TEST(prReadBMP, CorseFuoriDalBordoNonDisegnano)
 {
     // Two by two, and two runs of three; nothing is read behind the last row.
-    const Picture figura = ReadBmp(Bitmap(2, 2, 8, 1, "\3\1\0\0\3\2\0\0"s), "figura");
+    const Picture figura = prReadBMP(Bitmap(2, 2, 8, 1, "\3\1\0\0\3\2\0\0"s), "figura");
     EXPECT_EQ(figura.BitsPerPixel, 8);
     EXPECT_EQ(figura.Pixels, "\2\2\1\1");
     // A jump beyond the last row, and pixels there.
-    EXPECT_EQ(ReadBmp(Bitmap(2, 1, 8, 1, "\0\2\0\1\1\7\0\1"s), "figura").Pixels, "\0\0"s);
-    EXPECT_EQ(ReadBmp(Bitmap(2, 1, 8, 1, "\0\2\2\0\1\7\0\1"s), "figura").Pixels, "\0\0"s);
-    EXPECT_EQ(ReadBmp(Bitmap(2, 1, 8, 1, "\0\2\1\0\1\7\0\1"s), "figura").Pixels, "\0\7"s);
+    EXPECT_EQ(prReadBMP(Bitmap(2, 1, 8, 1, "\0\2\0\1\1\7\0\1"s), "figura").Pixels, "\0\0"s);
+    EXPECT_EQ(prReadBMP(Bitmap(2, 1, 8, 1, "\0\2\2\0\1\7\0\1"s), "figura").Pixels, "\0\0"s);
+    EXPECT_EQ(prReadBMP(Bitmap(2, 1, 8, 1, "\0\2\1\0\1\7\0\1"s), "figura").Pixels, "\0\7"s);
 }
 
-TEST(ReadGif, PixelCheIDatiPossonoContenere)
+TEST(prReadGIF, PixelCheIDatiPossonoContenere)
 {
     // 24 bytes of at most 2731 pixels.
     const std::string dati(24, '\0');
-    EXPECT_EQ(Motivo(ReadGif, Gif(2731, 24, 8, dati)), PixelMancanti);
-    EXPECT_EQ(Motivo(ReadGif, Gif(13109, 5, 8, dati)), TroppiPixel); // one more
+    EXPECT_EQ(Motivo(prReadGIF, Gif(2731, 24, 8, dati)), PixelMancanti);
+    EXPECT_EQ(Motivo(prReadGIF, Gif(13109, 5, 8, dati)), TroppiPixel); // one more
 }
 
-TEST(ReadGif, PixelMaiAmmessi)
+TEST(prReadGIF, PixelMaiAmmessi)
 {
     const std::string dati(100'000, '\0');
-    EXPECT_EQ(Motivo(ReadGif, Gif(16385, 16384, 8, dati)), TroppiPixel);
+    EXPECT_EQ(Motivo(prReadGIF, Gif(16385, 16384, 8, dati)), TroppiPixel);
 }
 
-TEST(ReadGif, UnaTavolaPienaResta)
+TEST(prReadGIF, UnaTavolaPienaResta)
 {
     Codici codici;
     codici.Metti(256);
@@ -207,87 +207,88 @@ TEST(ReadGif, UnaTavolaPienaResta)
     attesi += "\t";
     codici.Metti(257);
     const Picture figura =
-        ReadGif(Gif(1, static_cast<unsigned>(attesi.size()), 8, codici.Dati()), "figura");
+        prReadGIF(Gif(1, static_cast<unsigned>(attesi.size()), 8, codici.Dati()), "figura");
     EXPECT_EQ(figura.Pixels, attesi);
 }
 
-TEST(ReadGif, UnCodiceOltreLUltimoEImpossibile)
+TEST(prReadGIF, UnCodiceOltreLUltimoEImpossibile)
 {
     const auto con = [](unsigned codice) {
         Codici codici;
         for (const unsigned uno : {256U, 1U, 2U, codice, 3U, 257U}) codici.Metti(uno);
-        return Motivo(ReadGif, Gif(1, 5, 8, codici.Dati()));
+        return Motivo(prReadGIF, Gif(1, 5, 8, codici.Dati()));
     };
     EXPECT_EQ(con(258), "letta");
     EXPECT_EQ(con(259), "letta"); // the one being made
     EXPECT_EQ(con(260), "i dati dell'immagine contengono un codice impossibile");
     Codici subito; // nothing is being made after a clear
     for (const unsigned uno : {256U, 258U, 1U}) subito.Metti(uno);
-    EXPECT_EQ(Motivo(ReadGif, Gif(1, 1, 8, subito.Dati())),
+    EXPECT_EQ(Motivo(prReadGIF, Gif(1, 1, 8, subito.Dati())),
               "i dati dell'immagine contengono un codice impossibile");
 }
 
-TEST(ReadGif, ICodiciPossonoFinireColByte)
+TEST(prReadGIF, ICodiciPossonoFinireColByte)
 {
     Codici codici; // eight of nine bits are nine bytes
     for (const unsigned uno : {256U, 1U, 2U, 3U, 4U, 5U, 6U, 7U}) codici.Metti(uno);
     const std::string dati = codici.Dati().substr(0, 9);
-    EXPECT_EQ(Motivo(ReadGif, Gif(1, 7, 8, dati)), "letta");
-    EXPECT_EQ(Motivo(ReadGif, Gif(1, 7, 8, dati.substr(0, 8))), PixelMancanti);
+    EXPECT_EQ(Motivo(prReadGIF, Gif(1, 7, 8, dati)), "letta");
+    EXPECT_EQ(Motivo(prReadGIF, Gif(1, 7, 8, dati.substr(0, 8))), PixelMancanti);
 }
 
-TEST(ReadGif, DopoIlBloccoVuotoNonCiSonoPixel)
+TEST(prReadGIF, DopoIlBloccoVuotoNonCiSonoPixel)
 {
     Codici codici;
     for (const unsigned uno : {256U, 5U, 6U, 257U}) codici.Metti(uno);
     const std::string dati = codici.Dati();
-    EXPECT_EQ(Motivo(ReadGif, Gif(1, 2, 8, dati)), "letta");
+    EXPECT_EQ(Motivo(prReadGIF, Gif(1, 2, 8, dati)), "letta");
     std::string spezzata = Gif(1, 2, 8, dati.substr(0, 3));
     spezzata.pop_back();
     spezzata += Piccoli(dati.size() - 3, 1) + dati.substr(3) + "\0;"s;
-    EXPECT_EQ(Motivo(ReadGif, spezzata), PixelMancanti);
+    EXPECT_EQ(Motivo(prReadGIF, spezzata), PixelMancanti);
 }
 
-TEST(ReadGif, DaUnoAOttoBit)
+TEST(prReadGIF, DaUnoAOttoBit)
 {
     const std::string no = "i pixel del file GIF hanno più di 8 bit o nessuno";
-    EXPECT_EQ(Motivo(ReadGif, Gif(1, 1, 0, "\0"s)), no);
-    EXPECT_EQ(Motivo(ReadGif, Gif(1, 1, 1, "\2"s)), "letta"); // a clear in two bits, then pixel 0
-    EXPECT_EQ(Motivo(ReadGif, Gif(1, 1, 8, "\0\1\0"s)), "letta");
-    EXPECT_EQ(Motivo(ReadGif, Gif(1, 1, 9, "\0"s)), no);
+    EXPECT_EQ(Motivo(prReadGIF, Gif(1, 1, 0, "\0"s)), no);
+    EXPECT_EQ(Motivo(prReadGIF, Gif(1, 1, 1, "\2"s)), "letta"); // a clear in two bits, then pixel 0
+    EXPECT_EQ(Motivo(prReadGIF, Gif(1, 1, 8, "\0\1\0"s)), "letta");
+    EXPECT_EQ(Motivo(prReadGIF, Gif(1, 1, 9, "\0"s)), no);
 }
 
-TEST(ReadJpeg, LeMarcheDeiFotogrammi)
+TEST(prReadJPEG, LeMarcheDeiFotogrammi)
 {
     const std::string tipo = "il file JPEG è di un tipo (senza perdita, aritmetico o gerarchico) "
                              "che il PDF non ammette";
     const std::string nessuno = "il file JPEG non dichiara le dimensioni prima dei dati";
-    for (const int marca : {0xC0, 0xC1, 0xC2}) EXPECT_EQ(Motivo(ReadJpeg, Jpeg(marca, 1)), "letta");
+    for (const int marca : {0xC0, 0xC1, 0xC2})
+        EXPECT_EQ(Motivo(prReadJPEG, Jpeg(marca, 1)), "letta");
     for (const int marca : {0xC3, 0xC5, 0xC6, 0xC7, 0xC9, 0xCA, 0xCB, 0xCD, 0xCE, 0xCF}) {
-        EXPECT_EQ(Motivo(ReadJpeg, Jpeg(marca, 1)), tipo) << marca;
+        EXPECT_EQ(Motivo(prReadJPEG, Jpeg(marca, 1)), tipo) << marca;
     }
     for (const int marca : {0xBF, 0xC4, 0xC8, 0xCC, 0xDB}) { // no frames
-        EXPECT_EQ(Motivo(ReadJpeg, Jpeg(marca, 1)), nessuno) << marca;
+        EXPECT_EQ(Motivo(prReadJPEG, Jpeg(marca, 1)), nessuno) << marca;
     }
 }
 
-TEST(ReadJpeg, LeMarcheSenzaLunghezza)
+TEST(prReadJPEG, LeMarcheSenzaLunghezza)
 {
     for (const char* marca : {"\xFF\x01", "\xFF\xD0", "\xFF\xD7", "\xFF\xD8"}) {
-        EXPECT_EQ(Motivo(ReadJpeg, Jpeg(0xC0, 1, marca)), "letta");
+        EXPECT_EQ(Motivo(prReadJPEG, Jpeg(0xC0, 1, marca)), "letta");
     }
     for (const char* marca : {"\xFF\x02", "\xFF\xCF"}) { // these have one
-        EXPECT_NE(Motivo(ReadJpeg, Jpeg(0xC0, 1, marca)), "letta");
+        EXPECT_NE(Motivo(prReadJPEG, Jpeg(0xC0, 1, marca)), "letta");
     }
-    EXPECT_EQ(Motivo(ReadJpeg, Jpeg(0xC0, 1, "\xFF\xD9")), "il file JPEG non contiene immagini");
-    EXPECT_EQ(Motivo(ReadJpeg, Jpeg(0xC0, 1, "\xFF\xFE\0\2"s)), "letta"); // an empty one
-    EXPECT_EQ(Motivo(ReadJpeg, Jpeg(0xC0, 1, "\xFF\xFE\0\1"s)), "il file JPEG è danneggiato");
+    EXPECT_EQ(Motivo(prReadJPEG, Jpeg(0xC0, 1, "\xFF\xD9")), "il file JPEG non contiene immagini");
+    EXPECT_EQ(Motivo(prReadJPEG, Jpeg(0xC0, 1, "\xFF\xFE\0\2"s)), "letta"); // an empty one
+    EXPECT_EQ(Motivo(prReadJPEG, Jpeg(0xC0, 1, "\xFF\xFE\0\1"s)), "il file JPEG è danneggiato");
 }
 
-TEST(ReadJpeg, IlSegmentoAdobeRovesciaQuattroInchiostri)
+TEST(prReadJPEG, IlSegmentoAdobeRovesciaQuattroInchiostri)
 {
     const auto rovesciata = [](int componenti, const std::string& segmento) {
-        return ReadJpeg(Jpeg(0xC0, componenti, segmento), "figura").InvertedCMYK;
+        return prReadJPEG(Jpeg(0xC0, componenti, segmento), "figura").InvertedCMYK;
     };
     const std::string adobe = "\xFF\xEE\0\x0E"
                               "Adobe\0\x64\0\0\0\0\0"s;
@@ -309,14 +310,14 @@ TEST(ReadJpeg, IlSegmentoAdobeRovesciaQuattroInchiostri)
     EXPECT_FALSE(rovesciata(4, app13));
 }
 
-TEST(ReadJpeg, UnoTreOQuattroComponenti)
+TEST(prReadJPEG, UnoTreOQuattroComponenti)
 {
     for (const int componenti : {1, 3, 4}) {
-        EXPECT_EQ(ReadJpeg(Jpeg(0xC2, componenti), "figura").BitsPerPixel, 8 * componenti);
+        EXPECT_EQ(prReadJPEG(Jpeg(0xC2, componenti), "figura").BitsPerPixel, 8 * componenti);
     }
     for (const int componenti : {0, 2, 5}) {
-        EXPECT_EQ(Motivo(ReadJpeg, Jpeg(0xC2, componenti)), "il file JPEG ha " +
-                                                                std::to_string(componenti) +
-                                                                " componenti invece di 1, 3 o 4");
+        EXPECT_EQ(Motivo(prReadJPEG, Jpeg(0xC2, componenti)), "il file JPEG ha " +
+                                                                  std::to_string(componenti) +
+                                                                  " componenti invece di 1, 3 o 4");
     }
 }

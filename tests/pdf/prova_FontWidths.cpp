@@ -11,7 +11,7 @@
 #include <string_view>
 
 using pdf::Family;
-using pdf::MetricsOf;
+using pdf::prMetricsOf;
 
 namespace {
 
@@ -19,7 +19,7 @@ constexpr std::initializer_list<int> CodiciNonDefiniti = {0x81, 0x8D, 0x8F, 0x90
 
 int Larga(Family famiglia, int codice, bool grassetto = false, bool corsivo = false)
 {
-    return MetricsOf(famiglia, grassetto, corsivo).Widths->at(static_cast<std::size_t>(codice));
+    return prMetricsOf(famiglia, grassetto, corsivo).Widths->at(static_cast<std::size_t>(codice));
 }
 
 // Sum of the widths of a text of ASCII characters.
@@ -40,7 +40,7 @@ void TuttiLarghi(Family famiglia, int da, int a, int larghezza)
 
 int Discesa(Family famiglia, bool grassetto, bool corsivo)
 {
-    return MetricsOf(famiglia, grassetto, corsivo).Descent;
+    return prMetricsOf(famiglia, grassetto, corsivo).Descent;
 }
 
 } // namespace
@@ -124,10 +124,10 @@ TEST(FontWidths, OgniStileHaLaSuaTabella)
 
 TEST(FontWidths, ArialInclinatoELargoComeArialDritto)
 {
-    EXPECT_EQ(MetricsOf(Family::Arial, false, true).Widths,
-              MetricsOf(Family::Arial, false, false).Widths);
-    EXPECT_EQ(MetricsOf(Family::Arial, true, true).Widths,
-              MetricsOf(Family::Arial, true, false).Widths);
+    EXPECT_EQ(prMetricsOf(Family::Arial, false, true).Widths,
+              prMetricsOf(Family::Arial, false, false).Widths);
+    EXPECT_EQ(prMetricsOf(Family::Arial, true, true).Widths,
+              prMetricsOf(Family::Arial, true, false).Widths);
 }
 
 TEST(FontWidths, CourierSempreSeicento)
@@ -166,8 +166,8 @@ TEST(FontWidths, StileNonContaPerFamiglieDiUnaFaccia)
     for (const Family famiglia : {Family::Courier, Family::Symbol, Family::ZapfDingbats})
         for (const bool grassetto : {false, true})
             for (const bool corsivo : {false, true})
-                EXPECT_EQ(MetricsOf(famiglia, grassetto, corsivo).Widths,
-                          MetricsOf(famiglia, false, false).Widths);
+                EXPECT_EQ(prMetricsOf(famiglia, grassetto, corsivo).Widths,
+                          prMetricsOf(famiglia, false, false).Widths);
 }
 
 TEST(FontWidths, DisceseUgualiInOgniStile)
@@ -191,7 +191,7 @@ TEST(FontWidths, OgniLarghezzaNeiLimitiPromessi)
          {Family::Times, Family::Courier, Family::Arial, Family::Symbol, Family::ZapfDingbats})
         for (const bool grassetto : {false, true})
             for (const bool corsivo : {false, true})
-                for (const int larghezza : *MetricsOf(famiglia, grassetto, corsivo).Widths) {
+                for (const int larghezza : *prMetricsOf(famiglia, grassetto, corsivo).Widths) {
                     minima = std::min(minima, larghezza);
                     massima = std::max(massima, larghezza);
                 }
@@ -201,7 +201,7 @@ TEST(FontWidths, OgniLarghezzaNeiLimitiPromessi)
 
 TEST(FontWidths, FamigliaSconosciutaComeArial)
 {
-    const auto ignota = MetricsOf(static_cast<Family>(99), true, false);
-    EXPECT_EQ(ignota.Widths, MetricsOf(Family::Arial, true, false).Widths);
+    const auto ignota = prMetricsOf(static_cast<Family>(99), true, false);
+    EXPECT_EQ(ignota.Widths, prMetricsOf(Family::Arial, true, false).Widths);
     EXPECT_EQ(ignota.Descent, -212);
 }

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-using pdf::BreakLines;
+using pdf::prBreakLines;
 using pdf::TextLine;
 using pdf::TextMetrics;
 using testing::ElementsAre;
@@ -30,7 +30,7 @@ constexpr TextMetrics Uno = {&TuttiUguali, 1, 0, 0, 100, 1};
 std::vector<std::string> Spezzato(std::string_view testo, float larghezza, float rientro = 0)
 {
     std::vector<TextLine> righe;
-    BreakLines(testo, larghezza, rientro, Uno, righe);
+    prBreakLines(testo, larghezza, rientro, Uno, righe);
     std::vector<std::string> testi;
     for (const auto& riga : righe) testi.emplace_back(riga.Text);
     return testi;
@@ -39,13 +39,13 @@ std::vector<std::string> Spezzato(std::string_view testo, float larghezza, float
 std::vector<TextLine> RigheDi(std::string_view testo, float larghezza, float rientro = 0)
 {
     std::vector<TextLine> righe;
-    BreakLines(testo, larghezza, rientro, Uno, righe);
+    prBreakLines(testo, larghezza, rientro, Uno, righe);
     return righe;
 }
 
-std::string NormalizeText(std::string testo)
+std::string prNormalizeText(std::string testo)
 {
-    pdf::NormalizeText(testo);
+    pdf::prNormalizeText(testo);
     return testo;
 }
 
@@ -82,24 +82,24 @@ TEST(WidthOf, SenzaUnitaNonCELarghezza)
     EXPECT_EQ(misure.WidthOf("abc"), 0);
 }
 
-TEST(NormalizeText, PiuBianchiSonoUno)
+TEST(prNormalizeText, PiuBianchiSonoUno)
 {
-    EXPECT_EQ(NormalizeText("a  b"), "a b");
-    EXPECT_EQ(NormalizeText("a       b   c d"), "a b c d");
-    EXPECT_EQ(NormalizeText("  a  "), " a ");
-    EXPECT_EQ(NormalizeText(""), "");
+    EXPECT_EQ(prNormalizeText("a  b"), "a b");
+    EXPECT_EQ(prNormalizeText("a       b   c d"), "a b c d");
+    EXPECT_EQ(prNormalizeText("  a  "), " a ");
+    EXPECT_EQ(prNormalizeText(""), "");
 }
 
-TEST(NormalizeText, UnaRigaVuotaRestaConUnBianco)
+TEST(prNormalizeText, UnaRigaVuotaRestaConUnBianco)
 {
-    EXPECT_EQ(NormalizeText("a\r\n\r\nb"), "a\r\n \r\nb");
-    EXPECT_EQ(NormalizeText("a\r\n\r\n\r\nb"), "a\r\n \r\n \r\nb");
-    EXPECT_EQ(NormalizeText("\r\n\r\n\r\n\r\n"), "\r\n \r\n \r\n \r\n");
-    EXPECT_EQ(NormalizeText("a\r\nb"), "a\r\nb");
-    EXPECT_EQ(NormalizeText("a\n\nb\r\rc"), "a\n\nb\r\rc"); // no line ends alone
+    EXPECT_EQ(prNormalizeText("a\r\n\r\nb"), "a\r\n \r\nb");
+    EXPECT_EQ(prNormalizeText("a\r\n\r\n\r\nb"), "a\r\n \r\n \r\nb");
+    EXPECT_EQ(prNormalizeText("\r\n\r\n\r\n\r\n"), "\r\n \r\n \r\n \r\n");
+    EXPECT_EQ(prNormalizeText("a\r\nb"), "a\r\nb");
+    EXPECT_EQ(prNormalizeText("a\n\nb\r\rc"), "a\n\nb\r\rc"); // no line ends alone
 }
 
-TEST(BreakLines, LeParoleStannoFinCheCEPosto)
+TEST(prBreakLines, LeParoleStannoFinCheCEPosto)
 {
     EXPECT_THAT(Spezzato("aa bb cc dd", 5), ElementsAre("aa bb", "cc dd"));
     EXPECT_THAT(Spezzato("aa bb cc dd", 4.99F), ElementsAre("aa", "bb", "cc", "dd"));
@@ -107,46 +107,46 @@ TEST(BreakLines, LeParoleStannoFinCheCEPosto)
     EXPECT_THAT(Spezzato("aa bb cc dd", 1000), ElementsAre("aa bb cc dd"));
 }
 
-TEST(BreakLines, SiConfrontaInTrentaduebit)
+TEST(prBreakLines, SiConfrontaInTrentaduebit)
 {
     std::vector<TextLine> righe;
     for (const float corpo : {0.1F, 0.7F, 2.1F, 4.3F, 9.3F, 11.9F}) {
         const TextMetrics misure = {&TuttiUguali, corpo, 0, 0, 100, 1};
         for (const std::string_view testo : {"a b", "a b c", "aaa bb c d", "a b c d e f g"}) {
             const auto larga = static_cast<float>(misure.WidthOf(testo));
-            BreakLines(testo, larga, 0, misure, righe);
+            prBreakLines(testo, larga, 0, misure, righe);
             EXPECT_EQ(righe.size(), 1U) << corpo << " " << testo;
-            BreakLines(testo, std::nextafterf(larga, 0), 0, misure, righe);
+            prBreakLines(testo, std::nextafterf(larga, 0), 0, misure, righe);
             EXPECT_EQ(righe.size(), 2U) << corpo << " " << testo;
         }
     }
 }
 
-TEST(BreakLines, ColRientroSommatoInTrentaduebit)
+TEST(prBreakLines, ColRientroSommatoInTrentaduebit)
 {
     constexpr TextMetrics misure = {&TuttiUguali, 2.1F, 0, 0, 100, 1};
     std::vector<TextLine> righe;
     for (const float rientro : {0.1F, 0.7F, 3.33F, 33.3F, 700.1F, -1.1F}) {
         const float larga = static_cast<float>(misure.WidthOf("a b c")) + rientro;
-        BreakLines("a b c", larga, rientro, misure, righe);
+        prBreakLines("a b c", larga, rientro, misure, righe);
         EXPECT_EQ(righe.size(), 1U) << rientro;
-        BreakLines("a b c", std::nextafterf(larga, -1), rientro, misure, righe);
+        prBreakLines("a b c", std::nextafterf(larga, -1), rientro, misure, righe);
         EXPECT_EQ(righe.size(), 2U) << rientro;
     }
 }
 
-TEST(BreakLines, UnTestoCheSiAccorciaCrescendoStaTuttoIntero)
+TEST(prBreakLines, UnTestoCheSiAccorciaCrescendoStaTuttoIntero)
 {
     // A blank is 1 - 3 wide: "aa bbbb" is 4, the whole is 3, "aa bbbb c" in between as well.
     constexpr TextMetrics misure = {&TuttiUguali, 1, 0, -3, 100, 1};
     std::vector<TextLine> righe;
-    BreakLines("aa bbbb c", 3, 0, misure, righe);
+    prBreakLines("aa bbbb c", 3, 0, misure, righe);
     EXPECT_EQ(righe.size(), 1U);
-    BreakLines("aa bbbb c d", 1.5F, 0, misure, righe); // 2 wide: word by word
+    prBreakLines("aa bbbb c d", 1.5F, 0, misure, righe); // 2 wide: word by word
     EXPECT_EQ(righe.size(), 3U);
 }
 
-TEST(BreakLines, IlRientroAccorciaLaPrimaRigaDiOgniParagrafo)
+TEST(prBreakLines, IlRientroAccorciaLaPrimaRigaDiOgniParagrafo)
 {
     EXPECT_THAT(Spezzato("aa bb cc\r\ndd ee ff", 5, 1), ElementsAre("aa", "bb cc", "dd", "ee ff"));
     const auto righe = RigheDi("aa bb cc", 5, 1);
@@ -155,7 +155,7 @@ TEST(BreakLines, IlRientroAccorciaLaPrimaRigaDiOgniParagrafo)
     EXPECT_THAT(Spezzato("aa bb cc", 5, -3), ElementsAre("aa bb cc"));
 }
 
-TEST(BreakLines, UnaParolaTroppoLargaStaSullaRigaCheComincia)
+TEST(prBreakLines, UnaParolaTroppoLargaStaSullaRigaCheComincia)
 {
     EXPECT_THAT(Spezzato("lunghissima bb cc", 5), ElementsAre("lunghissima", "bb cc"));
     EXPECT_THAT(Spezzato("aa lunghissima bb", 5), ElementsAre("aa", "lunghissima", "bb"));
@@ -163,7 +163,7 @@ TEST(BreakLines, UnaParolaTroppoLargaStaSullaRigaCheComincia)
     EXPECT_THAT(Spezzato("a b", -10), ElementsAre("a", "b"));
 }
 
-TEST(BreakLines, OgniParagrafoHaLeSueRighe)
+TEST(prBreakLines, OgniParagrafoHaLeSueRighe)
 {
     EXPECT_THAT(Spezzato("aa\r\n \r\nbb", 5), ElementsAre("aa", " ", "bb"));
     EXPECT_THAT(Spezzato("aa\r\n", 5), ElementsAre("aa", ""));
@@ -171,13 +171,13 @@ TEST(BreakLines, OgniParagrafoHaLeSueRighe)
     EXPECT_THAT(Spezzato("aa\nbb", 50), ElementsAre("aa\nbb"));
 }
 
-TEST(BreakLines, BianchiAllInizioEAllaFineSonoParoleVuote)
+TEST(prBreakLines, BianchiAllInizioEAllaFineSonoParoleVuote)
 {
     EXPECT_THAT(Spezzato(" a", 5), ElementsAre(" a"));
     EXPECT_THAT(Spezzato("aaaaa ", 5), ElementsAre("aaaaa", ""));
 }
 
-TEST(BreakLines, ContaIBianchiESegnaIParagrafi)
+TEST(prBreakLines, ContaIBianchiESegnaIParagrafi)
 {
     const auto righe = RigheDi("aa bb cc dd\r\nee", 5);
     ASSERT_EQ(righe.size(), 3U);

@@ -24,7 +24,7 @@ std::string Seme(const std::string& nome)
 std::string Motivo(const std::string& byte)
 {
     try {
-        ReadTrueType(byte, nomeFile);
+        prReadTrueType(byte, nomeFile);
     } catch (const ErroreRuntime& errore) {
         EXPECT_EQ(errore.Numero(), NumeroErrore::ErroreInputOutput);
         EXPECT_EQ(errore.File(), nomeFile);
@@ -61,7 +61,7 @@ std::string ConNomi(int id, int piattaforma, char altro, std::string font = Seme
 
 } // namespace
 
-TEST(ReadTrueType, AltriFileDiCaratteri)
+TEST(prReadTrueType, AltriFileDiCaratteri)
 {
     const std::string resto(20, '\0');
     EXPECT_EQ(Motivo(""), "il file finisce prima del previsto");
@@ -71,7 +71,7 @@ TEST(ReadTrueType, AltriFileDiCaratteri)
     EXPECT_EQ(Motivo("\0\1\0\0"s + resto), "al font manca la tabella \"head\"");
 }
 
-TEST(ReadTrueType, OgniTabellaNecessariaSiNomina)
+TEST(prReadTrueType, OgniTabellaNecessariaSiNomina)
 {
     const std::string font = Seme("unicode.ttf");
     EXPECT_EQ(Motivo(font), "letto");
@@ -82,7 +82,7 @@ TEST(ReadTrueType, OgniTabellaNecessariaSiNomina)
     }
 }
 
-TEST(ReadTrueType, UnaTabellaFuoriDalFile)
+TEST(prReadTrueType, UnaTabellaFuoriDalFile)
 {
     for (const char* tabella : {"head", "OS/2", "post", "name"}) {
         std::string font = Seme("unicode.ttf");
@@ -91,7 +91,7 @@ TEST(ReadTrueType, UnaTabellaFuoriDalFile)
     }
 }
 
-TEST(ReadTrueType, ValoriImpossibili)
+TEST(prReadTrueType, ValoriImpossibili)
 {
     std::string font = Seme("unicode.ttf");
     font.replace(Inizio(font, "head") + 18, 2, "\0\0"s);
@@ -107,34 +107,35 @@ TEST(ReadTrueType, ValoriImpossibili)
     EXPECT_EQ(Motivo(font), "il font non dice il suo nome");
 }
 
-TEST(ReadTrueType, IlNomeSiCercaInOrdine)
+TEST(prReadTrueType, IlNomeSiCercaInOrdine)
 {
-    EXPECT_EQ(ReadTrueType(ConNomi(6, 3, 66), nomeFile).Name, "Prova-Semplice"); // the Macintosh's
-    EXPECT_EQ(ReadTrueType(ConNomi(6, 1, 66), nomeFile).Name, "Prova-Semplice");
+    EXPECT_EQ(prReadTrueType(ConNomi(6, 3, 66), nomeFile).Name,
+              "Prova-Semplice"); // the Macintosh's
+    EXPECT_EQ(prReadTrueType(ConNomi(6, 1, 66), nomeFile).Name, "Prova-Semplice");
     std::string font = ConNomi(6, 3, 66);
     font = ConNomi(6, 1, 66, font);
-    EXPECT_EQ(ReadTrueType(font, nomeFile).Name, "ProvaSemplice"); // the full name
+    EXPECT_EQ(prReadTrueType(font, nomeFile).Name, "ProvaSemplice"); // the full name
 }
 
-TEST(ReadTrueType, AltezzeMancantiOSenzaSegno)
+TEST(prReadTrueType, AltezzeMancantiOSenzaSegno)
 {
     std::string font = Seme("unicode.ttf");
     const std::size_t hhea = Inizio(font, "hhea");
     font.replace(hhea + 6, 2, "\0\xDC"s); // 220 instead of -220
-    EXPECT_EQ(ReadTrueType(font, nomeFile).Descent, -220);
+    EXPECT_EQ(prReadTrueType(font, nomeFile).Descent, -220);
     font.replace(hhea + 4, 4, "\0\0\0\0"s);
     font.replace(Inizio(font, "OS/2") + 68, 4, "\3\x20\xFF\x38"s); // 800, -200
-    const TrueTypeFont letto = ReadTrueType(font, nomeFile);
+    const TrueTypeFont letto = prReadTrueType(font, nomeFile);
     EXPECT_EQ(letto.Descent, -200);
     EXPECT_NE(letto.Descriptor.find("/Ascent 800 /Descent -200 "), std::string::npos);
 }
 
-TEST(ReadTrueType, LeLicenzeDiOs2)
+TEST(prReadTrueType, LeLicenzeDiOs2)
 {
     const auto incorporabile = [](char alto, char basso) {
         std::string font = Seme("unicode.ttf");
         font.replace(Inizio(font, "OS/2") + 8, 2, {alto, basso});
-        return ReadTrueType(font, nomeFile).MayEmbed;
+        return prReadTrueType(font, nomeFile).MayEmbed;
     };
     EXPECT_TRUE(incorporabile(0, 0));
     EXPECT_FALSE(incorporabile(0, 2));
@@ -163,14 +164,14 @@ std::string SenzaOs2()
 // The value of one key of the descriptor.
 std::string Valore(const std::string& font, const std::string& chiave)
 {
-    const std::string descrittore = ReadTrueType(font, nomeFile).Descriptor;
+    const std::string descrittore = prReadTrueType(font, nomeFile).Descriptor;
     const auto da = descrittore.find("/" + chiave + " ") + chiave.size() + 2;
     return descrittore.substr(da, descrittore.find(' ', da) - da);
 }
 
 } // namespace
 
-TEST(ReadTrueType, UnitaPerEmDaSediciASedicimila)
+TEST(prReadTrueType, UnitaPerEmDaSediciASedicimila)
 {
     EXPECT_EQ(Motivo(Con("head", 18, "\0\x0F"s)), "il font ha 15 unità per em");
     EXPECT_EQ(Motivo(Con("head", 18, "\0\x10"s)), "letto");
@@ -178,13 +179,13 @@ TEST(ReadTrueType, UnitaPerEmDaSediciASedicimila)
     EXPECT_EQ(Motivo(Con("head", 18, "\x40\1"s)), "il font ha 16385 unità per em");
 }
 
-TEST(ReadTrueType, IlPesoOltreCinquecentoEGrassetto)
+TEST(prReadTrueType, IlPesoOltreCinquecentoEGrassetto)
 {
     EXPECT_EQ(Valore(Con("OS/2", 4, "\1\xF4"s), "StemV"), "70"); // 500
     EXPECT_EQ(Valore(Con("OS/2", 4, "\1\xF5"s), "StemV"), "120");
 }
 
-TEST(ReadTrueType, SenzaOs2IlPesoEQuelloDelloStile)
+TEST(prReadTrueType, SenzaOs2IlPesoEQuelloDelloStile)
 {
     EXPECT_EQ(Valore(Con("head", 44, "\0\0"s, SenzaOs2()), "StemV"), "70");
     EXPECT_EQ(Valore(Con("head", 44, "\0\1"s, SenzaOs2()), "StemV"), "120");
@@ -193,7 +194,7 @@ TEST(ReadTrueType, SenzaOs2IlPesoEQuelloDelloStile)
     EXPECT_EQ(Valore(Con("head", 44, "\0\1"s), "StemV"), "70"); // OS/2 knows better
 }
 
-TEST(ReadTrueType, LeGrazieVengonoDallaClasse)
+TEST(prReadTrueType, LeGrazieVengonoDallaClasse)
 {
     const auto grazie = [](int classe) {
         return (std::stoi(Valore(Con("OS/2", 30, {static_cast<char>(classe), '\0'}), "Flags")) &
@@ -203,7 +204,7 @@ TEST(ReadTrueType, LeGrazieVengonoDallaClasse)
     for (const int classe : {0, 6, 8, 10}) EXPECT_FALSE(grazie(classe)) << classe;
 }
 
-TEST(ReadTrueType, LeAltezzeStannoInOs2DallaSecondaVersione)
+TEST(prReadTrueType, LeAltezzeStannoInOs2DallaSecondaVersione)
 {
     const std::string font = Con("OS/2", 86, "\1\x23\2\x34"s); // 291 and 564
     EXPECT_EQ(Valore(Con("OS/2", 0, "\0\2"s, font), "XHeight"), "291");
@@ -212,10 +213,10 @@ TEST(ReadTrueType, LeAltezzeStannoInOs2DallaSecondaVersione)
     EXPECT_NE(Valore(Con("OS/2", 0, "\0\1"s, font), "CapHeight"), "564");
 }
 
-TEST(ReadTrueType, OgniBitDellaLicenzaPerSe)
+TEST(prReadTrueType, OgniBitDellaLicenzaPerSe)
 {
     const auto incorporabile = [](unsigned licenza) {
-        return ReadTrueType(
+        return prReadTrueType(
                    Con("OS/2", 8, {static_cast<char>(licenza >> 8), static_cast<char>(licenza)}),
                    nomeFile)
             .MayEmbed;
@@ -228,7 +229,7 @@ TEST(ReadTrueType, OgniBitDellaLicenzaPerSe)
     }
 }
 
-TEST(ReadTrueType, IlNomeFinisceACentoventisetteSegni)
+TEST(prReadTrueType, IlNomeFinisceACentoventisetteSegni)
 {
     // A table of one Macintosh name with number 6, as long as asked for.
     const auto nome = [](std::size_t lungo, const std::string& segni) {
@@ -244,7 +245,7 @@ TEST(ReadTrueType, IlNomeFinisceACentoventisetteSegni)
                                static_cast<char>(valore >> 8), static_cast<char>(valore)};
         };
         font.replace(Voce(font, "name") + 8, 8, numero(font.size()) + numero(tabella.size()));
-        return ReadTrueType(font + tabella, nomeFile).Name;
+        return prReadTrueType(font + tabella, nomeFile).Name;
     };
     EXPECT_EQ(nome(1, "N"), "N");
     EXPECT_EQ(nome(126, "N"), std::string(126, 'N'));
@@ -257,7 +258,7 @@ TEST(ReadTrueType, IlNomeFinisceACentoventisetteSegni)
     EXPECT_EQ(nome(600, "    N"), std::string(101, 'N'));
 }
 
-TEST(ReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
+TEST(prReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
 {
     // Two Windows names with number 6, "A" in another language before "B" in American English.
     const auto nome = [](const std::string& lingua) {
@@ -268,7 +269,7 @@ TEST(ReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
             static_cast<char>(font.size() >> 24), static_cast<char>(font.size() >> 16),
             static_cast<char>(font.size() >> 8), static_cast<char>(font.size())};
         font.replace(Voce(font, "name") + 8, 8, posto + "\0\0\0\x22"s);
-        return ReadTrueType(font + tabella, nomeFile).Name;
+        return prReadTrueType(font + tabella, nomeFile).Name;
     };
     EXPECT_EQ(nome("\4\x10"), "B"); // Italian
     EXPECT_EQ(nome("\4\x08"), "B");
@@ -276,7 +277,7 @@ TEST(ReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
     EXPECT_EQ(nome("\4\x09"), "A");
 }
 
-TEST(ReadTrueType, DellaPassoFissoDecideUnNumeroIntero)
+TEST(prReadTrueType, DellaPassoFissoDecideUnNumeroIntero)
 {
     const auto fisso = [](const std::string& byte) {
         return (std::stoi(Valore(Con("post", 12, byte), "Flags")) & 1) != 0;
@@ -286,7 +287,7 @@ TEST(ReadTrueType, DellaPassoFissoDecideUnNumeroIntero)
     EXPECT_TRUE(fisso("\1\0\0\0\0"s));
 }
 
-TEST(ReadTrueType, OltreLIndiceNonSiCercanoTabelle)
+TEST(prReadTrueType, OltreLIndiceNonSiCercanoTabelle)
 {
     std::string font = Seme("unicode.ttf");
     const auto prime = static_cast<char>((Voce(font, "name") - 12) / 16); // those before it
@@ -296,7 +297,7 @@ TEST(ReadTrueType, OltreLIndiceNonSiCercanoTabelle)
     EXPECT_EQ(Motivo(font), "letto");
 }
 
-TEST(ReadTrueType, SenzaOs2LeAltezzeSonoQuelleDelleLettere)
+TEST(prReadTrueType, SenzaOs2LeAltezzeSonoQuelleDelleLettere)
 {
     // The tops of the glyphs of "H" and "x"; OS/2 says 701 and 497.
     EXPECT_EQ(Valore(SenzaOs2(), "CapHeight"), "690");
@@ -305,7 +306,7 @@ TEST(ReadTrueType, SenzaOs2LeAltezzeSonoQuelleDelleLettere)
     EXPECT_EQ(Valore(Seme("unicode.ttf"), "XHeight"), "497");
 }
 
-TEST(ReadTrueType, SenzaPostIlCarattereEDirittoEProporzionale)
+TEST(prReadTrueType, SenzaPostIlCarattereEDirittoEProporzionale)
 {
     std::string font = Con("post", 12, "\0\0\0\1"s, Seme("corsivo.ttf"));
     EXPECT_EQ(Valore(font, "ItalicAngle"), "-9.4");

@@ -89,10 +89,10 @@ std::string Difetto(const pdf::TrueTypeFont& font)
 std::string Leggi(std::string_view byte, const std::string& nome)
 {
     const std::string tipo = nome.substr(std::min(nome.size(), nome.rfind('.')));
-    if (tipo == ".bmp") return Difetto(pdf::ReadBmp(byte, nome), byte);
-    if (tipo == ".gif") return Difetto(pdf::ReadGif(byte, nome), byte);
-    if (tipo == ".jpg") return Difetto(pdf::ReadJpeg(std::string(byte), nome), byte);
-    if (tipo == ".ttf") return Difetto(pdf::ReadTrueType(byte, nome));
+    if (tipo == ".bmp") return Difetto(pdf::prReadBMP(byte, nome), byte);
+    if (tipo == ".gif") return Difetto(pdf::prReadGIF(byte, nome), byte);
+    if (tipo == ".jpg") return Difetto(pdf::prReadJPEG(std::string(byte), nome), byte);
+    if (tipo == ".ttf") return Difetto(pdf::prReadTrueType(byte, nome));
     return "no reader for " + nome;
 }
 

@@ -30,9 +30,9 @@ bool Finisce(const std::string& nome, std::string_view con)
 
 pdf::Picture Figura(const std::string& nome)
 {
-    if (Finisce(nome, ".bmp")) return pdf::ReadBmp(Leggi(nome), nome);
-    if (Finisce(nome, ".gif")) return pdf::ReadGif(Leggi(nome), nome);
-    return pdf::ReadJpeg(Leggi(nome), nome);
+    if (Finisce(nome, ".bmp")) return pdf::prReadBMP(Leggi(nome), nome);
+    if (Finisce(nome, ".gif")) return pdf::prReadGIF(Leggi(nome), nome);
+    return pdf::prReadJPEG(Leggi(nome), nome);
 }
 
 // The index of one pixel, counted from the left end of its row.

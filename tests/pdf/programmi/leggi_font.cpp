@@ -32,7 +32,7 @@ int main(int argc, char** argv)
         std::ifstream file(nome, std::ios::binary);
         const std::string byte{std::istreambuf_iterator<char>(file), {}};
         try {
-            Scrivi(pdf::ReadTrueType(byte, nome));
+            Scrivi(pdf::prReadTrueType(byte, nome));
         } catch (const ErroreRuntime& errore) {
             std::printf("errore: %s\n", errore.what());
         }
