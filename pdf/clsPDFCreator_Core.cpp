@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view WriterVersion = "1.9.1";
 
-// Objects whose numbers are fixed; 2 to 6 are written by EndDoc.
+// State::FixedObjects by name; 2 to 6 are written by EndDoc.
 enum : std::int32_t
 {
     InfoObject = 1,
@@ -186,7 +186,7 @@ void clsPDFCreator::State::prBeginFile(const std::string& info)
     Out.prPrint("% ", ClassBanner, " rel. ", WriterVersion);
     OpenedWith = DocProperties;
     prWriteDictionary(InfoObject, info);
-    Out.prSetCounter(PageResourceObject);
+    Out.prSetCounter(FixedObjects);
     KeptForDrawing = 0;
 }
 
@@ -227,24 +227,6 @@ void clsPDFCreator::OpenDoc()
         throw ErroreRuntime(NumeroErrore::FileNonTrovato, "nessun programma può aprire il file",
                             m->FileName);
     }
-}
-
-void clsPDFCreator::State::prRequireObjects(std::int32_t more) const
-{
-    const std::int32_t used = Out.prIsOpen() ? Out.prCounter() : +PageResourceObject;
-    const std::int32_t firstPage = PageCount == 0 ? ObjectsOfPage : 0;
-    pdf::prRequireRoom(used + KeptForEnd + KeptForDrawing + firstPage + more - 1, "oggetti");
-}
-
-void clsPDFCreator::State::prKeepObjects(std::int32_t more)
-{
-    prRequireObjects(more);
-    KeptForEnd += more;
-}
-
-void clsPDFCreator::State::prNotFinite()
-{
-    throw ErroreRuntime(NumeroErrore::Overflow, "un numero non è finito", "clsPDFCreator");
 }
 
 // The day, the time and a digit read as one number: two such files of one second seldom meet.

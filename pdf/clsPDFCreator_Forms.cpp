@@ -37,9 +37,7 @@ void clsPDFCreator::EndObject()
 {
     m->prRequire();
     m->Out.prWriteRaw("Q");
-    m->Out.prEndStream();
-    m->Out.prWriteStreamLength();
-    m->KeptForDrawing = 0;
+    m->prEndDrawing();
 }
 
 void clsPDFCreator::PlayObject(std::string_view Name)

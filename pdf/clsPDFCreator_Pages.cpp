@@ -60,13 +60,6 @@ float clsPDFCreator::GetY() const
     return m->prInUnits(m->Current.Y);
 }
 
-void clsPDFCreator::State::prBeginDrawing()
-{
-    LineWidth = 1;
-    FillChosen = false;
-    OuterTables.clear(); // a table left open on the page before ends none of this one's
-}
-
 // With the defaults each page starts a range of its own and so is labelled 1, on purpose.
 void clsPDFCreator::State::prAppendPageLabel(std::int32_t style, std::string_view prefix,
                                              std::int32_t firstValue)

@@ -52,9 +52,7 @@ void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float
 void clsPDFCreator::EndTiling()
 {
     m->prRequire();
-    m->Out.prEndStream();
-    m->Out.prWriteStreamLength();
-    m->KeptForDrawing = 0;
+    m->prEndDrawing();
 }
 
 void clsPDFCreator::SetLinearFill(const std::vector<std::string>& Colors, float X0, float Y0,

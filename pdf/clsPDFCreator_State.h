@@ -134,6 +134,10 @@ struct clsPDFCreator::State
         bool CellOpen = false;
     };
 
+    // The first numbers belong to what every document has: the information dictionary, which
+    // BeginDoc writes, and the catalog and its like, which EndDoc writes.
+    static constexpr std::int32_t FixedObjects = 6;
+
     // How many objects a page takes without its annotations, a reusable object or tiling with its
     // length, a stream that EndDoc writes with its length.
     static constexpr std::int32_t ObjectsOfPage = 4;
@@ -236,6 +240,12 @@ struct clsPDFCreator::State
     double prInPoints(double units) const { return units * Scale; }
     void prSetCurrent(double x, double y) { Current = {pdf::prFloat(x), pdf::prFloat(y)}; }
 
+    // What every page, reusable object and tile starts with: line width, fill and no table.
+    void prBeginDrawing();
+
+    // Ends the content of a reusable object or tile, and writes its length as the next object.
+    void prEndDrawing();
+
     // ---- _Core, _Metadata
     std::string prUnnamedFile() const;
     std::string prInfoText() const;
@@ -251,7 +261,6 @@ struct clsPDFCreator::State
     std::string prXMPPacket() const;
 
     // ---- _Pages, _Forms
-    void prBeginDrawing(); // the line width, fill and tables that every page and form begins with
     void prAppendPageLabel(std::int32_t style, std::string_view prefix, std::int32_t firstValue);
     void prWriteAnnotations(std::int32_t lengthObject);
     void prPlayObject(std::string_view name);

@@ -1,0 +1,37 @@
+// What all concerns of the writer share: room for objects, numbers, the start and end of a drawing.
+// It calls none of the other clsPDFCreator_*.cpp, so that they may all call it; _Core.cpp shows how
+// a document goes from one to the next.
+
+#include "clsPDFCreator_State.h"
+
+void clsPDFCreator::State::prNotFinite()
+{
+    throw ErroreRuntime(NumeroErrore::Overflow, "un numero non è finito", "clsPDFCreator");
+}
+
+void clsPDFCreator::State::prRequireObjects(std::int32_t more) const
+{
+    const std::int32_t used = Out.prIsOpen() ? Out.prCounter() : FixedObjects;
+    const std::int32_t firstPage = PageCount == 0 ? ObjectsOfPage : 0;
+    pdf::prRequireRoom(used + KeptForEnd + KeptForDrawing + firstPage + more - 1, "oggetti");
+}
+
+void clsPDFCreator::State::prKeepObjects(std::int32_t more)
+{
+    prRequireObjects(more);
+    KeptForEnd += more;
+}
+
+void clsPDFCreator::State::prBeginDrawing()
+{
+    LineWidth = 1;
+    FillChosen = false;
+    OuterTables.clear(); // a table left open on the page before ends none of this one's
+}
+
+void clsPDFCreator::State::prEndDrawing()
+{
+    Out.prEndStream();
+    Out.prWriteStreamLength();
+    KeptForDrawing = 0;
+}
