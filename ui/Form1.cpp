@@ -1,26 +1,23 @@
+// Start of the window: what it is joined to before it shows. Its controls are made in
+// Form1_Controlli.cpp.
+
 #include "Form1.h"
 
 #include "Ambiente.h"
 #include "Applicazione.h"
 #include "ErroreRuntime.h"
-#include "FileNuovo.h"
 #include "Generale.h"
 #include "LibreriaCarte.h"
 #include "Messaggi.h"
 #include "MisuraFissa.h"
 #include "Misure.h"
-#include "Percorsi.h"
 #include "Segnali.h"
 #include "Separatori.h"
-#include "Stampe.h"
 #include "Testi.h"
-#include "modCarte.h"
 
-#include <QCloseEvent>
 #include <QKeyEvent>
 
 #include <exception>
-#include <functional>
 #include <string>
 
 Form1::Form1()
@@ -97,7 +94,7 @@ void Form1::ImpostaAmbiente()
     };
     Stampe::AmbienteInUso = std::move(ambiente);
     try {
-        TrovaCartella();
+        Generale::TrovaCartella();
     } catch (const ErroreRuntime&) {
         // Whoever only plays needs no folder; the first report tells.
     }
@@ -113,12 +110,6 @@ void Form1::ApriReport(const std::string& percorso, StileFinestra stile)
            QMessageBox::Warning);
 }
 
-void Form1::TrovaCartella()
-{
-    std::string& cartella = Stampe::AmbienteInUso.Cartella;
-    if (cartella.empty()) cartella = PercorsoTemp();
-}
-
 // Escape reaches the window only while all controls are locked, that is in a run.
 void Form1::keyPressEvent(QKeyEvent* evento)
 {
@@ -130,76 +121,4 @@ bool Form1::eventFilter(QObject* oggetto, QEvent* evento)
 {
     if (oggetto == numTaglie && FiltraNumero(evento)) return true;
     return QWidget::eventFilter(oggetto, evento);
-}
-
-// On every click, and whatever else changes the box.
-void Form1::chkStat_Click()
-{
-    if (ValoreStat() == 1) {
-        optStampa[FormaVideo]->setEnabled(true);
-        return;
-    }
-    if (optStampa[FormaVideo]->isChecked()) optStampa[FormaHtml]->setChecked(true);
-    optStampa[FormaVideo]->setEnabled(false);
-}
-
-// ---- Closing ---------------------------------------------------------------------------------
-
-// Closing is never refused, not even in a run: the window goes at once, the run ends at its next
-// yield, and only then do the closing steps follow, since it may still hold a report open.
-void Form1::closeEvent(QCloseEvent* evento)
-{
-    evento->accept();
-    m_chiusa = true;
-    if (!m_inCorso) Applicazione::Proteggi([this] { Chiudi(); });
-}
-
-namespace {
-
-// What somebody else has put there in its place counts as absent.
-bool NostroOAssente(const std::string& percorso)
-{
-    try {
-        PretendiSostituibile(percorso);
-        return true;
-    } catch (const ErroreRuntime&) {
-        return false;
-    }
-}
-
-// Without a folder there was never a file of ours: a bare name would lead to somebody else's.
-bool SenzaCartella()
-{
-    return Stampe::AmbienteInUso.Cartella.empty();
-}
-
-void EliminaGuida()
-{
-    if (SenzaCartella()) return;
-    const std::string percorso = Stampe::PercorsoReport(Generale::NomeGuida);
-    if (modCarte::FileEsiste(percorso) != Falso && NostroOAssente(percorso)) TogliFile(percorso);
-}
-
-void EliminaReport()
-{
-    if (!SenzaCartella()) Stampe::EliminaReport();
-}
-
-} // namespace
-
-void Form1::Chiudi()
-{
-    if (m_chiusuraFatta) return;
-    m_chiusuraFatta = true;
-    std::exception_ptr primo;
-    for (const auto& passo :
-         std::initializer_list<std::function<void()>>{EliminaGuida, EliminaReport, cdtTerm}) {
-        try {
-            passo();
-        } catch (...) {
-            // One failing step must not keep the others from running.
-            if (!primo) primo = std::current_exception();
-        }
-    }
-    if (primo) std::rethrow_exception(primo);
 }

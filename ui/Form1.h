@@ -1,8 +1,14 @@
 // The window: batch simulation, report options, one shoe played coup by coup, help.
 //
-// Form1.cpp start and closing, Form1_Controlli.cpp what stands where, Form1_Gioco.cpp the game,
-// Form1_Taglie.cpp the batch run, Form1_Numero.cpp the field with the number of shoes,
-// Form1_Titolo.cpp title screen and help.
+// Its members stand in these files, each of which calls only files further down the list:
+// Form1.cpp             start, and what the window is joined to
+// Form1_Controlli.cpp   which controls there are and where they stand
+// Form1_Gioco.cpp       one shoe played coup by coup
+// Form1_Taglie.cpp      the batch run
+// Form1_Chiusura.cpp    closing
+// Form1_Titolo.cpp      title screen, help, exit
+// Form1_Numero.cpp      the field with the number of shoes
+// Form1_Stato.cpp       what is chosen, locked and said in the status line
 #pragma once
 
 #include "ApriConShell.h"
@@ -64,10 +70,6 @@ protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
-    // Locks (Falso) or unlocks (Vero) all commands, then lets pending events run once. Unlocking
-    // leaves the game idle, whatever it was before.
-    void AbilitaComandi(const Flag& abilita);
-
     // Shows the final record of the shoe and ends the game.
     void UltimoColpo();
 
@@ -90,7 +92,6 @@ private:
     void cmdTaglie_Click();
     void cmdHelp_Click();
     void cmdExit_Click();
-    void chkStat_Click();
 
     // ---- numTaglie; the filters return true for what must not reach the field ----
     void numTaglie_Change();
@@ -102,14 +103,29 @@ private:
     void SelezionaNumero();
     double NumeroTaglie() const;
 
-    // ---- The batch run ----
+    // ---- The state of the controls ----
+    // Whether only statistics are wanted: 0 unchecked, 1 checked, 2 neither; Qt numbers them
+    // otherwise.
     int ValoreStat() const;
+
+    // Index of the chosen report form in optStampa; NumeroForme when none is.
     std::size_t FormaScelta() const;
-    void TrovaCartella(); // error 76 when there is no temporary folder
+
+    // On every click on chkStat, and whatever else changes the box: the report on screen can be
+    // chosen only while it is checked.
+    void chkStat_Click();
+
+    // Locks (Falso) or unlocks (Vero) all commands, then lets pending events run once. Unlocking
+    // leaves the game idle, whatever it was before.
+    void AbilitaComandi(const Flag& abilita);
+
+    // Puts a text (UTF-8) into the status line, which takes the width that it needs.
+    void MostraStato(std::string_view testo);
+
+    // ---- The batch run ----
     void ApriReport(const std::string& percorso, StileFinestra stile);
     std::string EseguiReport();
     void ChiamaReport();
-    void MostraStato(std::string_view testo);
     void MostraAvanzamento(std::string_view testo);
     bool OrologioFermo(double adesso);
     void Cedi();

@@ -1,4 +1,4 @@
-// One shoe played coup by coup, and the lock on all commands.
+// One shoe played coup by coup. What each screen shows stands in Schermate.cpp.
 
 #include "Form1.h"
 
@@ -6,8 +6,6 @@
 #include "Schermate.h"
 #include "Testi.h"
 #include "modCarte.h"
-
-#include <QGuiApplication>
 
 #include <string>
 
@@ -77,23 +75,4 @@ void Form1::cmdCancel_Click()
     cmdColpo->setEnabled(false);
     cmdCancel->setEnabled(false);
     MostraTitolo();
-}
-
-void Form1::AbilitaComandi(const Flag& abilita)
-{
-    const bool si = abilita != Falso;
-    for (QWidget* comando : std::initializer_list<QWidget*>{
-             Label1, numTaglie, optStampa[FormaHtml], optStampa[FormaPdf], optStampa[FormaTxt],
-             chkStat, cmdTaglie, cmdMescola}) {
-        comando->setEnabled(si);
-    }
-    cmdColpo->setEnabled(false);
-    cmdCancel->setEnabled(false);
-    for (QWidget* comando :
-         std::initializer_list<QWidget*>{cmdHelp, cmdExit, Frame1, Frame2, Frame3}) {
-        comando->setEnabled(si);
-    }
-    optStampa[FormaVideo]->setEnabled(si && ValoreStat() == 1);
-    repaint();               // what the user sees must not wait for the end of a report
-    QGuiApplication::sync(); // pending events, and the drawing on its way to the display
 }

@@ -1,9 +1,10 @@
-// The batch run: limits, the report, the commands before and after.
+// The batch run: limits, the report, the commands before and after. The reports stand in Stampe.h.
 
 #include "Form1.h"
 
 #include "Ambiente.h"
 #include "ErroreRuntime.h"
+#include "Generale.h"
 #include "Messaggi.h"
 #include "Numeri.h"
 #include "Orologio.h"
@@ -14,7 +15,6 @@
 #include <QGuiApplication>
 #include <QPointer>
 
-#include <algorithm>
 #include <string>
 
 namespace {
@@ -56,20 +56,6 @@ bool SoloDaDire(NumeroErrore numero)
 }
 
 } // namespace
-
-// 0 unchecked, 1 checked, 2 neither; Qt numbers them otherwise.
-int Form1::ValoreStat() const
-{
-    if (chkStat->checkState() == Qt::Unchecked) return 0;
-    return chkStat->checkState() == Qt::Checked ? 1 : 2;
-}
-
-std::size_t Form1::FormaScelta() const
-{
-    const auto scelta = std::find_if(optStampa.begin(), optStampa.end(),
-                                     [](const auto* opzione) { return opzione->isChecked(); });
-    return static_cast<std::size_t>(scelta - optStampa.begin());
-}
 
 Flag Form1::ControllaLimiti()
 {
@@ -132,7 +118,7 @@ std::string Form1::EseguiReport()
 void Form1::ChiamaReport()
 {
     const std::size_t forma = FormaScelta();
-    if (forma != FormaVideo) TrovaCartella(); // what is drawn needs none
+    if (forma != FormaVideo) Generale::TrovaCartella(); // what is drawn needs none
     const double taglie = NumeroTaglie();
     const bool statistiche = ValoreStat() != 0;
     const Stampe::EtichettaStato etichetta = [this](std::string_view testo) {
@@ -171,12 +157,6 @@ void Form1::Restituisci(QWidget* fuoco)
     MostraStato("");
     if (fuoco != nullptr && fuoco->isEnabled()) fuoco->setFocus();
     else cmdMescola->setFocus();
-}
-
-void Form1::MostraStato(std::string_view testo)
-{
-    lblStatus->setText(InQt(testo));
-    lblStatus->adjustSize();
 }
 
 // Where the clock of durations stands or goes back (some virtual machines), captions are counted

@@ -70,7 +70,7 @@ void Form1::MostraTitolo()
 void Form1::cmdHelp_Click()
 {
     try {
-        TrovaCartella(); // it may have been missing at the start and be there by now
+        Generale::TrovaCartella(); // it may have been missing at the start and be there by now
     } catch (const ErroreRuntime&) {
         return; // like a folder that cannot be written
     }

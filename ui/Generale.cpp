@@ -5,6 +5,7 @@
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
 #include "Misure.h"
+#include "Percorsi.h"
 #include "Stampe.h"
 #include "TavoloCarte.h"
 #include "Testi.h"
@@ -57,6 +58,12 @@ void PrintText(std::string_view testo, float x, float y, std::string_view nomeFo
     pennello.setFont(font);
     if (angolo == 0) pennello.scale(Stretta(InQt(testo), font, superficie.Spazio(x, y)), 1);
     pennello.drawText(0, caratteri::Ascendente(nomeFont, pixel), InQt(testo));
+}
+
+void TrovaCartella()
+{
+    std::string& cartella = Stampe::AmbienteInUso.Cartella;
+    if (cartella.empty()) cartella = PercorsoTemp();
 }
 
 void ApriRisorsa(std::string_view nome, std::int32_t numero)

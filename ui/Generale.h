@@ -1,4 +1,5 @@
-// What the whole window uses: captions on the card table and the program's own resources.
+// What the whole window uses: captions on the card table, the folder of its files
+// and the program's own resources.
 #pragma once
 
 #include "Flag.h"
@@ -19,6 +20,10 @@ namespace Generale {
 void PrintText(std::string_view testo, float x, float y, std::string_view nomeFont,
                std::int32_t altezza, std::int32_t peso, std::int32_t angolo, Flag corsivo,
                Flag sottolineato, Flag barrato, TavoloCarte& superficie);
+
+// Makes the temporary folder the one of the reports and the help page, unless they have one. Error
+// 76 when there is none: ask again when the next file is wanted, it may be there by then.
+void TrovaCartella();
 
 // The help page among the program's resources.
 inline constexpr std::int32_t PaginaGuida = 101;
