@@ -25,7 +25,7 @@
 namespace {
 
 constexpr std::size_t Quanti = 10'000'000;
-constexpr int Giri = 9;
+constexpr int Volte = 9;
 
 // --- What is encoded ----------------------------------------------------------------------------
 
@@ -157,12 +157,12 @@ bool LibreriaLegge(std::string codici, const std::string& byte)
 
 // --- Measures -----------------------------------------------------------------------------------
 
-template <typename Lavoro>
-double MegabyteAlSecondo(const std::string& byte, const Lavoro& lavoro)
+template <typename Funzione>
+double MegabyteAlSecondo(const std::string& byte, const Funzione& funzione)
 {
     using namespace std::chrono;
     const auto inizio = steady_clock::now();
-    volatile std::size_t uscita = lavoro(byte); // so that the work is done
+    volatile std::size_t uscita = funzione(byte); // so that the work is done
     static_cast<void>(uscita);
     const double secondi = duration<double>(steady_clock::now() - inizio).count();
     return static_cast<double>(byte.size()) / secondi / 1e6;
@@ -180,7 +180,7 @@ void MisuraLzw(const char* nome, const std::string& byte, double meta)
     const auto nostra = [](const std::string& dati) { return pdf::prLZWEncode(dati).size(); };
     std::vector<double> noi;
     std::vector<double> loro;
-    for (int i = 0; i < Giri; ++i) {
+    for (int i = 0; i < Volte; ++i) {
         loro.push_back(MegabyteAlSecondo(byte, ConLibreria));
         noi.push_back(MegabyteAlSecondo(byte, nostra));
     }
@@ -192,7 +192,7 @@ void Misura(const char* cosa, const char* nome, const std::string& byte, double 
             std::string (*codifica)(std::string_view))
 {
     std::vector<double> noi;
-    for (int i = 0; i < Giri; ++i) {
+    for (int i = 0; i < Volte; ++i) {
         noi.push_back(MegabyteAlSecondo(
             byte, [&](const std::string& dati) { return codifica(dati).size(); }));
     }

@@ -5,8 +5,8 @@
 //   bench_taglie --istruzioni N   plays N shoes and nothing else, for counting instructions
 
 #include "Ambiente.h"
+#include "CorsaNuda.h"
 #include "Firma.h"
-#include "GiroNudo.h"
 #include "Stampe.h"
 #include "modCarte.h"
 
@@ -22,12 +22,12 @@
 
 namespace {
 
-template <typename Lavoro>
-double TaglieAlSecondo(std::int64_t taglie, const Lavoro& lavoro)
+template <typename Funzione>
+double TaglieAlSecondo(std::int64_t taglie, const Funzione& funzione)
 {
     using namespace std::chrono;
     const auto inizio = steady_clock::now();
-    lavoro(taglie);
+    funzione(taglie);
     return static_cast<double>(taglie) / duration<double>(steady_clock::now() - inizio).count();
 }
 
@@ -42,54 +42,54 @@ void Motore(std::int64_t taglie)
     for (std::int64_t i = 0; i < taglie; ++i) modCarte::SimulaTaglia();
 }
 
-void Nudo(std::int64_t taglie)
+void Nuda(std::int64_t taglie)
 {
-    benchmark::DoNotOptimize(bench::GiroNudo(taglie));
+    benchmark::DoNotOptimize(bench::CorsaNuda(taglie));
 }
 
 // In turn, so that a slower moment of the machine hits both.
 void StampaQuota()
 {
-    constexpr int giri = 15;
+    constexpr int volte = 15;
     constexpr std::int64_t taglieMotore = 8000;
     constexpr std::int64_t taglieNude = 80000;
     std::vector<double> motore;
-    std::vector<double> nudo;
+    std::vector<double> nuda;
     std::vector<double> rapporti;
     modCarte::AvviaEntropia();
-    for (int i = 0; i < giri; ++i) {
-        nudo.push_back(TaglieAlSecondo(taglieNude, Nudo));
+    for (int i = 0; i < volte; ++i) {
+        nuda.push_back(TaglieAlSecondo(taglieNude, Nuda));
         motore.push_back(TaglieAlSecondo(taglieMotore, Motore));
-        rapporti.push_back(nudo.back() / motore.back());
+        rapporti.push_back(nuda.back() / motore.back());
     }
-    std::printf("motore:   %9.0f taglie al secondo\n", Mediana(motore));
-    std::printf("giro nudo:%9.0f taglie al secondo\n", Mediana(nudo));
-    std::printf("quota:    1/%.1f (mediane di %d giri)\n", Mediana(rapporti), giri);
+    std::printf("motore:    %9.0f taglie al secondo\n", Mediana(motore));
+    std::printf("corsa nuda:%9.0f taglie al secondo\n", Mediana(nuda));
+    std::printf("quota:     1/%.1f (mediane di %d volte)\n", Mediana(rapporti), volte);
 }
 
-void BM_GiroNudo(benchmark::State& stato)
+void BM_CorsaNuda(benchmark::State& stato)
 {
-    for ([[maybe_unused]] auto giro : stato) Nudo(1000);
+    for ([[maybe_unused]] auto volta : stato) Nuda(1000);
     stato.SetItemsProcessed(stato.iterations() * 1000);
 }
 
 void BM_SimulaTaglia(benchmark::State& stato)
 {
     modCarte::AvviaEntropia();
-    for ([[maybe_unused]] auto giro : stato) modCarte::SimulaTaglia();
+    for ([[maybe_unused]] auto volta : stato) modCarte::SimulaTaglia();
     stato.SetItemsProcessed(stato.iterations());
 }
 
 void BM_MescolaMazzo(benchmark::State& stato)
 {
     modCarte::AvviaEntropia();
-    for ([[maybe_unused]] auto giro : stato) modCarte::MescolaMazzo();
+    for ([[maybe_unused]] auto volta : stato) modCarte::MescolaMazzo();
 }
 
 void BM_MescolaMazzoSeme(benchmark::State& stato)
 {
     modCarte::AvviaSeme(1, 1);
-    for ([[maybe_unused]] auto giro : stato) modCarte::MescolaMazzo();
+    for ([[maybe_unused]] auto volta : stato) modCarte::MescolaMazzo();
 }
 
 void BM_GiocaTaglia(benchmark::State& stato)
@@ -97,7 +97,7 @@ void BM_GiocaTaglia(benchmark::State& stato)
     modCarte::AvviaSeme(1, 1);
     modCarte::MescolaMazzo();
     const auto mazzo = modCarte::Mazzo;
-    for ([[maybe_unused]] auto giro : stato) {
+    for ([[maybe_unused]] auto volta : stato) {
         modCarte::ImpostaMazzo(mazzo);
         modCarte::GiocaTaglia();
     }
@@ -108,21 +108,21 @@ void BM_CalcolaStatistiche(benchmark::State& stato)
     modCarte::AvviaSeme(1, 1);
     modCarte::SimulaTaglia();
     const auto n = static_cast<std::int16_t>(modCarte::Colpi.size() - 1);
-    for ([[maybe_unused]] auto giro : stato) modCarte::CalcolaStatistiche(n);
+    for ([[maybe_unused]] auto volta : stato) modCarte::CalcolaStatistiche(n);
 }
 
 void BM_TotaliConLavori(benchmark::State& stato)
 {
     constexpr double taglie = 10000;
     Stampe::AmbienteInUso.Lavori = static_cast<int>(stato.range(0));
-    for ([[maybe_unused]] auto giro : stato) {
+    for ([[maybe_unused]] auto volta : stato) {
         benchmark::DoNotOptimize(Stampe::SoloTotali(taglie, {}));
     }
     Stampe::AmbienteInUso.Lavori = 1;
     stato.SetItemsProcessed(stato.iterations() * static_cast<std::int64_t>(taglie));
 }
 
-BENCHMARK(BM_GiroNudo);
+BENCHMARK(BM_CorsaNuda);
 BENCHMARK(BM_SimulaTaglia);
 BENCHMARK(BM_MescolaMazzo);
 BENCHMARK(BM_MescolaMazzoSeme);

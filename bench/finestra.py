@@ -27,9 +27,9 @@ from schermo import Finestra, Schermo, aspetta  # noqa: E402 (its folder is know
 VOLTE = 5
 
 
-def misura(lavoro):
+def misura(azione):
     inizio = time.monotonic()
-    lavoro()
+    azione()
     return time.monotonic() - inizio
 
 
@@ -56,7 +56,7 @@ def prepara(schermo, quante):
     return finestra
 
 
-def giro(schermo):
+def corsa(schermo):
     finestra = prepara(schermo, "10000")
     finestra.schermo.fa("xdotool", "mousemove", "--window", finestra.id, "120", "241")
     durata = misura(lambda: (finestra.schermo.fa("xdotool", "click", "1"),
@@ -87,12 +87,12 @@ def main():
     schermo = Schermo()
     try:
         racconta("finestra visibile", [avvio(schermo) for _ in range(VOLTE)], "0,6")
-        finestre = [giro(schermo) for _ in range(VOLTE)]
+        finestre = [corsa(schermo) for _ in range(VOLTE)]
         comandi = [nudo() for _ in range(VOLTE)]
         racconta("10.000 taglie in finestra", finestre, "3 volte il comando")
         racconta("10.000 taglie dal comando", comandi, "-")
         print(f"rapporto: {statistics.median(finestre) / statistics.median(comandi):.2f}")
-        racconta("dal pulsante di chiusura alla fine, a metà giro",
+        racconta("dal pulsante di chiusura alla fine, a metà corsa",
                  [chiusura(schermo) for _ in range(VOLTE)], "0,1")
     finally:
         schermo.close()

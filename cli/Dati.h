@@ -1,7 +1,7 @@
 // The totals of a run for other programs: JSON and CSV. The fields are described in docs/dati.md.
 #pragma once
 
-#include "GiroTaglie.h"
+#include "CorsaTaglie.h"
 #include "Opzioni.h"
 #include "Studio.h"
 

@@ -3,8 +3,8 @@
 // Stampe_Video.cpp.
 #pragma once
 
+#include "CorsaTaglie.h"
 #include "Esiti.h"
-#include "GiroTaglie.h"
 #include "Separatori.h"
 
 #include <array>

@@ -4,8 +4,8 @@
 #include "SpazioPdf.h"
 
 #include "Ambiente.h"
+#include "CorsaTaglie.h"
 #include "ErroreRuntime.h"
-#include "GiroTaglie.h"
 #include "Stampe.h"
 #include "modCarte.h"
 

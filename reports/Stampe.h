@@ -1,10 +1,10 @@
 // The reports: simulations of N whole shoes written as text, HTML or PDF, or drawn on a picture.
 //
-// Start here, then GiroTaglie.h (the run that all reports share), Stampe_Txt.cpp, Stampe_Html.cpp
+// Start here, then CorsaTaglie.h (the run that all reports share), Stampe_Txt.cpp, Stampe_Html.cpp
 // and Stampe_Pdf.cpp (one layout each), FormatiNumero.h (how numbers look).
 #pragma once
 
-#include "GiroTaglie.h"
+#include "CorsaTaglie.h"
 #include "Separatori.h"
 #include "Superficie.h"
 

@@ -13,7 +13,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 installa_pacchetti valgrind qpdf mupdf-tools poppler-utils ghostscript fonts-liberation2 \
     fonts-dejavu-core xvfb openbox xdotool wmctrl imagemagick x11-utils
 cmake --preset release
-cmake --build --preset release --target taglie scalvino documenti giri partite galleria \
+cmake --build --preset release --target taglie scalvino documenti corse partite galleria \
     locali memoria_finita
 
 esegui() {
@@ -25,7 +25,7 @@ for parte in "$@"; do
     case $parte in
         documenti) esegui documenti --quanti 1000 --almeno 200 ;;
         report) esegui report --corse 200 ;;
-        durata) esegui durata --taglie 10000000 --giri 1000 --processi 1000 --partite 200 --schermo 10 ;;
+        durata) esegui durata --taglie 10000000 --corse 1000 --processi 1000 --partite 200 --schermo 10 ;;
         perdite) esegui perdite ;;
         segnali) COLPI=200 ctest --preset release -V -R '^comando_segnali$' ;;
         memoria) TUTTE=1 ctest --preset release -V -R '^comando_memoria_finita$' ;;

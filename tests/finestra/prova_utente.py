@@ -183,7 +183,7 @@ class Utente(Prova):
         self.assertIsNone(finestra.processo.poll())
         return finestra
 
-    def test_chiudere_durante_un_giro(self):
+    def test_chiudere_durante_una_corsa(self):
         for opzione in [*REPORT, "optStampa3"]:
             finestra = self.lungo(opzione)
             finestra.fotografa("in-corso")
@@ -198,7 +198,7 @@ class Utente(Prova):
             self.assertEqual(finestra.aperti(), [])
             self.assertEqual((finestra.base / "errori").read_text(), "")
 
-    def test_un_segnale_durante_un_giro(self):
+    def test_un_segnale_durante_una_corsa(self):
         for segnale in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGQUIT,
                         signal.SIGXCPU):
             finestra = self.lungo("optStampa2")
@@ -206,7 +206,7 @@ class Utente(Prova):
             self.assertEqual(finestra.esito(), 0)
             self.assertEqual(list(finestra.cartella.glob("*.*")), [])
 
-    def test_esc_ferma_un_giro(self):
+    def test_esc_ferma_una_corsa(self):
         finestra = self.lungo("optStampa2")
         finestra.tasti("Escape")
         aspetta(lambda: self.libera(finestra), "i comandi di nuovo liberi")

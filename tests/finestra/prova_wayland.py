@@ -97,7 +97,7 @@ class Wayland(Prova):
         aspetta(lambda: len(finestra.aperti()) == 1, "il report di 50 taglie")
         self.finisce(finestra)
 
-    def test_nemmeno_durante_un_giro(self):
+    def test_nemmeno_durante_una_corsa(self):
         finestra = self.avvia()
         finestra.clicca("chkStat")
         finestra.clicca("optStampa2")

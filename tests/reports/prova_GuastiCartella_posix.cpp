@@ -97,7 +97,7 @@ TEST(CartellaGuasta, SostituitoDaUnCollegamentoODaUnaFifoIlTestoSiFerma)
         [](const fs::path& report) { EXPECT_EQ(::mkfifo(report.c_str(), 0600), 0); });
 }
 
-TEST(CartellaGuasta, SostituitaDuranteIlGiroLaPaginaAltruiResta)
+TEST(CartellaGuasta, SostituitaDuranteLaCorsaLaPaginaAltruiResta)
 {
     for (const std::size_t quale : {2U, 3U}) {
         Prova prova;

@@ -46,7 +46,7 @@ TEST(Arresto, UccisoDopoLaSecondaTagliaIlTestoNeHaDueIntere)
     EXPECT_TRUE(Byte(prova.Cartella.File("taglie.txt")) == DueTaglie());
 }
 
-TEST(Arresto, DopoUnUccisioneIlGiroSuccessivoSostituisceCioCheResta)
+TEST(Arresto, DopoUnUccisioneLaCorsaSuccessivaSostituisceCioCheResta)
 {
     for (const auto& operazione : Operazioni) {
         Prova prova;

@@ -15,7 +15,7 @@ using resistenza::Caso;
 using resistenza::Memoria;
 
 #if !defined(__SANITIZE_ADDRESS__)
-TEST(Memoria, VedeUnGiroCheNeTieneSempreDiPiu)
+TEST(Memoria, VedeUnaCorsaCheNeTieneSempreDiPiu)
 {
     constexpr std::size_t quattroMebibyte = 4 << 20;
     std::vector<std::vector<char>> tenuta;
@@ -28,7 +28,7 @@ TEST(Memoria, VedeUnGiroCheNeTieneSempreDiPiu)
 }
 #endif
 
-TEST(Memoria, AccettaUnGiroCheLaRestituisce)
+TEST(Memoria, AccettaUnaCorsaCheLaRestituisce)
 {
     Memoria memoria(10);
     for (int i = 1; i <= 10; ++i) {

@@ -3,7 +3,7 @@
 
     resistenza.py [OPTIONS] documenti [--quanti N] [--primo SEED] [--almeno N]
     resistenza.py [OPTIONS] report [--corse N] [--seme SEED]
-    resistenza.py [OPTIONS] durata [--taglie N] [--giri N] [--processi N] [--partite N] [--schermo N]
+    resistenza.py [OPTIONS] durata [--taglie N] [--corse N] [--processi N] [--partite N] [--schermo N]
     resistenza.py [OPTIONS] perdite
 
 documenti  random documents over all operations of the PDF writer (see documenti.cpp), and
@@ -271,8 +271,8 @@ def durata(scelte):
         ambiente = {**os.environ, "TMPDIR": str(temporanea), "XDG_RUNTIME_DIR": str(casa)}
         if scelte.taglie:
             taglie(scelte, cartella)
-        if scelte.giri:
-            in_un_processo(scelte, "giri", scelte.giri, cartella, ambiente)
+        if scelte.corse:
+            in_un_processo(scelte, "corse", scelte.corse, cartella, ambiente)
         if scelte.processi:
             processi(scelte, cartella)
         if scelte.partite:
@@ -324,7 +324,7 @@ def argomenti(testi):
 
     parte(documenti, quanti=1000, primo=1, almeno=1)
     parte(report, corse=200, seme=1)
-    parte(durata, taglie=0, giri=0, processi=0, partite=0, schermo=0)
+    parte(durata, taglie=0, corse=0, processi=0, partite=0, schermo=0)
     parte(perdite)
     scelte = opzioni.parse_args(testi)
     scelte.costruito = scelte.costruito.resolve()

@@ -169,7 +169,7 @@ TEST_F(Finestra, UnGuastoNellaPaginaNonFermaGliAltriPassi)
 
 // ---- In the middle of a run ------------------------------------------------------------------
 
-TEST_F(Finestra, ChiudereDuranteUnGiroLoFerma)
+TEST_F(Finestra, ChiudereDuranteUnaCorsaLaFerma)
 {
     for (const std::size_t forma : {FormaHtml, FormaPdf, FormaTxt, FormaVideo}) {
         SCOPED_TRACE(forma);
@@ -186,10 +186,10 @@ TEST_F(Finestra, ChiudereDuranteUnGiroLoFerma)
         altra.findChild<QCheckBox*>(QStringLiteral("chkStat"))->setChecked(true);
         altra.findChild<QRadioButton*>(QStringLiteral("optStampa%1").arg(forma))->setChecked(true);
         altra.findChild<QLineEdit*>(QStringLiteral("numTaglie"))->setText(QStringLiteral("9000"));
-        int giri = 0;
+        int fatte = 0;
         bool paginaAllora = false;
         inUso.Cedi = [&] {
-            if (++giri == 3) {
+            if (++fatte == 3) {
                 EXPECT_TRUE(altra.close());
                 EXPECT_FALSE(altra.isVisible());
                 paginaAllora = fs::exists(ambiente.Cartella.File("scalvino.htm"));
@@ -197,7 +197,7 @@ TEST_F(Finestra, ChiudereDuranteUnGiroLoFerma)
             QCoreApplication::processEvents();
         };
         altra.findChild<QPushButton*>(QStringLiteral("cmdTaglie"))->click();
-        EXPECT_EQ(giri, 3);
+        EXPECT_EQ(fatte, 3);
         EXPECT_TRUE(paginaAllora); // the closing steps waited for the run
         EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
         EXPECT_TRUE(ambiente.Aperti.empty());
@@ -225,7 +225,7 @@ TEST_F(Finestra, ChiudereDuranteUnReportCompletoLoLasciaFinire)
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
 }
 
-TEST_F(Finestra, ChiudereConUnaDomandaApertaNonAvviaIlGiro)
+TEST_F(Finestra, ChiudereConUnaDomandaApertaNonAvviaLaCorsa)
 {
     Risponditore mano(QMessageBox::NoButton);
     mano.Guarda = [](QMessageBox&) { QApplication::closeAllWindows(); };
@@ -238,7 +238,7 @@ TEST_F(Finestra, ChiudereConUnaDomandaApertaNonAvviaIlGiro)
 }
 
 // The answer comes when there is no window any more.
-TEST_F(Finestra, UnSiDopoLaChiusuraNonAvviaIlGiro)
+TEST_F(Finestra, UnSiDopoLaChiusuraNonAvviaLaCorsa)
 {
     Risponditore mano(QMessageBox::Yes);
     mano.Guarda = [this](QMessageBox&) { EXPECT_TRUE(finestra->close()); };
@@ -253,18 +253,18 @@ TEST_F(Finestra, UnSiDopoLaChiusuraNonAvviaIlGiro)
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
 }
 
-TEST_F(Finestra, UnaRichiestaDaFuoriFermaIlGiro)
+TEST_F(Finestra, UnaRichiestaDaFuoriFermaLaCorsa)
 {
     Scegli(FormaTxt, true);
     Scrivi("9000");
-    int giri = 0;
+    int fatte = 0;
     Stampe::AmbienteInUso.Cedi = [&] {
-        if (++giri == 4) ImpostaInterruzione(true);
+        if (++fatte == 4) ImpostaInterruzione(true);
         QCoreApplication::processEvents();
     };
     Clicca("cmdTaglie");
     ImpostaInterruzione(false);
-    EXPECT_EQ(giri, 4);
+    EXPECT_EQ(fatte, 4);
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
 }
 
@@ -331,14 +331,14 @@ TEST_F(Finestra, UnGuastoInUnaTagliaFinisceIlProgrammaDopoAverSbloccato)
 }
 
 // A failure out of an event that comes in the middle of a run.
-TEST_F(Finestra, UnGuastoDuranteUnGiroLoFermaESiDiceUnaVoltaSola)
+TEST_F(Finestra, UnGuastoDuranteUnaCorsaLaFermaESiDiceUnaVoltaSola)
 {
     Risponditore mano;
     Scegli(FormaTxt, true);
     Scrivi("9000");
-    int giri = 0;
+    int fatte = 0;
     Stampe::AmbienteInUso.Cedi = [&] {
-        if (++giri == 4) {
+        if (++fatte == 4) {
             QTimer::singleShot(0, finestra.get(),
                                [this] { Numero()->setText(QStringLiteral("dieci")); });
         }
@@ -346,7 +346,7 @@ TEST_F(Finestra, UnGuastoDuranteUnGiroLoFermaESiDiceUnaVoltaSola)
     };
     EXPECT_EQ(Esegui([this] { Clicca("cmdTaglie"); }), 1);
     ASSERT_EQ(mano.Visti.size(), 1U);
-    EXPECT_EQ(giri, 4);
+    EXPECT_EQ(fatte, 4);
     EXPECT_TRUE(finestra->Chiusa());
     EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
     EXPECT_FALSE(LibreriaAvviata());

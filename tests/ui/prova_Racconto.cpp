@@ -64,7 +64,7 @@ TEST_F(Finestra, LUltimaSchermataSiRaccontaComeUnColpo)
 }
 
 // The table takes no focus, and in a run the window itself has it: Escape must reach it.
-TEST_F(Finestra, DuranteUnGiroIlFuocoEDellaFinestra)
+TEST_F(Finestra, DuranteUnaCorsaIlFuocoEDellaFinestra)
 {
     EXPECT_EQ(Trova("picCard")->focusPolicy(), Qt::NoFocus);
     Scegli(FormaTxt, true);

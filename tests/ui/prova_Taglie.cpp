@@ -184,26 +184,26 @@ TEST_F(Finestra, NeSpuntataNoVuotaValeComeSpuntata)
     EXPECT_FALSE(Opzione(FormaVideo)->isEnabled());
 }
 
-TEST_F(Finestra, DuranteIlGiroTuttoEBloccato)
+TEST_F(Finestra, DuranteLaCorsaTuttoEBloccato)
 {
     Scegli(FormaTxt, true);
     Scrivi("3");
     Interruttori interruttori(*finestra);
-    int giri = 0;
+    int fatte = 0;
     Stampe::AmbienteInUso.Cedi = [&] {
-        ++giri;
+        ++fatte;
         for (const auto& nome : Comandi) EXPECT_FALSE(Trova(nome.c_str())->isEnabled()) << nome;
         EXPECT_TRUE(Trova("picCard")->isEnabled());
         EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
         EXPECT_EQ(Stato(),
-                  "Elaborazione in corso. Attendere... Taglia " + std::to_string(giri) + " di 3");
+                  "Elaborazione in corso. Attendere... Taglia " + std::to_string(fatte) + " di 3");
         EXPECT_EQ(registro->Passi.back(), "aggiorna");
         EXPECT_EQ(registro->UltimaSchermata(), SchermataTitolo());
         for (const auto& nome : Comandi) Clicca(nome.c_str());
         QCoreApplication::processEvents();
     };
     Clicca("cmdTaglie");
-    EXPECT_EQ(giri, 3);
+    EXPECT_EQ(fatte, 3);
     Nomi attesi = Comandi;
     attesi.erase(attesi.begin() + 8, attesi.begin() + 10); // were locked already
     attesi.pop_back();                                     // locked with its frame
@@ -248,7 +248,7 @@ TEST_F(Finestra, UnClicDuranteUnReportCompletoTrovaTuttoBloccato)
     EXPECT_EQ(Gioco(), "100");
 }
 
-TEST_F(Finestra, UnGiroAMetaPartitaLaFinisce)
+TEST_F(Finestra, UnaCorsaAMetaPartitaLaFinisce)
 {
     for (int colpi = 0; colpi < 3; ++colpi) {
         Clicca("cmdMescola");
@@ -264,7 +264,7 @@ TEST_F(Finestra, UnGiroAMetaPartitaLaFinisce)
     EXPECT_EQ(registro->Testi()[2], "Colpo della taglia: 1");
 }
 
-TEST_F(Finestra, UnGiroDopoLaFineDellaTagliaRiportaAllInizio)
+TEST_F(Finestra, UnaCorsaDopoLaFineDellaTagliaRiportaAllInizio)
 {
     Clicca("cmdMescola");
     Colpi({"0", "1,,,32,27,KP#9C#5F#8Q,10F#QC#7P"});
@@ -277,7 +277,7 @@ TEST_F(Finestra, UnGiroDopoLaFineDellaTagliaRiportaAllInizio)
     EXPECT_EQ(registro->UltimaSchermata(), SchermataTitolo());
 }
 
-TEST_F(Finestra, UnGiroRifiutatoLasciaLaPartita)
+TEST_F(Finestra, UnaCorsaRifiutataLasciaLaPartita)
 {
     Risponditore mano;
     Clicca("cmdMescola");
@@ -288,7 +288,7 @@ TEST_F(Finestra, UnGiroRifiutatoLasciaLaPartita)
     EXPECT_EQ(registro->Testi()[2], "Colpo della taglia: 1");
 }
 
-TEST_F(Finestra, DopoIlGiroIlFuocoTornaDovEra)
+TEST_F(Finestra, DopoLaCorsaIlFuocoTornaDovEra)
 {
     Scegli(FormaTxt, false);
     for (const char* nome : {"cmdTaglie", "numTaglie", "cmdHelp"}) {
@@ -302,19 +302,19 @@ TEST_F(Finestra, DopoIlGiroIlFuocoTornaDovEra)
     EXPECT_EQ(finestra->focusWidget(), Pulsante("cmdMescola"));
 }
 
-TEST_F(Finestra, EscFermaUnGiroDiStatistiche)
+TEST_F(Finestra, EscFermaUnaCorsaDiStatistiche)
 {
     for (const std::size_t forma : {FormaHtml, FormaPdf, FormaTxt, FormaVideo}) {
         SCOPED_TRACE(forma);
         Scegli(forma, true);
         Scrivi("9000");
-        int giri = 0;
+        int fatte = 0;
         Stampe::AmbienteInUso.Cedi = [&] {
-            if (++giri == 5) QTest::keyClick(finestra->windowHandle(), Qt::Key_Escape);
+            if (++fatte == 5) QTest::keyClick(finestra->windowHandle(), Qt::Key_Escape);
             QCoreApplication::processEvents();
         };
         Clicca("cmdTaglie");
-        EXPECT_EQ(giri, 5);
+        EXPECT_EQ(fatte, 5);
         EXPECT_TRUE(ambiente.Aperti.empty());
         EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
         EXPECT_EQ(Stato(), "");
@@ -322,10 +322,10 @@ TEST_F(Finestra, EscFermaUnGiroDiStatistiche)
         EXPECT_TRUE(Pulsante("cmdTaglie")->isEnabled());
         EXPECT_EQ(registro->UltimaSchermata(), SchermataTitolo());
         // And only that run.
-        giri = 1000;
+        fatte = 1000;
         Scrivi("2");
         Clicca("cmdTaglie");
-        EXPECT_EQ(giri, 1002);
+        EXPECT_EQ(fatte, 1002);
         for (const auto& nome : ambiente.Cartella.Contenuto()) {
             std::filesystem::remove(ambiente.Cartella.File(nome));
         }

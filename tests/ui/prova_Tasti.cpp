@@ -82,7 +82,7 @@ TEST_F(Finestra, UnTastoTenutoGiuNonPassaAlPulsanteDopo)
 }
 
 // Enter in the field only moves on to the button.
-TEST_F(Finestra, InvioTenutoGiuNelCampoNonAvviaIlGiro)
+TEST_F(Finestra, InvioTenutoGiuNelCampoNonAvviaLaCorsa)
 {
     for (const bool marcato : {Marcato, !Marcato}) {
         Numero()->setFocus();

@@ -1,6 +1,6 @@
 // Reports one after the other in one process.
 //
-//     giri FOLDER HOW-MANY
+//     corse FOLDER HOW-MANY
 //
 // Makes HOW-MANY reports of each form in FOLDER, which must be empty and is left so. Prints for
 // each form the memory held after a tenth of them and after all. Exit code 0; 1 when memory grew, a
@@ -62,7 +62,7 @@ void Ripeti(const Forma& forma, int quanti)
     memoria.Racconta(forma.Nome);
 }
 
-void Giri(const char* cartella, int quanti)
+void Corse(const char* cartella, int quanti)
 {
     Stampe::AmbienteInUso = Stampe::AmbienteNeutro();
     Stampe::AmbienteInUso.Cartella = std::string(cartella) + "/";
@@ -81,11 +81,11 @@ int main(int argc, char** argv)
 {
     const int quanti = argc == 3 ? std::atoi(argv[2]) : 0;
     if (quanti < 1) {
-        std::fputs("giri CARTELLA QUANTI\n", stderr);
+        std::fputs("corse CARTELLA QUANTI\n", stderr);
         return Uso;
     }
     try {
-        Giri(argv[1], quanti);
+        Corse(argv[1], quanti);
     } catch (const std::exception& errore) {
         std::fprintf(stderr, "%s\n", errore.what());
         return Guasto;

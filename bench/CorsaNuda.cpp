@@ -1,4 +1,4 @@
-#include "GiroNudo.h"
+#include "CorsaNuda.h"
 
 #include <algorithm>
 #include <array>
@@ -67,7 +67,7 @@ int Mano(const Mazzo& mazzo, int& posto)
     return totale;
 }
 
-void Gioca(const Mazzo& mazzo, ContiNudi& conti)
+void Gioca(const Mazzo& mazzo, ContiCorsa& conti)
 {
     int posto = Annullate;
     for (;;) {
@@ -89,12 +89,12 @@ void Gioca(const Mazzo& mazzo, ContiNudi& conti)
 
 } // namespace
 
-ContiNudi GiroNudo(std::int64_t taglie)
+ContiCorsa CorsaNuda(std::int64_t taglie)
 {
     Generatore generatore;
     Mazzo mazzo;
     std::iota(mazzo.begin(), mazzo.end(), std::int16_t{0});
-    ContiNudi conti;
+    ContiCorsa conti;
     for (std::int64_t i = 0; i < taglie; ++i) {
         Mescola(mazzo, generatore);
         Gioca(mazzo, conti);

@@ -110,7 +110,7 @@ TEST(TaglieDaFare, RifiutaSottoUnoEOltreDuePerCinquantatre)
     EXPECT_EQ(numero(std::numeric_limits<double>::infinity()), 6);
 }
 
-TEST(GiroTaglie, ITotaliSonoLaSommaDelleTaglie)
+TEST(CorsaTaglie, ITotaliSonoLaSommaDelleTaglie)
 {
     const AmbienteDiProva prova;
     DalSeme(3);
@@ -135,7 +135,7 @@ TEST(GiroTaglie, ITotaliSonoLaSommaDelleTaglie)
     EXPECT_EQ(SoloTotali(25, {}), attesi);
 }
 
-TEST(GiroTaglie, IFiliNonCambianoITotali)
+TEST(CorsaTaglie, IFiliNonCambianoITotali)
 {
     AmbienteDiProva prova;
     DalSeme(11);
@@ -148,7 +148,7 @@ TEST(GiroTaglie, IFiliNonCambianoITotali)
     EXPECT_TRUE(SoloTotali(3, {})); // more threads than shoes
 }
 
-TEST(GiroTaglie, OgniTagliaUnaVoltaAncheConPiuFili)
+TEST(CorsaTaglie, OgniTagliaUnaVoltaAncheConPiuFili)
 {
     AmbienteDiProva prova;
     std::mutex chiave;
@@ -170,7 +170,7 @@ TEST(GiroTaglie, OgniTagliaUnaVoltaAncheConPiuFili)
     EXPECT_LE(fili.size(), 2U);
 }
 
-TEST(GiroTaglie, UnErroreInUnFiloArrivaAChiChiama)
+TEST(CorsaTaglie, UnErroreInUnFiloArrivaAChiChiama)
 {
     AmbienteDiProva prova;
     const auto chiamante = std::this_thread::get_id();
@@ -191,7 +191,7 @@ TEST(GiroTaglie, UnErroreInUnFiloArrivaAChiChiama)
     }
 }
 
-TEST(GiroTaglie, FermareVieneChiestoDopoOgniTaglia)
+TEST(CorsaTaglie, FermareVieneChiestoDopoOgniTaglia)
 {
     AmbienteDiProva prova;
     DalSeme(1);
@@ -209,7 +209,7 @@ TEST(GiroTaglie, FermareVieneChiestoDopoOgniTaglia)
     }
 }
 
-TEST(GiroTaglie, FermareVaAncheConPiuFili)
+TEST(CorsaTaglie, FermareVaAncheConPiuFili)
 {
     AmbienteDiProva prova;
     DalSeme(1);

@@ -1,4 +1,4 @@
-#include "GiroTaglie.h"
+#include "CorsaTaglie.h"
 
 #include "Ambiente.h"
 #include "ErroreRuntime.h"

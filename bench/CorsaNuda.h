@@ -5,7 +5,7 @@
 
 namespace bench {
 
-struct ContiNudi
+struct ContiCorsa
 {
     std::int64_t nero = 0;
     std::int64_t rosso = 0;
@@ -17,6 +17,6 @@ struct ContiNudi
 
 // Plays taglie shoes with a fast generator, an exchange shuffle, whole-number points and counters
 // only: no records, no clock, no second pass.
-ContiNudi GiroNudo(std::int64_t taglie);
+ContiCorsa CorsaNuda(std::int64_t taglie);
 
 } // namespace bench
