@@ -111,14 +111,14 @@ void BM_CalcolaStatistiche(benchmark::State& stato)
     for ([[maybe_unused]] auto volta : stato) modCarte::CalcolaStatistiche(n);
 }
 
-void BM_TotaliConLavori(benchmark::State& stato)
+void BM_TotaliConFili(benchmark::State& stato)
 {
     constexpr double taglie = 10000;
-    Stampe::AmbienteInUso.Lavori = static_cast<int>(stato.range(0));
+    Stampe::AmbienteInUso.Fili = static_cast<int>(stato.range(0));
     for ([[maybe_unused]] auto volta : stato) {
         benchmark::DoNotOptimize(Stampe::SoloTotali(taglie, {}));
     }
-    Stampe::AmbienteInUso.Lavori = 1;
+    Stampe::AmbienteInUso.Fili = 1;
     stato.SetItemsProcessed(stato.iterations() * static_cast<std::int64_t>(taglie));
 }
 
@@ -128,7 +128,7 @@ BENCHMARK(BM_MescolaMazzo);
 BENCHMARK(BM_MescolaMazzoSeme);
 BENCHMARK(BM_GiocaTaglia);
 BENCHMARK(BM_CalcolaStatistiche);
-BENCHMARK(BM_TotaliConLavori)->Arg(1)->Arg(2)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_TotaliConFili)->Arg(1)->Arg(2)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -140,7 +140,7 @@ void Corsa::ImpostaAmbiente()
         throw ErroreComando(UscitaScrittura, m_posto.Percorso, "è in uso da un altro programma");
     };
     ambiente.CaratteriUnici = m_opzioni.CaratteriUnici;
-    ambiente.Lavori = m_opzioni.Lavori;
+    ambiente.Fili = m_opzioni.Lavori;
     if (m_opzioni.Dati != FormaDati::Nessuna) ambiente.Raccolta = &m_studio;
     Stampe::AmbienteInUso = std::move(ambiente);
 }

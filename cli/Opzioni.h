@@ -47,7 +47,7 @@ struct Opzioni
     std::string Colpi;
     FormaDati Dati = FormaDati::Nessuna;
     Separatori Numeri;
-    int Lavori = 1; // never 0: all cores are counted already
+    int Lavori = 1; // threads; never 0: all cores are counted already
     Avviso Avanzamento = Avviso::Auto;
     bool Quieto = false;
     bool Aiuto = false;

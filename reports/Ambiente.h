@@ -43,7 +43,7 @@ struct Ambiente
     std::function<bool()> Fermare;
 
     // Called on the calling thread after a shoe is done and written, with the number of shoes
-    // done so far. With one job modCarte still holds that shoe. May be empty.
+    // done so far. With one thread modCarte still holds that shoe. May be empty.
     std::function<void(std::int64_t fatte)> TagliaFatta;
 
     // Yields once to the event loop. May be empty.
@@ -56,7 +56,7 @@ struct Ambiente
     std::function<void(const std::string& percorso, StileFinestra stile)> Apri;
 
     // Threads of a statistics-only run, at least 1. Full reports use one whatever this says.
-    int Lavori = 1;
+    int Fili = 1;
 
     // A PDF report names each font once instead of at every change: a third smaller, else the same.
     bool CaratteriUnici = false;

@@ -132,7 +132,7 @@ public:
     // Plays shoes until there are none left, the run is stopped or a thread has failed;
     // dopoOgnuna gets the number of shoes done by all threads.
     template <typename DopoOgnuna>
-    void Lavora(Conti& conti, const DopoOgnuna& dopoOgnuna)
+    void Gioca(Conti& conti, const DopoOgnuna& dopoOgnuna)
     {
         constexpr std::int64_t blocco = 32;
         try {
@@ -182,22 +182,22 @@ private:
     std::exception_ptr m_errore;
 };
 
-std::optional<TotaliReport> InParallelo(std::int64_t taglie, int lavori,
+std::optional<TotaliReport> InParallelo(std::int64_t taglie, int quantiFili,
                                         const std::function<void(std::int64_t)>& perTaglia)
 {
     Spartizione spartizione(taglie);
-    std::vector<Conti> conti(static_cast<std::size_t>(lavori));
+    std::vector<Conti> conti(static_cast<std::size_t>(quantiFili));
     {
-        std::vector<std::jthread> operai;
-        operai.reserve(conti.size());
+        std::vector<std::jthread> altriFili;
+        altriFili.reserve(conti.size());
         try {
             for (std::size_t i = 1; i < conti.size(); ++i) {
-                operai.emplace_back([&spartizione, &conto = conti[i]] {
+                altriFili.emplace_back([&spartizione, &conto = conti[i]] {
                     const modCarte::FineFilo fine;
                     // Totals in a place of their own while counting: neighbours would share a
                     // line of the processor's cache.
                     Conti propri;
-                    spartizione.Lavora(propri, [](std::int64_t) {});
+                    spartizione.Gioca(propri, [](std::int64_t) {});
                     conto = propri;
                 });
             }
@@ -207,7 +207,7 @@ std::optional<TotaliReport> InParallelo(std::int64_t taglie, int lavori,
             // The threads there are must not play on before this error can surface.
             spartizione.Fallisci(std::current_exception());
         }
-        spartizione.Lavora(conti[0], [&perTaglia](std::int64_t fatte) {
+        spartizione.Gioca(conti[0], [&perTaglia](std::int64_t fatte) {
             perTaglia(fatte);
             Segnala(fatte);
         });
@@ -243,7 +243,7 @@ EseguiPiene(std::int64_t taglie,
 std::optional<TotaliReport>
 EseguiStatistiche(std::int64_t taglie, const std::function<void(std::int64_t fatte)>& perTaglia)
 {
-    const auto utili = std::min<std::int64_t>(AmbienteInUso.Lavori, taglie);
+    const auto utili = std::min<std::int64_t>(AmbienteInUso.Fili, taglie);
     if (utili > 1) return InParallelo(taglie, static_cast<int>(utili), perTaglia);
     return EseguiPiene(
         taglie, [&perTaglia](std::int64_t taglia, const CifreTaglia&) { perTaglia(taglia); });

@@ -51,7 +51,7 @@ EseguiPiene(std::int64_t taglie,
             const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia,
             const std::function<void(std::int64_t taglia)>& primaDi = {});
 
-// The same for a statistics-only run, which may use several threads (Ambiente::Lavori), each with
+// The same for a statistics-only run, which may use several threads (Ambiente::Fili), each with
 // a shoe and totals of its own: perTaglia is called on the calling thread with the number of shoes
 // done so far, once for each shoe that this thread played itself. A failure in any thread ends the
 // others and surfaces here.

@@ -115,7 +115,7 @@ TEST(Opzioni, Lavori)
 {
     EXPECT_GE(LeggiOpzioni({"-s", "-j", "0"}).Lavori, 1);
     EXPECT_EQ(LeggiOpzioni({"-s", "-j", "256"}).Lavori, 256);
-    EXPECT_EQ(LeggiOpzioni({"-j", "1"}).Lavori, 1); // one job suits a full report, too
+    EXPECT_EQ(LeggiOpzioni({"-j", "1"}).Lavori, 1); // one thread suits a full report, too
     for (const auto* lavori : {"257", "-1", "x", "1e1"}) {
         EXPECT_EQ(Rifiuto({"-s", "-j", lavori}).first, 2) << lavori;
     }

@@ -203,9 +203,9 @@ class Seme(Prova):
         for n in [1, 33, 700]:
             attesi = self.dati(n, "--seme", "6", "-j", "1", "-s", "-f", "html")
             report = self.byte("taglie.htm")
-            for lavori in ["0", "2", "7", "256"]:
-                with self.subTest(n=n, lavori=lavori):
-                    self.assertEqual(self.dati(n, "--seme", "6", "--lavori", lavori, "-s",
+            for fili in ["0", "2", "7", "256"]:
+                with self.subTest(n=n, fili=fili):
+                    self.assertEqual(self.dati(n, "--seme", "6", "--lavori", fili, "-s",
                                                "-f", "html"), attesi)
                     self.assertEqual(self.byte("taglie.htm"), report)
 

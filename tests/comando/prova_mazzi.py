@@ -39,9 +39,9 @@ class Dorati(Prova):
                     self.assertEqual(self.byte("c"), (GOLDEN / f"{nome}.colpi").read_bytes())
 
     def test_piu_lavori_danno_le_stesse_statistiche_dorate(self):
-        for lavori in ["0", "2", "256"]:
-            with self.subTest(lavori=lavori):
-                self.fa("--mazzi", GOLDEN / "dodici.mazzi", "-s", "-j", lavori, "--numeri", "it")
+        for fili in ["0", "2", "256"]:
+            with self.subTest(fili=fili):
+                self.fa("--mazzi", GOLDEN / "dodici.mazzi", "-s", "-j", fili, "--numeri", "it")
                 self.assertEqual(self.byte("taglie.txt"),
                                  (GOLDEN / "dodici.it.statistiche.txt").read_bytes())
 
@@ -145,8 +145,8 @@ class Lettura(Prova):
 
     def test_piu_lavori_rileggono_le_stesse_taglie(self):
         self.fa(700, "--seme", 3, "-f", "nessuna", "--salva-mazzi", "m")
-        dati = [self.fa("--mazzi", "m", "--dati", "csv", "-j", lavori).uscita
-                for lavori in [1, 4, 32]]
+        dati = [self.fa("--mazzi", "m", "--dati", "csv", "-j", fili).uscita
+                for fili in [1, 4, 32]]
         senza_tempo = [re.sub(rb"corsa,secondi,[^,]*", b"", testo) for testo in dati]
         self.assertEqual(set(senza_tempo), {senza_tempo[0]})
 

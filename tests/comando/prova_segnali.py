@@ -39,7 +39,7 @@ FORME = {
     "statistiche in testo": ("taglie.txt", [2000, "-s"]),
     "statistiche in pagina": ("taglie.htm", [2000, "-s", "-f", "html"]),
     "statistiche in documento": ("taglie.pdf", [2000, "-s", "-f", "pdf"]),
-    "statistiche in due lavori": ("taglie.htm", [4000, "-s", "-f", "html", "-j", "2"]),
+    "statistiche in due fili": ("taglie.htm", [4000, "-s", "-f", "html", "-j", "2"]),
     "video": (None, [2000, "-f", "video"]),
     "json": (None, [2000, "--dati", "json"]),
     "csv": (None, [2000, "--dati", "csv", "-j", "2"]),

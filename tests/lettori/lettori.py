@@ -347,23 +347,23 @@ def controlla(documenti):
     """Judges all documents, all readers at once on all cores; the judgements in their order."""
     # The largest first, or one of them would still run when all cores but one are idle.
     in_ordine = sorted(documenti, key=lambda d: -d.percorso.stat().st_size)
-    with ThreadPoolExecutor(len(os.sched_getaffinity(0))) as operai:
-        insieme = [operai.submit(ghostscript_insieme, gruppo) for gruppo in gruppi(in_ordine)]
-        lavori = {documento.percorso: {chi: operai.submit(leggi, documento, chi)
-                                       for chi in LETTORI if chi != "Ghostscript"}
-                  for documento in in_ordine}
-        letti = {chi: letto for lavoro in insieme for chi, letto in lavoro.result().items()}
+    with ThreadPoolExecutor(len(os.sched_getaffinity(0))) as fili:
+        insieme = [fili.submit(ghostscript_insieme, gruppo) for gruppo in gruppi(in_ordine)]
+        compiti = {documento.percorso: {chi: fili.submit(leggi, documento, chi)
+                                        for chi in LETTORI if chi != "Ghostscript"}
+                   for documento in in_ordine}
+        letti = {chi: letto for compito in insieme for chi, letto in compito.result().items()}
         for documento in in_ordine:
             if documento.percorso not in letti:
-                lavori[documento.percorso]["Ghostscript"] = operai.submit(leggi, documento,
-                                                                          "Ghostscript")
-    return [giudica(documento, raccogli(lavori[documento.percorso], letti.get(documento.percorso)))
+                compiti[documento.percorso]["Ghostscript"] = fili.submit(leggi, documento,
+                                                                         "Ghostscript")
+    return [giudica(documento, raccogli(compiti[documento.percorso], letti.get(documento.percorso)))
             for documento in documenti]
 
 
-def raccogli(lavori, letto):
+def raccogli(compiti, letto):
     """What each reader read; Ghostscript, where it has read the document among others, this."""
-    letture = {chi: lavoro.result() for chi, lavoro in lavori.items()}
+    letture = {chi: compito.result() for chi, compito in compiti.items()}
     return letture if letto is None else {**letture, "Ghostscript": letto}
 
 

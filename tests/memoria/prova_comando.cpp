@@ -203,7 +203,7 @@ TEST_F(Comando, LeStatisticheInHtml)
     EsaurisciOvunque({"--seme", "7", "-s", "5", "-f", "html"}, "taglie.htm", Nulla);
 }
 
-TEST_F(Comando, LeStatisticheInDueLavori)
+TEST_F(Comando, LeStatisticheInDueFili)
 {
     EsaurisciOvunque({"--seme", "7", "-s", "70", "-j", "2"}, "taglie.txt", Nulla);
 }
@@ -256,7 +256,7 @@ TEST_F(Comando, ITotaliInJson)
     EsaurisciOvunque({"--seme", "7", "3", "--dati", "json"}, "altro", Nulla);
 }
 
-TEST_F(Comando, ITotaliInCsvDiDueLavori)
+TEST_F(Comando, ITotaliInCsvDiDueFili)
 {
     EsaurisciOvunque({"--seme", "7", "70", "--dati", "csv", "-j", "2"}, "altro", Nulla);
 }

@@ -140,11 +140,11 @@ TEST(CorsaTaglie, IFiliNonCambianoITotali)
     AmbienteDiProva prova;
     DalSeme(11);
     const auto uno = SoloTotali(1001, {});
-    for (const int lavori : {2, 3, 8}) {
-        AmbienteInUso.Lavori = lavori;
-        EXPECT_EQ(SoloTotali(1001, {}), uno) << lavori;
+    for (const int fili : {2, 3, 8}) {
+        AmbienteInUso.Fili = fili;
+        EXPECT_EQ(SoloTotali(1001, {}), uno) << fili;
     }
-    AmbienteInUso.Lavori = 64;
+    AmbienteInUso.Fili = 64;
     EXPECT_TRUE(SoloTotali(3, {})); // more threads than shoes
 }
 
@@ -161,7 +161,7 @@ TEST(CorsaTaglie, OgniTagliaUnaVoltaAncheConPiuFili)
         viste.insert(taglia);
         fili.insert(std::this_thread::get_id());
     };
-    AmbienteInUso.Lavori = 2;
+    AmbienteInUso.Fili = 2;
     ASSERT_TRUE(SoloTotali(2000, {}));
     EXPECT_EQ(viste.size(), 2000U);
     EXPECT_EQ(*viste.begin(), 1);
@@ -178,16 +178,16 @@ TEST(CorsaTaglie, UnErroreInUnFiloArrivaAChiChiama)
         modCarte::AvviaSeme(1, static_cast<std::uint64_t>(taglia));
         modCarte::MescolaMazzo();
         if (std::this_thread::get_id() != chiamante) {
-            throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente, "nell'operaio");
+            throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente, "nel filo");
         }
     };
-    AmbienteInUso.Lavori = 2;
+    AmbienteInUso.Fili = 2;
     try {
-        // Without an end of its own: only the worker's failure can end this run.
+        // Without an end of its own: only the other thread's failure can end this run.
         SoloTotali(1e12, {});
         FAIL() << "no error";
     } catch (const ErroreRuntime& errore) {
-        EXPECT_EQ(errore.Motivo(), "nell'operaio");
+        EXPECT_EQ(errore.Motivo(), "nel filo");
     }
 }
 
@@ -214,7 +214,7 @@ TEST(CorsaTaglie, FermareVaAncheConPiuFili)
     AmbienteDiProva prova;
     DalSeme(1);
     std::atomic<int> domande = 0;
-    AmbienteInUso.Lavori = 2;
+    AmbienteInUso.Fili = 2;
     AmbienteInUso.Fermare = [&] { return ++domande >= 100; };
     EXPECT_EQ(SoloTotali(1e12, {}), std::nullopt);
 }
@@ -388,7 +388,7 @@ TEST(Studio, LaRaccoltaNonDipendeDaiFili)
     SoloTotali(500, {});
     Studio due;
     AmbienteInUso.Raccolta = &due;
-    AmbienteInUso.Lavori = 2;
+    AmbienteInUso.Fili = 2;
     const auto totali = SoloTotali(500, {});
     ASSERT_TRUE(totali);
     EXPECT_EQ(uno.Taglie(), 500);

@@ -60,7 +60,7 @@ def giudica(percorso):
     return giudizio._replace(difetti=giudizio.difetti + confronta(documento, letture))
 
 
-def giudica_tutti(percorsi, operai):
-    """The judgements of all documents, operai at a time."""
-    with ThreadPoolExecutor(operai) as squadra:
+def giudica_tutti(percorsi, fili):
+    """The judgements of all documents, fili at a time."""
+    with ThreadPoolExecutor(fili) as squadra:
         return list(squadra.map(giudica, percorsi))

@@ -11,7 +11,7 @@ report     the PDF reports of random runs, before four foreign readers, of which
 durata     millions of shoes, thousands of reports and hundreds of games: memory flat, no file left
 perdite    one run of each kind under valgrind
 
-OPTIONS: --costruito FOLDER of the build, --operai N documents at a time, --sanificato for a build
+OPTIONS: --costruito FOLDER of the build, --fili N documents at a time, --sanificato for a build
 with sanitizers. The numbers of durata that are not given are 0. Failing documents are kept in the build folder
 (resistenza/). Exit code 0 when all is well, 1 when not.
 """
@@ -91,12 +91,12 @@ def poche(conto, almeno):
     return sorted(n for n in note | set(conto) if n not in note or conto.get(n, 0) < almeno)
 
 
-def esamina(cartella, conservati, operai):
+def esamina(cartella, conservati, fili):
     """Judges the folder's documents; keeps those refused. Returns how many there were and how many
     of them were refused."""
     percorsi = sorted(cartella.glob("*.pdf"))
     rifiutati = 0
-    for giudizio in letture.giudica_tutti(percorsi, operai):
+    for giudizio in letture.giudica_tutti(percorsi, fili):
         if giudizio.difetti:
             rifiutati += 1
             print(lettori.riga(giudizio), flush=True)
@@ -119,7 +119,7 @@ def documenti(scelte):
             for riga in detto.splitlines():
                 nome, volte = riga.split()
                 conto[nome] = conto.get(nome, 0) + int(volte)
-            parte = esamina(cartella, scelte.conservati, scelte.operai)
+            parte = esamina(cartella, scelte.conservati, scelte.fili)
             visti, rifiutati = visti + parte[0], rifiutati + parte[1]
     pretendi(visti == scelte.quanti, f"documenti: {visti} invece di {scelte.quanti}")
     print(" ".join(f"{nome} {volte}" for nome, volte in sorted(conto.items())))
@@ -144,7 +144,7 @@ def report(scelte):
                     *altre, cwd=base)
                 nome = f"corsa_{corsa}_{quante}_{seme}{''.join(altre)}.pdf"
                 (Path(base) / "taglie.pdf").rename(Path(base) / nome)
-            parte = esamina(Path(base), scelte.conservati, scelte.operai)
+            parte = esamina(Path(base), scelte.conservati, scelte.fili)
             visti, rifiutati = visti + parte[0], rifiutati + parte[1]
         if (corsa + 1) % MANCIATA == 0:
             racconta(f"fin qui {corsa + 1} corse, rifiutati {rifiutati}", inizio)
@@ -312,7 +312,7 @@ def argomenti(testi):
     opzioni = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     opzioni.add_argument("--costruito", type=Path, default=RADICE / "build/release")
     opzioni.add_argument("--sanificato", action="store_true", help="la memoria non si misura")
-    opzioni.add_argument("--operai", type=int, default=len(os.sched_getaffinity(0)),
+    opzioni.add_argument("--fili", type=int, default=len(os.sched_getaffinity(0)),
                          help="documenti letti insieme")
     parti = opzioni.add_subparsers(required=True)
 
