@@ -5,9 +5,9 @@
 #include "Corsa.h"
 #include "ErroreComando.h"
 #include "ErroreRuntime.h"
-#include "FileNuovo.h"
 #include "Opzioni.h"
 #include "RigaErrore.h"
+#include "ScritturaFile.h"
 #include "Segnali.h"
 
 #include <cstdlib>

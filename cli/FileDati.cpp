@@ -1,6 +1,7 @@
 #include "FileDati.h"
 
 #include "ErroreRuntime.h"
+#include "FileVecchio.h"
 #include "Percorsi.h"
 
 #include <filesystem>

@@ -5,7 +5,8 @@
 #include "ErroreComando.h"
 #include "ErroreSistema.h"
 #include "FileDati.h"
-#include "FileNuovo.h"
+#include "FileSulDisco.h"
+#include "FileVecchio.h"
 #include "Percorsi.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "modCarte.h"
 
 #include "ErroreRuntime.h"
-#include "FileNuovo.h"
+#include "FileSulDisco.h"
 #include "Numeri.h"
 
 #include <cmath>

@@ -2,7 +2,7 @@
 
 #include "ApriConShell.h"
 #include "Calendario.h"
-#include "FileNuovo.h"
+#include "FileSulDisco.h"
 #include "Percorsi.h"
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"

@@ -1,10 +1,7 @@
-// Asks whether a path exists at all and whether another program holds it.
+// Asks whether another program holds a file; whether it is there at all says FileSulDisco.h.
 #pragma once
 
 #include <string>
-
-// True when there is any directory entry of this name (a link counts itself).
-bool VoceTrovata(const std::string& percorso);
 
 // True when somebody else holds the file. Never waits, never follows a link, and leaves no trace on
 // the file. Windows: an opening that shares nothing fails.

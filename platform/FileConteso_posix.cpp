@@ -7,12 +7,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-bool VoceTrovata(const std::string& percorso)
-{
-    struct stat voce = {};
-    return ::lstat(percorso.c_str(), &voce) == 0;
-}
-
 namespace {
 
 // Whether a system call failed because somebody holds the file: has it open, holds a lease of it

@@ -2,15 +2,6 @@
 
 #include <windows.h>
 
-bool VoceTrovata(const std::string& percorso)
-{
-    WIN32_FIND_DATAA voce;
-    const HANDLE ricerca = FindFirstFileA(percorso.c_str(), &voce);
-    if (ricerca == INVALID_HANDLE_VALUE) return false;
-    FindClose(ricerca);
-    return true;
-}
-
 bool FileOccupato(const std::string& percorso)
 {
     constexpr DWORD nessunaCondivisione = 0;

@@ -1,33 +1,11 @@
+// Blocks that go into a new file whole or not at all. How it is opened is in FileNuovo_posix.cpp
+// and FileNuovo_windows.cpp.
 #include "FileNuovo.h"
 
 #include "ErroreSistema.h"
-#include "Percorsi.h"
+#include "ScritturaFile.h"
 
 #include <cerrno>
-#include <filesystem>
-#include <system_error>
-
-void TogliCollegamento(const std::string& percorso)
-{
-    std::error_code errore;
-    const bool collegamento = std::filesystem::is_symlink(percorsi::Cammino(percorso), errore);
-    PretendiMemoria(errore);
-    if (collegamento) TogliFile(percorso);
-}
-
-void ScriviSuDescrittore(int descrittore, std::string_view byte, const std::string& nome)
-{
-    while (!byte.empty()) {
-        const auto scritti = ChiamateInUso.Scrivi(descrittore, byte.data(), byte.size());
-        if (scritti > 0) {
-            byte.remove_prefix(static_cast<std::size_t>(scritti));
-        } else if (scritti == 0) {
-            throw ErroreSistema(EIO, nome); // no progress and no reason: never loop on it
-        } else if (errno != EINTR) {
-            throw ErroreSistema(errno, nome);
-        }
-    }
-}
 
 FileNuovo::~FileNuovo()
 {
@@ -62,28 +40,4 @@ void FileNuovo::Chiudi()
     if (ChiamateInUso.Chiudi(descrittore) != 0 && errno != EINTR) {
         throw ErroreSistema(errno, m_percorso);
     }
-}
-
-namespace {
-
-// What became of a file that no longer stands under its name.
-std::string Sorte(const std::string& percorso)
-{
-    std::error_code errore;
-    const auto cammino = percorsi::Cammino(percorso);
-    const auto voce = std::filesystem::symlink_status(cammino, errore);
-    if (std::filesystem::exists(voce)) return "un altro programma lo ha sostituito";
-    PretendiMemoria(errore);
-    if (!std::filesystem::status_known(voce)) return MotivoSistema(errore.value());
-    const auto cartella = std::filesystem::status(cammino.parent_path(), errore);
-    PretendiMemoria(errore);
-    const bool sparita = cammino.has_parent_path() && !std::filesystem::exists(cartella);
-    return sparita ? "la sua cartella non c'è più" : "un altro programma lo ha tolto";
-}
-
-} // namespace
-
-void Impronta::Pretendi() const
-{
-    if (!Vale()) throw ErroreRuntime(NumeroErrore::AccessoAlFile, Sorte(m_percorso), m_percorso);
 }

@@ -2,6 +2,7 @@
 
 #include "Ambiente.h"
 #include "FileConteso.h"
+#include "FileSulDisco.h"
 
 namespace FileInUso {
 

@@ -2,7 +2,7 @@
 
 #include "Ambiente.h"
 #include "ErroreRuntime.h"
-#include "FileNuovo.h"
+#include "FileVecchio.h"
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "modCarte.h"

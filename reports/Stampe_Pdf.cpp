@@ -6,8 +6,9 @@
 #include "Ambiente.h"
 #include "Calendario.h"
 #include "FileInUso.h"
-#include "FileNuovo.h"
+#include "FileVecchio.h"
 #include "FormatiNumero.h"
+#include "Impronta.h"
 #include "Numeri.h"
 #include "RigheGenerali.h"
 #include "SpazioPdf.h"
@@ -15,6 +16,7 @@
 #include "clsPDFCreator.h"
 
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace Stampe {

@@ -2,6 +2,7 @@
 
 #include "Ambiente.h"
 #include "FileNuovo.h"
+#include "FileVecchio.h"
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "RigheGenerali.h"

@@ -6,7 +6,7 @@
 #include "Ambiente.h"
 #include "Applicazione.h"
 #include "ErroreRuntime.h"
-#include "FileNuovo.h"
+#include "FileVecchio.h"
 #include "Generale.h"
 #include "LibreriaCarte.h"
 #include "Stampe.h"

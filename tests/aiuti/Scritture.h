@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ErroreRuntime.h"
-#include "FileNuovo.h"
+#include "ScritturaFile.h"
 
 #include <cstddef>
 #include <functional>
@@ -16,7 +16,7 @@ enum class Durata
     DaAllora,
 };
 
-// From now on the writes and closes of platform/FileNuovo.h are counted and fail as asked; the
+// From now on the writes and closes of platform/ScritturaFile.h are counted and fail as asked; the
 // system's own come back at the end. One at a time.
 class ScrittureGuaste
 {

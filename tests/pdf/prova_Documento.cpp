@@ -1,7 +1,7 @@
 // The document: header, properties, units, paper, the objects that every file has.
 
 #include "Aiuti.h"
-#include "FileConteso.h"
+#include "FileSulDisco.h"
 #include "PaginaDiProva.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Is there an entry of this name, and does somebody hold the file?
+// Does somebody hold the file?
 
 #include "FileConteso.h"
 
@@ -125,32 +125,6 @@ void NonAprirePiu(int motivo, int salvoCon = 0)
     if (!(file).SiPuoSapere()) GTEST_SKIP() << "no leases on this file system"
 
 } // namespace
-
-TEST(VoceTrovata, QualunqueVoceDellaCartella)
-{
-    const CartellaDiProva cartella;
-    std::ofstream(cartella.File("file")) << "x";
-    fs::create_directory(cartella.File("cartella"));
-    fs::create_symlink("file", cartella.File("collegamento"));
-    fs::create_symlink("nulla", cartella.File("penzolante"));
-    fs::create_symlink("anello", cartella.File("anello"));
-    ASSERT_EQ(::mkfifo(cartella.File("fifo").c_str(), 0600), 0);
-    for (const char* nome :
-         {"file", "cartella", "collegamento", "penzolante", "anello", "fifo", ""}) {
-        EXPECT_TRUE(VoceTrovata(cartella.Nome() + nome)) << nome;
-    }
-}
-
-TEST(VoceTrovata, CioCheMancaNo)
-{
-    const CartellaDiProva cartella;
-    std::ofstream(cartella.File("file")) << "x";
-    for (const char* nome : {"nulla", "File", "nulla/file", "file/x"}) {
-        EXPECT_FALSE(VoceTrovata(cartella.Nome() + nome)) << nome;
-    }
-    EXPECT_FALSE(VoceTrovata(""));
-    EXPECT_FALSE(VoceTrovata(cartella.Nome() + std::string(300, 'x')));
-}
 
 TEST(FileOccupato, UnFileLiberoNo)
 {

@@ -15,24 +15,6 @@ namespace fs = std::filesystem;
 
 // ---- What may be replaced --------------------------------------------------------------------
 
-TEST(PretendiSostituibile, NonToccaNulla)
-{
-    const CartellaDiProva cartella;
-    std::ofstream(cartella.File("file")) << "x";
-    fs::create_directory(cartella.File("cartella"));
-    EXPECT_NO_THROW(PretendiSostituibile(cartella.File("file").string()));
-    EXPECT_NO_THROW(PretendiSostituibile(cartella.File("assente").string()));
-    EXPECT_THROW(PretendiSostituibile(cartella.File("cartella").string()), ErroreRuntime);
-    EXPECT_EQ(cartella.Contenuto(), (std::vector<std::string>{"cartella", "file"}));
-}
-
-TEST(TogliFile, NullaDaTogliereNonEUnErrore)
-{
-    const CartellaDiProva cartella;
-    EXPECT_FALSE(ErroreTogliendo(cartella.Nome() + "assente"));
-    EXPECT_TRUE(cartella.Contenuto().empty());
-}
-
 TEST(FileNuovo, LAltroNomeDelFileVecchioTieneIlContenuto)
 {
     const CartellaDiProva cartella;
@@ -41,14 +23,6 @@ TEST(FileNuovo, LAltroNomeDelFileVecchioTieneIlContenuto)
     Sostituisci(cartella.File("f"));
     EXPECT_EQ(Byte(cartella.File("altro")), "vecchio");
     EXPECT_EQ(Byte(cartella.File("f")), "nuovo");
-}
-
-TEST(TogliFile, UnFileProprioScompare)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("f"), "vecchio");
-    TogliFile(cartella.Nome() + "f");
-    EXPECT_TRUE(cartella.Contenuto().empty());
 }
 
 TEST(FileNuovo, SostituisceUnFileProprio)
@@ -70,32 +44,3 @@ TEST(FileNuovo, UnaCartellaResta)
 }
 
 // ---- Questions about files -------------------------------------------------------------------
-
-TEST(FileOrdinario, UnFileSiUnaCartellaNo)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("f"), "");
-    fs::create_directory(cartella.File("cartella"));
-    for (const char* nome : {"f", "cartella/../f"}) {
-        EXPECT_TRUE(FileOrdinario(cartella.Nome() + nome)) << nome;
-    }
-    for (const char* nome : {"cartella", "assente", "f/x", ".", ""}) {
-        EXPECT_FALSE(FileOrdinario(cartella.Nome() + nome)) << nome;
-    }
-    EXPECT_FALSE(FileOrdinario(""));
-}
-
-TEST(StessoFile, DueNomiDiUnFile)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("a"), "x");
-    Scrivi(cartella.File("b"), "x");
-    fs::create_hard_link(cartella.File("a"), cartella.File("duro"));
-    const std::string a = cartella.Nome() + "a";
-    EXPECT_TRUE(StessoFile(a, a));
-    EXPECT_TRUE(StessoFile(a, cartella.Nome() + "./a"));
-    EXPECT_TRUE(StessoFile(a, cartella.Nome() + "duro"));
-    EXPECT_FALSE(StessoFile(a, cartella.Nome() + "b"));
-    EXPECT_FALSE(StessoFile(a, cartella.Nome() + "assente"));
-    EXPECT_FALSE(StessoFile(cartella.Nome() + "assente", cartella.Nome() + "assente"));
-}

@@ -5,6 +5,7 @@
 
 #include "Aiuti.h"
 #include "ErroreRuntime.h"
+#include "FileVecchio.h"
 #include "Scritture.h"
 
 #include <gtest/gtest.h>

@@ -1,42 +1,21 @@
-// The guards of each opening, one by one: what somebody plants at the last moment stays, and a
-// number that is held is that of the entry itself.
+// The guards of each opening, one by one: what somebody plants at the last moment stays.
 
 #include "prova_FileNuovo.h"
 
 #include "Aperture.h"
-#include "Utente.h"
 
 #include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace filenuovo;
 using aiuti::Byte;
 using aiuti::CartellaDiProva;
 
 namespace fs = std::filesystem;
-
-namespace {
-
-// The descriptors of this process that mean this very name.
-std::vector<int> Descrittori(const fs::path& percorso)
-{
-    std::vector<int> trovati;
-    for (const auto& voce : fs::directory_iterator("/proc/self/fd")) {
-        std::error_code errore; // the listing's own is gone by then
-        if (fs::read_symlink(voce.path(), errore) == percorso) {
-            trovati.push_back(std::stoi(voce.path().filename().string()));
-        }
-    }
-    return trovati;
-}
-
-} // namespace
 
 TEST(FileNuovo, CioCheSiMetteAlSuoPostoAllUltimoMomentoResta)
 {
@@ -66,58 +45,4 @@ TEST(FileNuovo, CioCheSiMetteAlSuoPostoAllUltimoMomentoResta)
     }
     EXPECT_EQ(Byte(cartella.File("altrui")), "prezioso");
     EXPECT_EQ(cartella.Contenuto(), (std::vector<std::string>{"altrui"}));
-}
-
-TEST(Impronta, TieneLaVoceStessaENonCioACuiConduce)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("altrui"), "prezioso");
-    fs::create_symlink("altrui", cartella.File("f"));
-    const Impronta impronta(cartella.File("f").string());
-    EXPECT_EQ(Descrittori(cartella.File("altrui")), std::vector<int>{});
-    EXPECT_EQ(Descrittori(cartella.File("f")).size(), 1U);
-}
-
-TEST(Impronta, IProgrammiAvviatiNonLaEreditano)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("f"), "x");
-    const Impronta impronta(cartella.File("f").string());
-    const auto descrittori = Descrittori(cartella.File("f"));
-    ASSERT_EQ(descrittori.size(), 1U);
-    EXPECT_NE(::fcntl(descrittori.front(), F_GETFD) & FD_CLOEXEC, 0);
-}
-
-TEST(PretendiCreabile, UnaCartellaCheNonPrendeVociNo)
-{
-    const CartellaDiProva cartella;
-    if (aiuti::SonoRadice()) aiuti::Affida(cartella.Nome(), aiuti::Nessuno);
-    for (const unsigned permessi : {0300U, 0700U, 0500U, 0600U, 0100U, 0000U}) {
-        fs::permissions(cartella.Nome(), fs::perms(permessi));
-        const bool creabile = (permessi & 0300U) == 0300U;
-        EXPECT_EQ(aiuti::ComeNessuno([&] {
-                      const auto errore =
-                          aiuti::ErroreDi([&] { PretendiCreabile(cartella.Nome() + "f"); });
-                      EXPECT_EQ(!errore, creabile) << permessi;
-                      EXPECT_TRUE(!errore || errore->Numero() == NumeroErrore::PermessoNegato);
-                      EXPECT_EQ(!ErroreCreando(cartella.Nome() + "f"), creabile) << permessi;
-                  }),
-                  aiuti::Riuscito);
-    }
-    fs::permissions(cartella.Nome(), fs::perms(0700));
-    EXPECT_TRUE(cartella.Contenuto().empty());
-}
-
-TEST(PretendiCreabile, ContanoIDirittiConCuiSiScrive)
-{
-    if (!aiuti::SonoRadice()) GTEST_SKIP() << "only root can act for somebody else";
-    const CartellaDiProva cartella;
-    fs::permissions(cartella.Nome(), fs::perms(0755));
-    EXPECT_EQ(aiuti::InUnFiglio([&] {
-                  PretendiCreabile(cartella.Nome() + "f");
-                  ASSERT_EQ(::setegid(aiuti::Nessuno), 0);
-                  ASSERT_EQ(::seteuid(aiuti::Nessuno), 0); // the real user is still root
-                  EXPECT_TRUE(aiuti::ErroreDi([&] { PretendiCreabile(cartella.Nome() + "f"); }));
-              }),
-              aiuti::Riuscito);
 }

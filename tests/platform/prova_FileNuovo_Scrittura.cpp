@@ -83,26 +83,6 @@ TEST(FileNuovo, ScrittureCorteEInterrotteVannoAvanti)
     EXPECT_EQ(Byte(cartella.File("f")), "0123456789");
 }
 
-TEST(ScriviSuDescrittore, ZeroByteScrittiSonoUnErroreNonUnGiroSenzaFine)
-{
-    const CartellaDiProva cartella;
-    aiuti::ScrittureGuaste scritture;
-    scritture.Guasta(1, 0, aiuti::Durata::DaAllora);
-    const auto errore = ErroreDi([] { ScriviSuDescrittore(1, "x", "uscita"); });
-    ASSERT_TRUE(errore);
-    EXPECT_EQ(errore->File(), "uscita");
-    EXPECT_EQ(errore->Numero(), NumeroErrore::ErroreInputOutput);
-    EXPECT_EQ(scritture.Scritture(), 1);
-}
-
-TEST(ScriviSuDescrittore, NullaDaScrivereNonChiama)
-{
-    aiuti::ScrittureGuaste scritture;
-    scritture.Guasta(1, EIO, aiuti::Durata::DaAllora);
-    EXPECT_FALSE(ErroreDi([] { ScriviSuDescrittore(-1, "", "x"); }));
-    EXPECT_EQ(scritture.Scritture(), 0);
-}
-
 TEST(FileNuovo, DaChiusoNonSiScrive)
 {
     const CartellaDiProva cartella;

@@ -37,16 +37,6 @@ int Descrittore(const fs::path& percorso)
 
 } // namespace
 
-TEST(ScriviSuDescrittore, IlDispositivoPienoDiceLaVeraRagione)
-{
-    const int piena = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
-    if (piena < 0) GTEST_SKIP() << "no /dev/full";
-    const auto errore = ErroreDi([&] { ScriviSuDescrittore(piena, "x", "uscita"); });
-    ::close(piena);
-    ASSERT_TRUE(errore);
-    EXPECT_STREQ(errore->what(), "uscita: spazio esaurito sul disco");
-}
-
 TEST(FileNuovo, RiaprireRifiutaCioCheNonEPiuIlSuoFile)
 {
     const CartellaDiProva cartella;

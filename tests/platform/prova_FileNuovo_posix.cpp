@@ -42,31 +42,6 @@ mode_t Permessi(const fs::path& percorso)
 
 } // namespace
 
-TEST(TogliFile, UnFileProprioScompareConQualunquePermesso)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("f"), "vecchio");
-    fs::permissions(cartella.File("f"), fs::perms::none); // its permissions do not matter
-    TogliFile(cartella.Nome() + "f");
-    EXPECT_TRUE(cartella.Contenuto().empty());
-}
-
-TEST(TogliFile, ScompareIlCollegamentoNonIlBersaglio)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("bersaglio"), "prezioso");
-    fs::create_directory(cartella.File("altra"));
-    Scrivi(cartella.File("altra/dentro"), "prezioso");
-    for (const char* bersaglio : {"bersaglio", "nulla", "altra", "/dev/null", "f"}) {
-        fs::create_symlink(bersaglio, cartella.File("f"));
-        TogliFile(cartella.Nome() + "f");
-        EXPECT_EQ(Tipo(cartella.File("f")), fs::file_type::not_found) << bersaglio;
-    }
-    EXPECT_EQ(Byte(cartella.File("bersaglio")), "prezioso");
-    EXPECT_EQ(Byte(cartella.File("altra/dentro")), "prezioso");
-    EXPECT_EQ(Tipo("/dev/null"), fs::file_type::character);
-}
-
 TEST(FileNuovo, SostituisceUnFileProprioInSolaLettura)
 {
     const CartellaDiProva cartella;
@@ -250,29 +225,4 @@ TEST(FileNuovo, IPermessiSeguonoLaMascheraDellUtente)
                   }
               }),
               Riuscito);
-}
-
-TEST(FileOrdinario, SoloFileVisibiliCollegamentiCompresi)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("f"), "");
-    Scrivi(cartella.File(".nascosto"), "");
-    fs::create_symlink("f", cartella.File("legame"));
-    fs::create_symlink("f", cartella.File(".legame"));
-    fs::create_symlink("nulla", cartella.File("penzolante"));
-    fs::create_directory_symlink(".", cartella.File("qui"));
-    ASSERT_EQ(::mkfifo(cartella.File("fifo").c_str(), 0600), 0);
-    EXPECT_TRUE(FileOrdinario(cartella.Nome() + "legame"));
-    for (const char* nome : {".nascosto", ".legame", "penzolante", "qui", "fifo"}) {
-        EXPECT_FALSE(FileOrdinario(cartella.Nome() + nome)) << nome;
-    }
-    EXPECT_FALSE(FileOrdinario("/dev/null"));
-}
-
-TEST(StessoFile, AncheDietroUnCollegamento)
-{
-    const CartellaDiProva cartella;
-    Scrivi(cartella.File("a"), "x");
-    fs::create_symlink("a", cartella.File("legame"));
-    EXPECT_TRUE(StessoFile(cartella.Nome() + "legame", cartella.Nome() + "a"));
 }

@@ -28,17 +28,6 @@ void Attributi(const fs::path& percorso, DWORD attributi)
 
 } // namespace
 
-TEST(FileOrdinario, FileNascostiEDiSistemaNo)
-{
-    const CartellaDiProva cartella;
-    for (const char* nome : {"visto", "nascosto", "sistema"}) Scrivi(cartella.File(nome), "");
-    Attributi(cartella.File("nascosto"), FILE_ATTRIBUTE_HIDDEN);
-    Attributi(cartella.File("sistema"), FILE_ATTRIBUTE_SYSTEM);
-    EXPECT_TRUE(FileOrdinario(cartella.Nome() + "visto"));
-    EXPECT_FALSE(FileOrdinario(cartella.Nome() + "nascosto"));
-    EXPECT_FALSE(FileOrdinario(cartella.Nome() + "sistema"));
-}
-
 TEST(FileNuovo, UnFileInSolaLetturaResta)
 {
     const CartellaDiProva cartella;

@@ -1,0 +1,25 @@
+// The system's own calls for ScritturaFile.cpp.
+#include "ScritturaFile.h"
+
+#include <unistd.h>
+
+namespace {
+
+std::ptrdiff_t ScriviVero(int descrittore, const void* byte, std::size_t quanti)
+{
+    return ::write(descrittore, byte, quanti);
+}
+
+int ChiudiVero(int descrittore)
+{
+    return ::close(descrittore);
+}
+
+} // namespace
+
+constinit ChiamateFile ChiamateInUso = {ScriviVero, ChiudiVero};
+
+ChiamateFile ChiamateDelSistema()
+{
+    return {ScriviVero, ChiudiVero};
+}
