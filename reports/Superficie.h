@@ -16,6 +16,12 @@ struct Colore
     bool operator==(const Colore&) const = default;
 };
 
+// Weight of a caption that is not bold.
+inline constexpr std::int32_t PesoNormale = 400;
+
+// Angle of a caption that reads from bottom to top, its cells right of its position.
+inline constexpr std::int32_t VersoLAlto = 900;
+
 // A picture that keeps what is drawn on it until the next clear, and shows it when told to.
 //
 // Two systems of coordinates, both from the top left corner with y growing downwards: texts stand
@@ -50,8 +56,8 @@ public:
 
     // Prints one caption with a font made for this call, in the text colour, without a background
     // of its own. x, y: top left corner of the first character cell, in twips. altezza: of the
-    // character cell, in pixels. peso: 400 normal. angolo: tenths of a degree counter-clockwise;
-    // 900 reads from bottom to top, with the cells right of x. Flags: Falso off, else on.
+    // character cell, in pixels. angolo: tenths of a degree counter-clockwise. Flags: Falso off,
+    // else on.
     virtual void PrintText(std::string_view testo, float x, float y, std::string_view nomeFont,
                            std::int32_t altezza, std::int32_t peso, std::int32_t angolo,
                            Flag corsivo, Flag sottolineato, Flag barrato) = 0;
@@ -70,6 +76,5 @@ public:
 inline void PrintSemplice(Superficie& superficie, std::string_view testo, float x, float y,
                           std::string_view nomeFont, std::int32_t altezza, std::int32_t angolo = 0)
 {
-    constexpr std::int32_t pesoNormale = 400;
-    superficie.PrintText(testo, x, y, nomeFont, altezza, pesoNormale, angolo, Falso, Falso, Falso);
+    superficie.PrintText(testo, x, y, nomeFont, altezza, PesoNormale, angolo, Falso, Falso, Falso);
 }

@@ -80,7 +80,6 @@ constexpr const char* StileCornice =
 
 // The captions were measured in this size; the desktop's own font would cut them.
 constexpr int PixelControlli = 11;
-constexpr int PesoNormale = 400;
 
 QPushButton* CreaPulsante(const QString& testo, QWidget* padre)
 {

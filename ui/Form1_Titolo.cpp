@@ -11,7 +11,7 @@
 
 namespace {
 
-struct CartaPosata
+struct CartaDelTitolo
 {
     std::int32_t X;
     std::int32_t Y;
@@ -20,7 +20,7 @@ struct CartaPosata
 
 // Two fans of four. The numbers are the card library's: the fourth and fifth were meant as spades
 // of suit 4, which does not exist, and have always been the next value's clubs.
-constexpr std::array<CartaPosata, 8> Ventagli = {{
+constexpr std::array<CartaDelTitolo, 8> Ventagli = {{
     {90, 80, 1},
     {110, 100, 51},
     {130, 120, 42},

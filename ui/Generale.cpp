@@ -1,18 +1,19 @@
+// See Generale.h. A caption goes on to Quadro.cpp, the help page comes from scalvino.qrc.
+
 #include "Generale.h"
 
 #include "Ambiente.h"
 #include "Caratteri.h"
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
-#include "Misure.h"
 #include "Percorsi.h"
+#include "Quadro.h"
 #include "Stampe.h"
-#include "TavoloCarte.h"
-#include "Testi.h"
 
 #include <QFile>
-#include <QFontMetricsF>
-#include <QPainter>
+
+#include <string>
+#include <utility>
 
 namespace Generale {
 
@@ -27,37 +28,25 @@ QByteArray LeggiRisorsa(std::int32_t numero)
     return risorsa.open(QIODevice::ReadOnly) ? risorsa.readAll() : QByteArray();
 }
 
-// How much narrower a caption is drawn so that a blank stays before the next one; 1: not at all.
-double Stretta(const QString& testo, const QFont& font, double spazio)
-{
-    const QFontMetricsF metrica(font);
-    const double larghezza = metrica.horizontalAdvance(testo);
-    const double libero = spazio - metrica.horizontalAdvance(QLatin1Char(' '));
-    // Where there is no room at all, nothing helps.
-    return libero > 0 && larghezza > libero ? libero / larghezza : 1;
-}
-
 } // namespace
 
 void PrintText(std::string_view testo, float x, float y, std::string_view nomeFont,
                std::int32_t altezza, std::int32_t peso, std::int32_t angolo, Flag corsivo,
-               Flag sottolineato, Flag barrato, TavoloCarte& superficie)
+               Flag sottolineato, Flag barrato, Quadro& superficie)
 {
-    constexpr double decimiPerGrado = 10;
-    const int pixel = caratteri::PixelPerCella(nomeFont, altezza);
-    QFont font = caratteri::Font(nomeFont, peso, pixel);
-    font.setItalic(corsivo != Falso);
-    font.setUnderline(sottolineato != Falso);
-    font.setStrikeOut(barrato != Falso);
-
-    QPainter pennello(&superficie.Disegno().Immagine);
-    pennello.scale(superficie.Disegno().Rapporto, superficie.Disegno().Rapporto);
-    pennello.translate(Pixel(x), Pixel(y));
-    pennello.rotate(-angolo / decimiPerGrado);
-    pennello.setPen(superficie.ColoreTesto());
-    pennello.setFont(font);
-    if (angolo == 0) pennello.scale(Stretta(InQt(testo), font, superficie.Spazio(x, y)), 1);
-    pennello.drawText(0, caratteri::Ascendente(nomeFont, pixel), InQt(testo));
+    Didascalia didascalia;
+    didascalia.Testo = testo;
+    didascalia.X = x;
+    didascalia.Y = y;
+    didascalia.Faccia = nomeFont;
+    didascalia.Corpo = caratteri::PixelPerCella(nomeFont, altezza);
+    didascalia.Peso = peso;
+    didascalia.Angolo = angolo;
+    didascalia.Corsivo = corsivo != Falso;
+    didascalia.Sottolineato = sottolineato != Falso;
+    didascalia.Barrato = barrato != Falso;
+    didascalia.Cede = angolo == 0;
+    superficie.Scrivi(std::move(didascalia));
 }
 
 void TrovaCartella()

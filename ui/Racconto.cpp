@@ -1,3 +1,6 @@
+// The words of Racconto.h. Where a row stands, and how its name is turned, is laid out in
+// Schermate.cpp.
+
 #include "Racconto.h"
 
 #include "LibreriaCarte.h"
@@ -29,13 +32,13 @@ struct Parte
 class Fascia
 {
 public:
-    explicit Fascia(const Scritta& nome)
+    explicit Fascia(const Didascalia& nome)
         : m_fine(nome.Y + oltre)
     {
     }
     float Inizio() const { return m_fine - altezza; }
     bool Contiene(float y) const { return y >= Inizio() && y < m_fine; }
-    bool Contiene(const Carta& carta) const
+    bool Contiene(const CartaPosata& carta) const
     {
         return Contiene(static_cast<float>(carta.Y * TwipPerPixel));
     }
@@ -47,26 +50,49 @@ private:
     float m_fine;
 };
 
-std::string Riga(const Scritta& nome, const std::vector<Scritta>& scritte,
-                 const std::vector<Carta>& carte)
+// What is told of a picture: its captions, each once, and its cards that lie face up.
+struct Detto
+{
+    std::vector<Didascalia> Scritte;
+    std::vector<CartaPosata> Carte;
+};
+
+Detto DaDire(const std::vector<Elemento>& elementi)
+{
+    Detto detto;
+    for (const auto& elemento : elementi) {
+        const auto* scritta = std::get_if<Didascalia>(&elemento);
+        const auto* carta = std::get_if<CartaPosata>(&elemento);
+        if (scritta != nullptr && !scritta->Ripetuta) detto.Scritte.push_back(*scritta);
+        if (carta != nullptr && carta->Modo == ModoFaccia) detto.Carte.push_back(*carta);
+    }
+    return detto;
+}
+
+bool NomeDiRiga(const Didascalia& scritta)
+{
+    return scritta.Angolo == VersoLAlto;
+}
+
+std::string Riga(const Didascalia& nome, const Detto& detto)
 {
     const Fascia fascia(nome);
     std::string testo;
-    for (const auto& carta : carte) {
+    for (const auto& carta : detto.Carte) {
         if (!fascia.Contiene(carta)) continue;
-        testo.append(testo.empty() ? "" : ", ").append(NomeCarta(carta.Numero));
+        testo.append(testo.empty() ? "" : ", ").append(NomeCarta(carta.Carta));
     }
     if (testo.empty()) testo = "nessuna carta";
-    for (const auto& altra : scritte) {
-        if (!altra.Verticale && fascia.Contiene(altra.Y)) testo.append(", totale " + altra.Testo);
+    for (const auto& altra : detto.Scritte) {
+        if (!NomeDiRiga(altra) && fascia.Contiene(altra.Y)) testo += ", totale " + altra.Testo;
     }
     return nome.Testo + ": " + testo;
 }
 
-bool InUnaRiga(const Scritta& scritta, const std::vector<Scritta>& scritte)
+bool InUnaRiga(const Didascalia& scritta, const std::vector<Didascalia>& scritte)
 {
-    return std::any_of(scritte.begin(), scritte.end(), [&](const Scritta& nome) {
-        return nome.Verticale && Fascia(nome).Contiene(scritta.Y);
+    return std::any_of(scritte.begin(), scritte.end(), [&](const Didascalia& nome) {
+        return NomeDiRiga(nome) && Fascia(nome).Contiene(scritta.Y);
     });
 }
 
@@ -80,13 +106,14 @@ std::string NomeCarta(std::int32_t numero)
            Semi[static_cast<std::size_t>(numero % NumeroSemi)];
 }
 
-std::string Racconta(const std::vector<Scritta>& scritte, const std::vector<Carta>& carte)
+std::string Racconta(const std::vector<Elemento>& elementi)
 {
+    const Detto detto = DaDire(elementi);
     std::vector<Parte> parti;
-    for (const auto& scritta : scritte) {
-        if (scritta.Verticale) {
-            parti.push_back({scritta.X, Fascia(scritta).Inizio(), Riga(scritta, scritte, carte)});
-        } else if (!InUnaRiga(scritta, scritte)) {
+    for (const auto& scritta : detto.Scritte) {
+        if (NomeDiRiga(scritta)) {
+            parti.push_back({scritta.X, Fascia(scritta).Inizio(), Riga(scritta, detto)});
+        } else if (!InUnaRiga(scritta, detto.Scritte)) {
             parti.push_back({scritta.X, scritta.Y, scritta.Testo});
         }
     }

@@ -34,9 +34,8 @@ void Nota(Superficie& tavolo, std::string_view testo, float x, float y)
 void Nomi(Superficie& tavolo)
 {
     constexpr std::int32_t altezza = 32;
-    constexpr std::int32_t versoLAlto = 900;
-    PrintSemplice(tavolo, "NERO", 150, 2450, "Arial Black", altezza, versoLAlto);
-    PrintSemplice(tavolo, "ROSSO", 150, 4550, "Arial Black", altezza, versoLAlto);
+    PrintSemplice(tavolo, "NERO", 150, 2450, "Arial Black", altezza, VersoLAlto);
+    PrintSemplice(tavolo, "ROSSO", 150, 4550, "Arial Black", altezza, VersoLAlto);
 }
 
 void Totali(Superficie& tavolo, const Campi& campi)

@@ -1,23 +1,17 @@
-// The card table of the window: the picture box picCard.
+// The card table of the window: the picture box picCard. What is drawn on it is kept by Quadro.h.
 #pragma once
 
-#include "Racconto.h"
+#include "Quadro.h"
 #include "Superficie.h"
-#include "Tela.h"
 
-#include <QColor>
 #include <QWidget>
-
-#include <functional>
-#include <string>
-#include <vector>
 
 // A surface with a persistent picture of the widget's size. What is drawn shows at Aggiorna().
 //
 // A level caption of PrintText that would run into another one further right on its line is drawn
 // narrower, as much as it takes to leave a blank between the two.
 //
-// The steps since the last clear are kept and drawn anew when the window moves to a screen of
+// All that was drawn since the last clear is drawn anew when the window moves to a screen of
 // another pixel density. Screen readers get the picture in words as the accessible description,
 // announced once when it is shown, and the role of a notification, which they read without its
 // having the focus.
@@ -40,53 +34,17 @@ public:
                  Colore angoli) override;
     void Aggiorna() override;
 
-    // The picture and the text colour as they are now, for whoever draws on it.
-    Tela& Disegno() { return m_tela; }
-    QColor ColoreTesto() const { return m_stato.Testo; }
-
-    // The room of a level caption at x, y (twips): pixels of the layout up to the next caption on
-    // its line, infinite where there is none.
-    double Spazio(float x, float y) const;
+    // The picture and the text colour as they are now.
+    Tela& Disegno() { return m_quadro.Disegno(); }
+    Colore ColoreTesto() const { return m_quadro.ColoreTesto(); }
 
 protected:
     void paintEvent(QPaintEvent* evento) override;
 
 private:
-    // The properties that every later step inherits.
-    struct Stato
-    {
-        QColor Sfondo = Qt::white;
-        QColor Testo = Qt::black;
-        std::string NomeFont = "Arial";
-        std::int32_t Punti = 8;
-        bool Grassetto = false;
-        float X = 0;
-        float Y = 0;
-    };
-
-    struct Didascalia
-    {
-        float X;
-        float Y;
-        std::string Testo;
-        bool Piana; // a level one of PrintText
-    };
-
-    void Annota(const Didascalia& didascalia);
-    void Fai(std::function<void()> passo);
-    void Ricomincia();
     QSize MisuraTela() const;
-    void PreparaTela();
-    void Ridisegna();
-    void StampaOra(const std::string& testo);
     void Annuncia();
 
-    Tela m_tela;
-    Stato m_stato;
-    Stato m_statoIniziale; // as it was before the first of the steps
-    std::vector<std::function<void()>> m_passi;
-    std::vector<Didascalia> m_didascalie;
-    std::vector<racconto::Scritta> m_scritte; // the captions as they are told
-    std::vector<racconto::Carta> m_carte;     // face up
-    bool m_daStringere = false; // a caption came after a neighbour on its line had been drawn
+    Quadro m_quadro;
+    Didascalia m_propria; // the table's own font, and where the next Stampa begins
 };

@@ -184,7 +184,7 @@ TEST_F(Tavolo, ConservaIlDisegnoEUnNuovoSfondoLoRicopre)
     EXPECT_EQ(Punto(110, 110), QColor(0, 0, 255));
     Carte().Pulisci();
     EXPECT_EQ(Punto(0, 0), QColor(0, 0, 255));
-    EXPECT_EQ(Carte().ColoreTesto(), QColor(0, 0, 0));
+    EXPECT_EQ(Carte().ColoreTesto(), Colore());
 }
 
 TEST_F(Tavolo, SiRidisegnaDaSoloQuandoCambiaLaDensita)
