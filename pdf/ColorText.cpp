@@ -99,6 +99,9 @@ char* PutComponent(char* at, int component)
     return at + known.Length;
 }
 
+// "0.502 0.502 0.502": none is longer.
+constexpr std::size_t LongestColor = 17;
+
 // The number at the front of a pair of digits, up to the first that is none.
 int PairValue(std::string_view color, std::size_t place)
 {
@@ -125,21 +128,23 @@ std::array<int, 3> prColorComponents(std::string_view color)
     return {PairValue(color, 1), PairValue(color, 3), PairValue(color, 5)};
 }
 
-char* prPutColor(char* at, std::string_view digits)
+void prAppendColor(std::string& text, std::string_view digits)
 {
     const auto [red, green, blue] = prColorComponents(digits);
-    at = PutComponent(at, red);
+    std::array<char, LongestColor> numbers;
+    char* at = PutComponent(numbers.data(), red);
     *at++ = ' ';
     at = PutComponent(at, green);
     *at++ = ' ';
-    return PutComponent(at, blue);
+    at = PutComponent(at, blue);
+    text.append(numbers.data(), at);
 }
 
 std::string prColorNumbers(std::string_view digits)
 {
-    std::array<char, LongestColor> text;
-    const char* end = prPutColor(text.data(), digits);
-    return std::string(text.data(), static_cast<std::size_t>(end - text.data()));
+    std::string text;
+    prAppendColor(text, digits);
+    return text;
 }
 
 std::string prColorDigits(const std::array<int, 3>& components)

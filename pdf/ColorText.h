@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,9 +24,8 @@ std::array<int, 3> prColorComponents(std::string_view color);
 // The components of a colour in digits as PDF writes them, from 0 to 1 with blanks between.
 std::string prColorNumbers(std::string_view digits);
 
-// The same written to a place with room for LongestColor; returns the place after it.
-inline constexpr std::size_t LongestColor = 17;
-char* prPutColor(char* at, std::string_view digits);
+// The same at the end of a text.
+void prAppendColor(std::string& text, std::string_view digits);
 
 // "#" and the three components as two upper-case hexadecimal digits each.
 std::string prColorDigits(const std::array<int, 3>& components);

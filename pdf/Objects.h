@@ -1,7 +1,6 @@
 // The indirect objects of the file being written: numbers, positions, lines and bytes.
 #pragma once
 
-#include "ColorText.h"
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
 #include "Name.h"
@@ -38,10 +37,6 @@ struct Escaped
 struct Name
 {
     std::string_view Bytes; // after a "/"
-};
-struct Components
-{
-    std::string_view Digits; // of a colour, as red, green and blue from 0 to 1
 };
 
 // Writes one file from front to back. Every failed write is an ErroreRuntime; after one, every
@@ -121,7 +116,6 @@ private:
     static std::size_t Bound(std::string_view text) { return text.size(); }
     static std::size_t Bound(const Escaped& text) { return 2 * text.Text.size(); }
     static std::size_t Bound(const Name& name) { return 3 * name.Bytes.size(); }
-    static constexpr std::size_t Bound(const Components&) { return LongestColor; }
     static constexpr std::size_t Bound(double) { return LongestNumber; }
     static constexpr std::size_t Bound(std::int32_t) { return LongestNumber; }
 
@@ -137,7 +131,6 @@ private:
     }
     static char* Put(char* at, const Escaped& text) { return prPutPDFString(at, text.Text); }
     static char* Put(char* at, const Name& name) { return prPutName(at, name.Bytes); }
-    static char* Put(char* at, const Components& color) { return prPutColor(at, color.Digits); }
     static char* Put(char* at, double number) { return prPutNumber(at, number); }
     static char* Put(char* at, std::int32_t number) { return prPutInteger(at, number); }
 

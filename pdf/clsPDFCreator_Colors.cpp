@@ -4,6 +4,56 @@
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+namespace {
+
+// The ends of the operations that set a colour, the colour space of a pattern, and a pattern in it.
+struct Operators
+{
+    std::string_view Color;
+    std::string_view Space;
+    std::string_view Pattern;
+};
+
+// Digits are looked at as the caller wrote them.
+std::string Resolved(std::string_view color)
+{
+    if (pdf::prIsPlainColor(color)) return std::string(color);
+    return pdf::prNamedColor(InWindows1252(color));
+}
+
+// A pattern in the colour space of patterns, or an uncoloured one with its colour; no pattern can
+// be coloured with another one.
+void UsePattern(std::string& operation, std::string_view name, std::string_view patternColor,
+                const Operators& operators)
+{
+    const std::string color = Resolved(patternColor);
+    const bool coloured = pdf::prIsPlainColor(color);
+    operation.assign(coloured ? "/xxCSxx" : "/Pattern").append(operators.Space);
+    if (coloured) operation.append(" ").append(pdf::prColorNumbers(color));
+    operation.append(" /").append(pdf::prName(name)).append(operators.Pattern);
+}
+
+void UseColor(std::string& operation, std::string_view digits, const Operators& operators)
+{
+    operation.clear();
+    pdf::prAppendColor(operation, digits);
+    operation.append(operators.Color);
+}
+
+// Makes operation what sets a colour or a pattern (ISO 32000-1, 8.6.8), without the end of its
+// line. In place, because a page of tables chooses colours by the hundred.
+void Choose(std::string& operation, std::string_view color, std::string_view patternColor,
+            const Operators& operators)
+{
+    if (pdf::prIsPlainColor(color)) return UseColor(operation, color, operators);
+    const std::string resolved = pdf::prNamedColor(InWindows1252(color));
+    if (pdf::prIsPlainColor(resolved)) return UseColor(operation, resolved, operators);
+    pdf::prRequireName(resolved, pdf::PatternKind);
+    UsePattern(operation, resolved, patternColor, operators);
+}
+
+} // namespace
+
 void clsPDFCreator::SetColorFill(std::string_view Color, std::string_view PatternColor)
 {
     m->prRequire();
@@ -35,58 +85,28 @@ void clsPDFCreator::SetLineStyle(float Width, std::int32_t Cap, std::int32_t Joi
     m->prSetDash(DashOn, DashOff);
 }
 
-// In digits or the name of a pattern, which is escaped only where it is written: "#" at the front
-// means digits.
-std::string clsPDFCreator::State::prResolved(std::string_view color)
+void clsPDFCreator::State::prChooseFill(std::string& operation, std::string_view color,
+                                        std::string_view patternColor)
 {
-    if (color.empty() || pdf::prIsPlainColor(color)) return std::string(color); // nearly every one
-    std::string resolved = pdf::prNamedColor(InWindows1252(color));
-    if (!pdf::prIsPlainColor(resolved)) pdf::prRequireName(resolved, PatternKind);
-    return resolved;
+    Choose(operation, color, patternColor, {" rg", " cs", " scn"});
 }
 
-// In digits; nothing for a pattern, which no pattern can be coloured with.
-std::string clsPDFCreator::State::prInk(std::string_view patternColor)
+void clsPDFCreator::State::prChooseLine(std::string& operation, std::string_view color,
+                                        std::string_view patternColor)
 {
-    if (patternColor.empty() || pdf::prIsPlainColor(patternColor)) return std::string(patternColor);
-    std::string ink = pdf::prNamedColor(InWindows1252(patternColor));
-    if (!pdf::prIsPlainColor(ink)) ink.clear();
-    return ink;
+    Choose(operation, color, patternColor, {" RG", " CS", " SCN"});
 }
 
 void clsPDFCreator::State::prSetFill(std::string_view color, std::string_view patternColor)
 {
-    FillColor = {prResolved(color), prInk(patternColor)};
-    prWriteFill(FillColor);
+    prChooseFill(FillColor, color, patternColor);
+    Out.prWriteRaw(FillColor);
 }
 
 void clsPDFCreator::State::prSetLine(std::string_view color, std::string_view patternColor)
 {
-    LineColor = {prResolved(color), prInk(patternColor)};
-    prWriteLineColor(LineColor);
-}
-
-// Red, green and blue, or a pattern in the colour space of patterns, or an uncoloured pattern with
-// its colour (ISO 32000-1, 8.6.8).
-void clsPDFCreator::State::prWriteFill(const Paint& paint)
-{
-    if (pdf::prIsPlainColor(paint.Color)) return Out.prPrint(pdf::Components{paint.Color}, " rg");
-    prWritePattern(" cs", " scn", paint);
-}
-
-void clsPDFCreator::State::prWriteLineColor(const Paint& paint)
-{
-    if (pdf::prIsPlainColor(paint.Color)) return Out.prPrint(pdf::Components{paint.Color}, " RG");
-    prWritePattern(" CS", " SCN", paint);
-}
-
-void clsPDFCreator::State::prWritePattern(std::string_view space, std::string_view use,
-                                          const Paint& paint)
-{
-    const auto& [name, ink] = paint;
-    if (!pdf::prIsPlainColor(ink))
-        return Out.prPrint("/Pattern", space, " /", pdf::Name{name}, use);
-    Out.prPrint("/xxCSxx", space, " ", pdf::Components{ink}, " /", pdf::Name{name}, use);
+    prChooseLine(LineColor, color, patternColor);
+    Out.prWriteRaw(LineColor);
 }
 
 void clsPDFCreator::State::prSetLineWidth(double width)

@@ -29,7 +29,7 @@ void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float
     m->prRequire(X1, Y1, X2, Y2, XStep, YStep);
     m->prRequireObjects(State::ObjectsOfDrawing);
     const std::string name = InWindows1252(Name);
-    pdf::prRequireName(name, State::PatternKind);
+    pdf::prRequireName(name, pdf::PatternKind);
     const auto points = [this](double units) { return m->prInPoints(units); };
 
     const std::int32_t tile = out.prInitObj(0);

@@ -13,10 +13,17 @@
 #include <cmath>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+namespace pdf {
+
+inline constexpr std::string_view PatternKind = "una trama"; // in messages about its name
+
+} // namespace pdf
 
 struct clsPDFCreator::State
 {
@@ -98,20 +105,13 @@ struct clsPDFCreator::State
         std::string Title, Subject, Author, Creator, Producer, Keywords;
     };
 
-    // A colour in digits, or the name of a pattern; of a tiling of kind 2 also its colour in
-    // digits.
-    struct Paint
-    {
-        std::string Color;
-        std::string Ink;
-    };
-
-    // How a table, a row or a cell is painted: width in user units.
+    // How a table, a row or a cell is painted: width in user units, colours as the operations that
+    // set them, and no operation for one that is not painted.
     struct Style
     {
-        Paint Fill;
+        std::string Fill;
         float LineWidth = 0;
-        Paint LineColor;
+        std::string LineColor;
     };
 
     struct Point
@@ -201,8 +201,9 @@ struct clsPDFCreator::State
     std::vector<pdf::TextLine> Lines; // of the box in progress
 
     // ---- Graphics
-    Paint FillColor = {"#000000", ""};
-    Paint LineColor = {"#000000", ""};
+    // Colours as the operations that set them: frames write them over and over.
+    std::string FillColor = "0 0 0 rg";
+    std::string LineColor = "0 0 0 RG";
     bool FillChosen = false; // by the caller, on this page or reusable object
     float LineWidth = 1;     // points
 
@@ -324,14 +325,12 @@ struct clsPDFCreator::State
                            std::int32_t options) const;
 
     // ---- _Colors, _Paths, _Axes. Lengths in user units
-    static constexpr std::string_view PatternKind = "una trama"; // in messages about its name
-    static std::string prResolved(std::string_view color);
-    static std::string prInk(std::string_view patternColor);
+    static void prChooseFill(std::string& operation, std::string_view color,
+                             std::string_view patternColor = {});
+    static void prChooseLine(std::string& operation, std::string_view color,
+                             std::string_view patternColor = {});
     void prSetFill(std::string_view color, std::string_view patternColor = {});
     void prSetLine(std::string_view color, std::string_view patternColor = {});
-    void prWriteFill(const Paint& paint);
-    void prWriteLineColor(const Paint& paint);
-    void prWritePattern(std::string_view space, std::string_view use, const Paint& paint);
     void prSetLineWidth(double width);
     void prSetDash(double on, double off);
     void prPaintOp(std::int32_t options);
@@ -351,7 +350,7 @@ struct clsPDFCreator::State
     void prOpenSpace(double x, double y, double scalingX = 1, double scalingY = 1);
 
     // ---- _Tables
-    Style prStyleOf(std::string_view fill, float lineWidth, std::string_view lineColor,
-                    const Style& inherited) const;
+    static std::optional<Style> prOwnStyle(std::string_view fill, float lineWidth,
+                                           std::string_view lineColor, const Style& inherited);
     void prPaintFrame(const Style& style, double width, double height);
 };

@@ -8,9 +8,9 @@ void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, flo
                                std::string_view LineColor)
 {
     m->prRequire(X, Y, LineWidth);
-    const State::Style present = {m->FillChosen ? m->FillColor : State::Paint{},
-                                  m->prInUnits(m->LineWidth), m->LineColor};
-    State::Style style = m->prStyleOf(FillColor, LineWidth, LineColor, present);
+    const State::Style present = {m->FillChosen ? m->FillColor : "", m->prInUnits(m->LineWidth),
+                                  m->LineColor};
+    auto style = State::prOwnStyle(FillColor, LineWidth, LineColor, present).value_or(present);
     auto& table = m->Table;
     if (table.CellOpen) {
         // The table around that cell waits for the end of this one, which starts anew.
@@ -31,7 +31,8 @@ void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float Lin
 {
     m->prRequire(Height, LineWidth);
     auto& table = m->Table;
-    table.RowStyle = m->prStyleOf(FillColor, LineWidth, LineColor, table.OwnStyle);
+    table.RowStyle =
+        State::prOwnStyle(FillColor, LineWidth, LineColor, table.OwnStyle).value_or(table.OwnStyle);
     table.RowHeight = Height;
     m->prOpenSpace(table.RowPosition.X, table.RowPosition.Y);
     // As wide as the cell begun last, not as all of the row's, on purpose.
@@ -56,10 +57,10 @@ void clsPDFCreator::BeginColumn(float Width, std::string_view FillColor, float L
 {
     m->prRequire(Width, LineWidth);
     auto& table = m->Table;
-    const auto style = m->prStyleOf(FillColor, LineWidth, LineColor, table.RowStyle);
+    const auto own = State::prOwnStyle(FillColor, LineWidth, LineColor, table.RowStyle);
     table.CellWidth = Width;
     m->prOpenSpace(table.CellX, 0);
-    m->prPaintFrame(style, Width, table.RowHeight);
+    m->prPaintFrame(own ? *own : table.RowStyle, Width, table.RowHeight);
     m->Current = {};
     table.CellOpen = true;
 }
@@ -84,15 +85,18 @@ void clsPDFCreator::EndTable()
     m->OuterTables.pop_back();
 }
 
-clsPDFCreator::State::Style clsPDFCreator::State::prStyleOf(std::string_view fill, float lineWidth,
-                                                            std::string_view lineColor,
-                                                            const Style& inherited) const
+// Nothing where a call names nothing of its own, as most do: a style that is inherited whole need
+// not be copied.
+std::optional<clsPDFCreator::State::Style>
+clsPDFCreator::State::prOwnStyle(std::string_view fill, float lineWidth, std::string_view lineColor,
+                                 const Style& inherited)
 {
     constexpr float keep = -1;
+    if (fill.empty() && lineWidth == keep && lineColor.empty()) return std::nullopt;
     Style style = inherited;
-    if (!fill.empty()) style.Fill = {prResolved(fill), {}};
+    if (!fill.empty()) prChooseFill(style.Fill, fill);
     if (lineWidth != keep) style.LineWidth = lineWidth;
-    if (!lineColor.empty()) style.LineColor = {prResolved(lineColor), {}};
+    if (!lineColor.empty()) prChooseLine(style.LineColor, lineColor);
     return style;
 }
 
@@ -102,17 +106,17 @@ clsPDFCreator::State::Style clsPDFCreator::State::prStyleOf(std::string_view fil
 void clsPDFCreator::State::prPaintFrame(const Style& style, double width, double height)
 {
     const double line = style.LineWidth;
-    if (!style.Fill.Color.empty()) {
-        prWriteFill(style.Fill);
+    if (!style.Fill.empty()) {
+        Out.prWriteRaw(style.Fill);
         prRectangle(line / 2, line / 2, width - line, height - line, 4);
-        prWriteFill(FillColor);
+        Out.prWriteRaw(FillColor);
     }
     if (line != 0) {
         if (line > 0) Out.prPrint(prInPoints(line), " w");
         Out.prWriteRaw("[ ] 0 d");
-        prWriteLineColor(style.LineColor);
+        Out.prWriteRaw(style.LineColor);
         prRectangle(0, 0, width, height, 1);
         Out.prPrint(LineWidth, " w\r\n[ ] 0 d");
-        prWriteLineColor(LineColor);
+        Out.prWriteRaw(LineColor);
     }
 }
