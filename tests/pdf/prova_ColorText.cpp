@@ -72,13 +72,13 @@ TEST(PrNamedColor, OgniAltroTestoRestaComeSta)
     EXPECT_EQ(prNamedColor(""), "");
 }
 
-TEST(prColorComponents, CoppieDiCifreEsadecimali)
+TEST(PrColorComponents, CoppieDiCifreEsadecimali)
 {
     EXPECT_EQ(prColorComponents("#FF8000"), (Componenti{255, 128, 0}));
     EXPECT_EQ(prColorComponents("#a0B1c2"), (Componenti{160, 177, 194}));
 }
 
-TEST(prColorNumbers, OgniComponenteEUnaParteDiUnoInMillesimi)
+TEST(PrColorNumbers, OgniComponenteEUnaParteDiUnoInMillesimi)
 {
     for (int componente = 0; componente <= 255; ++componente) {
         const std::string atteso = pdf::prNumber(componente / 255.0, 3);
@@ -89,7 +89,7 @@ TEST(prColorNumbers, OgniComponenteEUnaParteDiUnoInMillesimi)
     EXPECT_EQ(pdf::prColorNumbers("#010101"), "0.004 0.004 0.004"); // none is longer
 }
 
-TEST(prColorComponents, LeCifreCheMancanoValgonoZero)
+TEST(PrColorComponents, LeCifreCheMancanoValgonoZero)
 {
     EXPECT_EQ(prColorComponents("#"), (Componenti{0, 0, 0}));
     EXPECT_EQ(prColorComponents("#FF"), (Componenti{255, 0, 0}));

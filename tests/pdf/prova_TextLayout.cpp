@@ -82,7 +82,7 @@ TEST(WidthOf, SenzaUnitaNonCELarghezza)
     EXPECT_EQ(misure.WidthOf("abc"), 0);
 }
 
-TEST(prNormalizeText, PiuBianchiSonoUno)
+TEST(PrNormalizeText, PiuBianchiSonoUno)
 {
     EXPECT_EQ(prNormalizeText("a  b"), "a b");
     EXPECT_EQ(prNormalizeText("a       b   c d"), "a b c d");
@@ -90,7 +90,7 @@ TEST(prNormalizeText, PiuBianchiSonoUno)
     EXPECT_EQ(prNormalizeText(""), "");
 }
 
-TEST(prNormalizeText, UnaRigaVuotaRestaConUnBianco)
+TEST(PrNormalizeText, UnaRigaVuotaRestaConUnBianco)
 {
     EXPECT_EQ(prNormalizeText("a\r\n\r\nb"), "a\r\n \r\nb");
     EXPECT_EQ(prNormalizeText("a\r\n\r\n\r\nb"), "a\r\n \r\n \r\nb");
@@ -99,7 +99,7 @@ TEST(prNormalizeText, UnaRigaVuotaRestaConUnBianco)
     EXPECT_EQ(prNormalizeText("a\n\nb\r\rc"), "a\n\nb\r\rc"); // no line ends alone
 }
 
-TEST(prBreakLines, LeParoleStannoFinCheCEPosto)
+TEST(PrBreakLines, LeParoleStannoFinCheCEPosto)
 {
     EXPECT_THAT(Spezzato("aa bb cc dd", 5), ElementsAre("aa bb", "cc dd"));
     EXPECT_THAT(Spezzato("aa bb cc dd", 4.99F), ElementsAre("aa", "bb", "cc", "dd"));
@@ -107,7 +107,7 @@ TEST(prBreakLines, LeParoleStannoFinCheCEPosto)
     EXPECT_THAT(Spezzato("aa bb cc dd", 1000), ElementsAre("aa bb cc dd"));
 }
 
-TEST(prBreakLines, SiConfrontaInTrentaduebit)
+TEST(PrBreakLines, SiConfrontaInTrentaduebit)
 {
     std::vector<TextLine> righe;
     for (const float corpo : {0.1F, 0.7F, 2.1F, 4.3F, 9.3F, 11.9F}) {
@@ -122,7 +122,7 @@ TEST(prBreakLines, SiConfrontaInTrentaduebit)
     }
 }
 
-TEST(prBreakLines, ColRientroSommatoInTrentaduebit)
+TEST(PrBreakLines, ColRientroSommatoInTrentaduebit)
 {
     constexpr TextMetrics misure = {&TuttiUguali, 2.1F, 0, 0, 100, 1};
     std::vector<TextLine> righe;
@@ -135,7 +135,7 @@ TEST(prBreakLines, ColRientroSommatoInTrentaduebit)
     }
 }
 
-TEST(prBreakLines, UnTestoCheSiAccorciaCrescendoStaTuttoIntero)
+TEST(PrBreakLines, UnTestoCheSiAccorciaCrescendoStaTuttoIntero)
 {
     // A blank is 1 - 3 wide: "aa bbbb" is 4, the whole is 3, "aa bbbb c" in between as well.
     constexpr TextMetrics misure = {&TuttiUguali, 1, 0, -3, 100, 1};
@@ -146,7 +146,7 @@ TEST(prBreakLines, UnTestoCheSiAccorciaCrescendoStaTuttoIntero)
     EXPECT_EQ(righe.size(), 3U);
 }
 
-TEST(prBreakLines, IlRientroAccorciaLaPrimaRigaDiOgniParagrafo)
+TEST(PrBreakLines, IlRientroAccorciaLaPrimaRigaDiOgniParagrafo)
 {
     EXPECT_THAT(Spezzato("aa bb cc\r\ndd ee ff", 5, 1), ElementsAre("aa", "bb cc", "dd", "ee ff"));
     const auto righe = RigheDi("aa bb cc", 5, 1);
@@ -155,7 +155,7 @@ TEST(prBreakLines, IlRientroAccorciaLaPrimaRigaDiOgniParagrafo)
     EXPECT_THAT(Spezzato("aa bb cc", 5, -3), ElementsAre("aa bb cc"));
 }
 
-TEST(prBreakLines, UnaParolaTroppoLargaStaSullaRigaCheComincia)
+TEST(PrBreakLines, UnaParolaTroppoLargaStaSullaRigaCheComincia)
 {
     EXPECT_THAT(Spezzato("lunghissima bb cc", 5), ElementsAre("lunghissima", "bb cc"));
     EXPECT_THAT(Spezzato("aa lunghissima bb", 5), ElementsAre("aa", "lunghissima", "bb"));
@@ -163,7 +163,7 @@ TEST(prBreakLines, UnaParolaTroppoLargaStaSullaRigaCheComincia)
     EXPECT_THAT(Spezzato("a b", -10), ElementsAre("a", "b"));
 }
 
-TEST(prBreakLines, OgniParagrafoHaLeSueRighe)
+TEST(PrBreakLines, OgniParagrafoHaLeSueRighe)
 {
     EXPECT_THAT(Spezzato("aa\r\n \r\nbb", 5), ElementsAre("aa", " ", "bb"));
     EXPECT_THAT(Spezzato("aa\r\n", 5), ElementsAre("aa", ""));
@@ -171,13 +171,13 @@ TEST(prBreakLines, OgniParagrafoHaLeSueRighe)
     EXPECT_THAT(Spezzato("aa\nbb", 50), ElementsAre("aa\nbb"));
 }
 
-TEST(prBreakLines, BianchiAllInizioEAllaFineSonoParoleVuote)
+TEST(PrBreakLines, BianchiAllInizioEAllaFineSonoParoleVuote)
 {
     EXPECT_THAT(Spezzato(" a", 5), ElementsAre(" a"));
     EXPECT_THAT(Spezzato("aaaaa ", 5), ElementsAre("aaaaa", ""));
 }
 
-TEST(prBreakLines, ContaIBianchiESegnaIParagrafi)
+TEST(PrBreakLines, ContaIBianchiESegnaIParagrafi)
 {
     const auto righe = RigheDi("aa bb cc dd\r\nee", 5);
     ASSERT_EQ(righe.size(), 3U);

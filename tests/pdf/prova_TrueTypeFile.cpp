@@ -61,7 +61,7 @@ std::string ConNomi(int id, int piattaforma, char altro, std::string font = Seme
 
 } // namespace
 
-TEST(prReadTrueType, AltriFileDiCaratteri)
+TEST(PrReadTrueType, AltriFileDiCaratteri)
 {
     const std::string resto(20, '\0');
     EXPECT_EQ(Motivo(""), "il file finisce prima del previsto");
@@ -71,7 +71,7 @@ TEST(prReadTrueType, AltriFileDiCaratteri)
     EXPECT_EQ(Motivo("\0\1\0\0"s + resto), "al font manca la tabella \"head\"");
 }
 
-TEST(prReadTrueType, OgniTabellaNecessariaSiNomina)
+TEST(PrReadTrueType, OgniTabellaNecessariaSiNomina)
 {
     const std::string font = Seme("unicode.ttf");
     EXPECT_EQ(Motivo(font), "letto");
@@ -82,7 +82,7 @@ TEST(prReadTrueType, OgniTabellaNecessariaSiNomina)
     }
 }
 
-TEST(prReadTrueType, UnaTabellaFuoriDalFile)
+TEST(PrReadTrueType, UnaTabellaFuoriDalFile)
 {
     for (const char* tabella : {"head", "OS/2", "post", "name"}) {
         std::string font = Seme("unicode.ttf");
@@ -91,7 +91,7 @@ TEST(prReadTrueType, UnaTabellaFuoriDalFile)
     }
 }
 
-TEST(prReadTrueType, ValoriImpossibili)
+TEST(PrReadTrueType, ValoriImpossibili)
 {
     std::string font = Seme("unicode.ttf");
     font.replace(Inizio(font, "head") + 18, 2, "\0\0"s);
@@ -107,7 +107,7 @@ TEST(prReadTrueType, ValoriImpossibili)
     EXPECT_EQ(Motivo(font), "il font non dice il suo nome");
 }
 
-TEST(prReadTrueType, IlNomeSiCercaInOrdine)
+TEST(PrReadTrueType, IlNomeSiCercaInOrdine)
 {
     EXPECT_EQ(prReadTrueType(ConNomi(6, 3, 66), nomeFile).Name,
               "Prova-Semplice"); // the Macintosh's
@@ -117,7 +117,7 @@ TEST(prReadTrueType, IlNomeSiCercaInOrdine)
     EXPECT_EQ(prReadTrueType(font, nomeFile).Name, "ProvaSemplice"); // the full name
 }
 
-TEST(prReadTrueType, AltezzeMancantiOSenzaSegno)
+TEST(PrReadTrueType, AltezzeMancantiOSenzaSegno)
 {
     std::string font = Seme("unicode.ttf");
     const std::size_t hhea = Inizio(font, "hhea");
@@ -130,7 +130,7 @@ TEST(prReadTrueType, AltezzeMancantiOSenzaSegno)
     EXPECT_NE(letto.Descriptor.find("/Ascent 800 /Descent -200 "), std::string::npos);
 }
 
-TEST(prReadTrueType, LeLicenzeDiOs2)
+TEST(PrReadTrueType, LeLicenzeDiOs2)
 {
     const auto incorporabile = [](char alto, char basso) {
         std::string font = Seme("unicode.ttf");
@@ -171,7 +171,7 @@ std::string Valore(const std::string& font, const std::string& chiave)
 
 } // namespace
 
-TEST(prReadTrueType, UnitaPerEmDaSediciASedicimila)
+TEST(PrReadTrueType, UnitaPerEmDaSediciASedicimila)
 {
     EXPECT_EQ(Motivo(Con("head", 18, "\0\x0F"s)), "il font ha 15 unità per em");
     EXPECT_EQ(Motivo(Con("head", 18, "\0\x10"s)), "letto");
@@ -179,13 +179,13 @@ TEST(prReadTrueType, UnitaPerEmDaSediciASedicimila)
     EXPECT_EQ(Motivo(Con("head", 18, "\x40\1"s)), "il font ha 16385 unità per em");
 }
 
-TEST(prReadTrueType, IlPesoOltreCinquecentoEGrassetto)
+TEST(PrReadTrueType, IlPesoOltreCinquecentoEGrassetto)
 {
     EXPECT_EQ(Valore(Con("OS/2", 4, "\1\xF4"s), "StemV"), "70"); // 500
     EXPECT_EQ(Valore(Con("OS/2", 4, "\1\xF5"s), "StemV"), "120");
 }
 
-TEST(prReadTrueType, SenzaOs2IlPesoEQuelloDelloStile)
+TEST(PrReadTrueType, SenzaOs2IlPesoEQuelloDelloStile)
 {
     EXPECT_EQ(Valore(Con("head", 44, "\0\0"s, SenzaOs2()), "StemV"), "70");
     EXPECT_EQ(Valore(Con("head", 44, "\0\1"s, SenzaOs2()), "StemV"), "120");
@@ -194,7 +194,7 @@ TEST(prReadTrueType, SenzaOs2IlPesoEQuelloDelloStile)
     EXPECT_EQ(Valore(Con("head", 44, "\0\1"s), "StemV"), "70"); // OS/2 knows better
 }
 
-TEST(prReadTrueType, LeGrazieVengonoDallaClasse)
+TEST(PrReadTrueType, LeGrazieVengonoDallaClasse)
 {
     const auto grazie = [](int classe) {
         return (std::stoi(Valore(Con("OS/2", 30, {static_cast<char>(classe), '\0'}), "Flags")) &
@@ -204,7 +204,7 @@ TEST(prReadTrueType, LeGrazieVengonoDallaClasse)
     for (const int classe : {0, 6, 8, 10}) EXPECT_FALSE(grazie(classe)) << classe;
 }
 
-TEST(prReadTrueType, LeAltezzeStannoInOs2DallaSecondaVersione)
+TEST(PrReadTrueType, LeAltezzeStannoInOs2DallaSecondaVersione)
 {
     const std::string font = Con("OS/2", 86, "\1\x23\2\x34"s); // 291 and 564
     EXPECT_EQ(Valore(Con("OS/2", 0, "\0\2"s, font), "XHeight"), "291");
@@ -213,7 +213,7 @@ TEST(prReadTrueType, LeAltezzeStannoInOs2DallaSecondaVersione)
     EXPECT_NE(Valore(Con("OS/2", 0, "\0\1"s, font), "CapHeight"), "564");
 }
 
-TEST(prReadTrueType, OgniBitDellaLicenzaPerSe)
+TEST(PrReadTrueType, OgniBitDellaLicenzaPerSe)
 {
     const auto incorporabile = [](unsigned licenza) {
         return prReadTrueType(
@@ -229,7 +229,7 @@ TEST(prReadTrueType, OgniBitDellaLicenzaPerSe)
     }
 }
 
-TEST(prReadTrueType, IlNomeFinisceACentoventisetteSegni)
+TEST(PrReadTrueType, IlNomeFinisceACentoventisetteSegni)
 {
     // A table of one Macintosh name with number 6, as long as asked for.
     const auto nome = [](std::size_t lungo, const std::string& segni) {
@@ -258,7 +258,7 @@ TEST(prReadTrueType, IlNomeFinisceACentoventisetteSegni)
     EXPECT_EQ(nome(600, "    N"), std::string(101, 'N'));
 }
 
-TEST(prReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
+TEST(PrReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
 {
     // Two Windows names with number 6, "A" in another language before "B" in American English.
     const auto nome = [](const std::string& lingua) {
@@ -277,7 +277,7 @@ TEST(prReadTrueType, IlNomeAmericanoPrimaDegliAltriDiWindows)
     EXPECT_EQ(nome("\4\x09"), "A");
 }
 
-TEST(prReadTrueType, DellaPassoFissoDecideUnNumeroIntero)
+TEST(PrReadTrueType, DellaPassoFissoDecideUnNumeroIntero)
 {
     const auto fisso = [](const std::string& byte) {
         return (std::stoi(Valore(Con("post", 12, byte), "Flags")) & 1) != 0;
@@ -287,7 +287,7 @@ TEST(prReadTrueType, DellaPassoFissoDecideUnNumeroIntero)
     EXPECT_TRUE(fisso("\1\0\0\0\0"s));
 }
 
-TEST(prReadTrueType, OltreLIndiceNonSiCercanoTabelle)
+TEST(PrReadTrueType, OltreLIndiceNonSiCercanoTabelle)
 {
     std::string font = Seme("unicode.ttf");
     const auto prime = static_cast<char>((Voce(font, "name") - 12) / 16); // those before it
@@ -297,7 +297,7 @@ TEST(prReadTrueType, OltreLIndiceNonSiCercanoTabelle)
     EXPECT_EQ(Motivo(font), "letto");
 }
 
-TEST(prReadTrueType, SenzaOs2LeAltezzeSonoQuelleDelleLettere)
+TEST(PrReadTrueType, SenzaOs2LeAltezzeSonoQuelleDelleLettere)
 {
     // The tops of the glyphs of "H" and "x"; OS/2 says 701 and 497.
     EXPECT_EQ(Valore(SenzaOs2(), "CapHeight"), "690");
@@ -306,7 +306,7 @@ TEST(prReadTrueType, SenzaOs2LeAltezzeSonoQuelleDelleLettere)
     EXPECT_EQ(Valore(Seme("unicode.ttf"), "XHeight"), "497");
 }
 
-TEST(prReadTrueType, SenzaPostIlCarattereEDirittoEProporzionale)
+TEST(PrReadTrueType, SenzaPostIlCarattereEDirittoEProporzionale)
 {
     std::string font = Con("post", 12, "\0\0\0\1"s, Seme("corsivo.ttf"));
     EXPECT_EQ(Valore(font, "ItalicAngle"), "-9.4");

@@ -1,4 +1,4 @@
-// Paths, curves and axes.
+// Paths and curves.
 
 #include "PaginaDiProva.h"
 
@@ -104,6 +104,17 @@ TEST(DrawRect, IlPuntoRestaDovEra)
                   pdf.DrawRect(1, 1, 2, 2);
               }),
               Coppia(7, 8));
+}
+
+TEST(DrawRect, UnRaggioMinoreDiUnoArrotondaLoStesso)
+{
+    const auto righe = [](float raggio) {
+        return Scrive([raggio](clsPDFCreator& pdf) { pdf.DrawRect(10, 20, 4, 3, 1, raggio); });
+    };
+    EXPECT_EQ(righe(0.5F)[1], "10.5 20 m");
+    EXPECT_EQ(righe(0.01F)[1], "10.01 20 m");
+    EXPECT_EQ(righe(0)[1], "10 20 4 3 re");
+    EXPECT_EQ(righe(-0.5F)[1], "10 20 4 3 re");
 }
 
 TEST(DrawRect, AngoliTondi)
@@ -217,98 +228,4 @@ TEST(DrawArc, UnGiroFinisceDoveComincia)
     EXPECT_THAT(righe, ElementsAre("60 50 m", "60 44.477 55.523 40 50 40 c",
                                    "44.477 40 40 44.477 40 50 c", "40 55.523 44.477 60 50 60 c",
                                    "55.523 60 60 55.523 60 50 c", "h", "S"));
-}
-
-// ---- Axes ------------------------------------------------------------------------------------
-
-TEST(Assi, SpostatiNellUnitaDelChiamante)
-{
-    EXPECT_THAT(ScriveInCentimetri([](clsPDFCreator& pdf) { pdf.MakeAxisTranslation(1, -2); }),
-                ElementsAre("1 0 0 1 28.346 -56.693 cm"));
-}
-
-TEST(Assi, ScalatiQualunqueSiaLUnita)
-{
-    const Disegno scala = [](clsPDFCreator& pdf) { pdf.MakeAxisScaling(2, 2); };
-    EXPECT_THAT(Scrive(scala), ElementsAre("2 0 0 2 0 0 cm"));
-    EXPECT_THAT(ScriveInCentimetri(scala), ElementsAre("2 0 0 2 0 0 cm"));
-    EXPECT_THAT(Scrive([](clsPDFCreator& pdf) { pdf.MakeAxisScaling(0.5F, -1); }),
-                ElementsAre("0.5 0 0 -1 0 0 cm"));
-}
-
-TEST(Assi, Girati)
-{
-    const auto di = [](float angolo) {
-        return Scrive([angolo](clsPDFCreator& pdf) { pdf.MakeAxisRotation(angolo); });
-    };
-    EXPECT_THAT(di(90), ElementsAre("0 1 -1 0 0 0 cm"));
-    EXPECT_THAT(di(-90), ElementsAre("0 -1 1 0 0 0 cm"));
-    EXPECT_THAT(di(30), ElementsAre("0.866 0.5 -0.5 0.866 0 0 cm"));
-    EXPECT_THAT(di(180), ElementsAre("-1 0 0 -1 0 0 cm"));
-}
-
-TEST(Assi, UnGiroInteroOMenoDiMezzoGradoNonScriveNiente)
-{
-    for (const float angolo : {0.0F, 0.4F, -0.4F, 360.0F, -720.0F, 360.3F, 359.7F}) {
-        EXPECT_THAT(Scrive([angolo](clsPDFCreator& pdf) { pdf.MakeAxisRotation(angolo); }),
-                    IsEmpty())
-            << angolo;
-    }
-    EXPECT_THAT(Scrive([](clsPDFCreator& pdf) { pdf.MakeAxisRotation(0.6F); }),
-                ElementsAre("1 0.01 -0.01 1 0 0 cm"));
-}
-
-TEST(Assi, Inclinati)
-{
-    EXPECT_THAT(Scrive([](clsPDFCreator& pdf) { pdf.MakeAxisSkewing(45, 30); }),
-                ElementsAre("1 1 0.577 1 0 0 cm"));
-    EXPECT_THAT(Scrive([](clsPDFCreator& pdf) { pdf.MakeAxisSkewing(0, -45); }),
-                ElementsAre("1 0 -1 1 0 0 cm"));
-}
-
-TEST(SpazioGrafico, SalvaSpostaERimette)
-{
-    EXPECT_THAT(ScriveInCentimetri([](clsPDFCreator& pdf) {
-                    pdf.BeginGraphicSpace(1, 1, 1, 1);
-                    pdf.EndGraphicSpace();
-                }),
-                ElementsAre("q", "1 0 0 1 28.346 28.346 cm", "Q"));
-    EXPECT_THAT(Scrive([](clsPDFCreator& pdf) {
-                    pdf.BeginGraphicSpace(10, 20, 2, 3);
-                    pdf.EndGraphicSpace();
-                }),
-                ElementsAre("q", "2 0 0 3 10 20 cm", "Q"));
-}
-
-TEST(SpazioGrafico, DoveNonCambiaNienteScriveSoloQ)
-{
-    EXPECT_THAT(Scrive([](clsPDFCreator& pdf) {
-                    pdf.BeginGraphicSpace(0, 0);
-                    pdf.BeginGraphicSpace(0, 0, 1, 2);
-                    pdf.EndGraphicSpace();
-                    pdf.BeginGraphicSpace(0, 5);
-                    pdf.EndGraphicSpace();
-                    pdf.EndGraphicSpace();
-                }),
-                ElementsAre("q", "q", "1 0 0 2 0 0 cm", "Q", "q", "1 0 0 1 0 5 cm", "Q", "Q"));
-}
-
-TEST(SpazioGrafico, IlPuntoEIlSuoAngolo)
-{
-    EXPECT_EQ(Punto([](clsPDFCreator& pdf) {
-                  pdf.BeginGraphicSpace(10, 20, 2, 3);
-                  pdf.EndGraphicSpace();
-              }),
-              Coppia(10, 20));
-}
-
-TEST(DrawRect, UnRaggioMinoreDiUnoArrotondaLoStesso)
-{
-    const auto righe = [](float raggio) {
-        return Scrive([raggio](clsPDFCreator& pdf) { pdf.DrawRect(10, 20, 4, 3, 1, raggio); });
-    };
-    EXPECT_EQ(righe(0.5F)[1], "10.5 20 m");
-    EXPECT_EQ(righe(0.01F)[1], "10.01 20 m");
-    EXPECT_EQ(righe(0)[1], "10 20 4 3 re");
-    EXPECT_EQ(righe(-0.5F)[1], "10 20 4 3 re");
 }
