@@ -7,9 +7,6 @@
 
 namespace pdf {
 
-// The largest file that is read whole: no picture or font of a document comes near it.
-inline constexpr std::size_t LargestInput = std::size_t{1} << 30;
-
 enum class ColorSpace : std::uint8_t
 {
     Gray,

@@ -1,8 +1,8 @@
 // Fonts: the table of those that the document uses, and measuring with the present one.
 
 #include "Encoders.h"
+#include "InputFile.h"
 #include "LetterCase.h"
-#include "LetturaFile.h"
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
@@ -220,7 +220,7 @@ void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontNa
     // Itself and its descriptor; embedded, its file with its length in the document and its own.
     const std::int32_t objects = Embed ? 5 : 2;
     m->prRequireObjects(objects);
-    const std::string bytes = LeggiFile(FileName, pdf::LargestInput);
+    const std::string bytes = pdf::prReadFile(FileName);
     auto font = std::make_unique<State::TrueType>();
     font->File = pdf::prReadTrueType(bytes, FileName);
     if (Embed && !font->File.MayEmbed) {

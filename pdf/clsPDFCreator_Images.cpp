@@ -1,21 +1,10 @@
 // Images: pictures read from files, written as image XObjects (ISO 32000-1, 8.9).
 
-#include "BmpFile.h"
 #include "Encoders.h"
-#include "GifFile.h"
-#include "JpegFile.h"
-#include "LetturaFile.h"
+#include "InputFile.h"
 #include "clsPDFCreator_State.h"
 
 namespace {
-
-enum class ImageKind
-{
-    Bmp,
-    Gif,
-    Jpeg,
-    Unknown,
-};
 
 enum : std::int32_t
 {
@@ -24,34 +13,6 @@ enum : std::int32_t
     ASCII85 = 4,
     ASCIIHex = 8,
 };
-
-// By the extension of the file's name, in upper or lower case.
-ImageKind prImageKind(std::string_view fileName)
-{
-    const auto point = fileName.rfind('.');
-    if (point == std::string_view::npos) return ImageKind::Unknown;
-    std::string extension(fileName.substr(point));
-    for (char& c : extension) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
-    if (extension == ".BMP") return ImageKind::Bmp;
-    if (extension == ".GIF") return ImageKind::Gif;
-    if (extension == ".JPG" || extension == ".JPEG") return ImageKind::Jpeg;
-    return ImageKind::Unknown;
-}
-
-pdf::Picture ReadPicture(const std::string& fileName)
-{
-    const ImageKind kind = prImageKind(fileName);
-    if (kind == ImageKind::Unknown) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                            "non è un'immagine .BMP, .GIF, .JPG o .JPEG", fileName);
-    }
-    std::string bytes = LeggiFile(fileName, pdf::LargestInput);
-    if (kind == ImageKind::Bmp) return pdf::prReadBMP(bytes, fileName);
-    if (kind == ImageKind::Gif) return pdf::prReadGIF(bytes, fileName);
-    return pdf::prReadJPEG(std::move(bytes), fileName);
-}
 
 std::string_view SpaceName(pdf::ColorSpace space)
 {
@@ -158,7 +119,7 @@ std::int32_t clsPDFCreator::State::prImageOf(const std::string& fileName, std::s
         ++number;
         if (image.FileName == fileName && image.Key == key) return number;
     }
-    auto picture = ReadPicture(fileName);
+    auto picture = pdf::prReadPicture(fileName);
     const bool indexed = picture.Space == pdf::ColorSpace::Indexed;
     prKeepObjects(ObjectsOfStream + (indexed ? 1 : 0)); // its palette
     Images.push_back({fileName, std::string(key), std::move(picture)});
