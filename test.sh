@@ -6,13 +6,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . tools/pacchetti.sh
 
-installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev \
-    libgtest-dev libgmock-dev libbenchmark-dev python3 locales chromium \
-    qpdf poppler-utils mupdf-tools ghostscript fonts-liberation fonts-liberation2 fonts-urw-base35 \
-    libtiff-dev python3-pil python3-fonttools pkg-config zbar-tools \
-    qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-gtk-platformtheme fonts-dejavu-core \
-    xvfb openbox weston qt6-wayland xdotool wmctrl xclip imagemagick x11-utils doxygen tzdata \
-    at-spi2-core dbus python3-pyatspi desktop-file-utils appstream man-db zsh fish
+installa_per_provare
 echo "Compilo in $PWD/build/release"
 cmake --preset release
 cmake --build --preset release

@@ -1,8 +1,8 @@
 # shellcheck shell=bash
-# Installs Debian packages that are missing. Sourced by the scripts that need some.
-#
-# installa_pacchetti NAME...: prints what it does on standard error; asks for no password where
-# everything is there already. Root needs no sudo.
+# Installs Debian packages that are missing. Sourced by the scripts that need some. What it does goes
+# to standard error; it asks for no password where everything is there already. Root needs no sudo.
+
+# installa_pacchetti NAME...
 installa_pacchetti() {
     local mancanti=() nome
     for nome in "$@"; do
@@ -23,4 +23,15 @@ installa_pacchetti() {
     "${come_root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -q update >&2 &&
         "${come_root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C \
             apt-get -q install -y --no-install-recommends "${mancanti[@]}" >&2
+}
+
+# All that compiling and running the tests needs.
+installa_per_provare() {
+    installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev \
+        libgtest-dev libgmock-dev libbenchmark-dev python3 locales chromium \
+        qpdf poppler-utils mupdf-tools ghostscript fonts-liberation fonts-liberation2 fonts-urw-base35 \
+        libtiff-dev python3-pil python3-fonttools pkg-config zbar-tools \
+        qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-gtk-platformtheme fonts-dejavu-core \
+        xvfb openbox weston qt6-wayland xdotool wmctrl xclip imagemagick x11-utils doxygen tzdata \
+        at-spi2-core dbus python3-pyatspi desktop-file-utils appstream man-db zsh fish
 }
