@@ -12,7 +12,8 @@ cmake --preset release
 cmake --build --preset release
 echo "Eseguo le prove"
 esito=0
-ctest --preset release --parallel "$(nproc)" "$@" || esito=$?
+# One more than there are processors: the tests with a display, which take turns, mostly wait.
+ctest --preset release --parallel "$(($(nproc) + 1))" "$@" || esito=$?
 
 # ctest counts programs. How many tests they hold, and which of these were skipped inside a program
 # that passed, stands only in its log.
