@@ -81,6 +81,7 @@ private:
     Flag ControllaLimiti();
 
     // ---- Construction ----
+    struct Controllo;
     void CreaControlli();
     void OrdinaFuoco();
     void CollegaComandi();
@@ -157,11 +158,13 @@ private:
     QPushButton* cmdHelp = nullptr;
     TavoloCarte* picCard = nullptr;
     QGroupBox* Frame3 = nullptr;
+    QWidget* Picture2 = nullptr;
     QPushButton* cmdMescola = nullptr;
     QPushButton* cmdColpo = nullptr;
     QPushButton* cmdCancel = nullptr;
     QGroupBox* Frame2 = nullptr;
     QCheckBox* chkStat = nullptr;
+    QWidget* Picture1 = nullptr;
     std::array<QRadioButton*, NumeroForme> optStampa{};
     QPushButton* cmdTaglie = nullptr;
     QGroupBox* Frame1 = nullptr;

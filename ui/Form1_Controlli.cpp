@@ -1,4 +1,5 @@
-// The controls of the window: what they are, where they stand, how they begin.
+// The controls of the window: what they are, where they stand, how they begin. What becomes of them
+// later stands in Form1_Stato.cpp.
 
 #include "Caratteri.h"
 #include "Form1.h"
@@ -8,23 +9,14 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <optional>
 #include <string>
+#include <type_traits>
+#include <utility>
+#include <variant>
 #include <vector>
 
 namespace {
-
-enum class Tipo : std::uint8_t
-{
-    Pulsante,
-    Tavolo,
-    Cornice,
-    Contenitore,
-    Casella,
-    Opzione,
-    Campo,
-    Etichetta,
-    EtichettaStato,
-};
 
 enum class Inizio : std::uint8_t
 {
@@ -32,44 +24,104 @@ enum class Inizio : std::uint8_t
     Disabilitato,
 };
 
-// Left, Top, Width, Height in twips relative to the container; empty container: the window.
-struct Controllo
+constexpr auto NellaFinestra = std::nullopt;
+
+// Of all four; each adds its index.
+constexpr const char* Opzioni = "optStampa";
+
+} // namespace
+
+// A row of the table of controls.
+struct Form1::Controllo
 {
+    // One of the options, by the form of report that it stands for.
+    struct Opzione
+    {
+        std::size_t Forma;
+    };
+
+    // The member that points to the control; its type says what kind of control it is.
+    template <typename Tipo>
+    using A = Tipo* Form1::*;
+    using Membro = std::variant<A<QPushButton>, A<TavoloCarte>, A<QGroupBox>, A<QWidget>,
+                                A<QCheckBox>, A<QLineEdit>, A<QLabel>, Opzione>;
+
     const char* Nome;
-    Tipo Genere;
+    Membro Dove;
     const char* Testo;
-    const char* Contenitore;
-    int Left, Top, Width, Height;
+    std::optional<Membro> Contenitore;
+    int Left, Top, Width, Height; // twips, relative to the container
     int Tab;
     Inizio Stato = Inizio::Abilitato;
+
+    template <typename Tipo>
+    static Tipo*& Puntatore(Form1& finestra, A<Tipo> membro)
+    {
+        return finestra.*membro;
+    }
+    static QRadioButton*& Puntatore(Form1& finestra, Opzione opzione)
+    {
+        return finestra.optStampa.at(opzione.Forma);
+    }
+
+    static QWidget* Widget(Form1& finestra, const Membro& membro)
+    {
+        const auto trova = [&](auto quale) -> QWidget* { return Puntatore(finestra, quale); };
+        return std::visit(trova, membro);
+    }
+
+    // Qt moves a container with all that is in it, and it takes no focus anyway.
+    bool Contiene() const
+    {
+        return std::holds_alternative<A<QGroupBox>>(Dove) ||
+               std::holds_alternative<A<QWidget>>(Dove);
+    }
+
+    QString NomeOggetto() const
+    {
+        const auto* opzione = std::get_if<Opzione>(&Dove);
+        const QString nome = QString::fromLatin1(Nome);
+        return opzione == nullptr ? nome : nome + QString::number(opzione->Forma);
+    }
+
+    void CreaIn(Form1& finestra) const;
+
+    static const std::array<Controllo, 20> Tutti;
 };
 
+// A macro, since only it makes a text of a member's name: the two cannot differ.
+#define MEMBRO(nome) #nome, &Form1::nome
+
 // In creation order: a container stands before what it contains.
-constexpr std::array<Controllo, 20> Controlli = {{
-    {"cmdExit", Tipo::Pulsante, "Esci", "", 10455, 6210, 1185, 465, 18},
-    {"cmdHelp", Tipo::Pulsante, "Guida e regole", "", 420, 6180, 2760, 465, 17},
-    {"picCard", Tipo::Tavolo, "", "", 3375, 315, 8250, 5820, 11},
-    {"Frame3", Tipo::Cornice, "Simula partita", "", 420, 3960, 2760, 2130, 10},
-    {"Picture2", Tipo::Contenitore, "", "Frame3", 75, 225, 2625, 1845, 13},
-    {"cmdMescola", Tipo::Pulsante, "Mescola nuova taglia", "Picture2", 270, 165, 2025, 405, 16},
-    {"cmdColpo", Tipo::Pulsante, "Colpo successivo --->", "Picture2", 270, 720, 2025, 405, 15,
+constexpr std::array<Form1::Controllo, 20> Form1::Controllo::Tutti = {{
+    {MEMBRO(cmdExit), "Esci", NellaFinestra, 10455, 6210, 1185, 465, 18},
+    {MEMBRO(cmdHelp), "Guida e regole", NellaFinestra, 420, 6180, 2760, 465, 17},
+    {MEMBRO(picCard), "", NellaFinestra, 3375, 315, 8250, 5820, 11},
+    {MEMBRO(Frame3), "Simula partita", NellaFinestra, 420, 3960, 2760, 2130, 10},
+    {MEMBRO(Picture2), "", &Form1::Frame3, 75, 225, 2625, 1845, 13},
+    {MEMBRO(cmdMescola), "Mescola nuova taglia", &Form1::Picture2, 270, 165, 2025, 405, 16},
+    {MEMBRO(cmdColpo), ColpoSuccessivo, &Form1::Picture2, 270, 720, 2025, 405, 15,
      Inizio::Disabilitato},
-    {"cmdCancel", Tipo::Pulsante, "Annulla taglia", "Picture2", 270, 1290, 2025, 405, 14,
+    {MEMBRO(cmdCancel), AnnullaTaglia, &Form1::Picture2, 270, 1290, 2025, 405, 14,
      Inizio::Disabilitato},
-    {"Frame2", Tipo::Cornice, "Opzioni di visualizzazione", "", 420, 1110, 2760, 2160, 4},
-    {"chkStat", Tipo::Casella, "Visualizza solo statistiche", "Frame2", 285, 1755, 2130, 270, 9},
-    {"Picture1", Tipo::Contenitore, "", "Frame2", 45, 210, 2655, 1440, 5},
-    {"optStampa3", Tipo::Opzione, "Crea report a VIDEO", "Picture1", 225, 1170, 2250, 270, 12,
-     Inizio::Disabilitato},
-    {"optStampa2", Tipo::Opzione, "Crea report in TXT", "Picture1", 225, 825, 2250, 270, 8},
-    {"optStampa1", Tipo::Opzione, "Crea report in PDF", "Picture1", 225, 465, 2250, 270, 7},
-    {"optStampa0", Tipo::Opzione, "Crea report in HTML", "Picture1", 225, 105, 2250, 270, 6},
-    {"cmdTaglie", Tipo::Pulsante, "Simula taglia", "", 420, 3360, 2760, 525, 3},
-    {"Frame1", Tipo::Cornice, "Taglie da simulare", "", 420, 225, 2760, 855, 0},
-    {"numTaglie", Tipo::Campo, "1", "Frame1", 1530, 300, 840, 315, 1},
-    {"Label1", Tipo::Etichetta, "Numero taglie:", "Frame1", 300, 360, 1020, 195, 2},
-    {"lblStatus", Tipo::EtichettaStato, "", "", 3420, 6315, 45, 195, 19},
+    {MEMBRO(Frame2), "Opzioni di visualizzazione", NellaFinestra, 420, 1110, 2760, 2160, 4},
+    {MEMBRO(chkStat), "Visualizza solo statistiche", &Form1::Frame2, 285, 1755, 2130, 270, 9},
+    {MEMBRO(Picture1), "", &Form1::Frame2, 45, 210, 2655, 1440, 5},
+    {Opzioni, Opzione{FormaVideo}, "Crea report a VIDEO", &Form1::Picture1, 225, 1170, 2250, 270,
+     12, Inizio::Disabilitato},
+    {Opzioni, Opzione{FormaTxt}, "Crea report in TXT", &Form1::Picture1, 225, 825, 2250, 270, 8},
+    {Opzioni, Opzione{FormaPdf}, "Crea report in PDF", &Form1::Picture1, 225, 465, 2250, 270, 7},
+    {Opzioni, Opzione{FormaHtml}, "Crea report in HTML", &Form1::Picture1, 225, 105, 2250, 270, 6},
+    {MEMBRO(cmdTaglie), SimulaUna, NellaFinestra, 420, 3360, 2760, 525, 3},
+    {MEMBRO(Frame1), "Taglie da simulare", NellaFinestra, 420, 225, 2760, 855, 0},
+    {MEMBRO(numTaglie), UnaTaglia, &Form1::Frame1, 1530, 300, 840, 315, 1},
+    {MEMBRO(Label1), "Numero taglie:", &Form1::Frame1, 300, 360, 1020, 195, 2},
+    {MEMBRO(lblStatus), "", NellaFinestra, 3420, 6315, 45, 195, 19},
 }};
+
+#undef MEMBRO
+
+namespace {
 
 // The title stands in the frame's upper line, as the fixed positions inside the frames expect. The
 // line is seen on light and dark desktops alike, which no colour of the palette promises.
@@ -81,120 +133,99 @@ constexpr const char* StileCornice =
 // The captions were measured in this size; the desktop's own font would cut them.
 constexpr int PixelControlli = 11;
 
-QPushButton* CreaPulsante(const QString& testo, QWidget* padre)
+template <typename Tipo>
+Tipo* Crea(const char* testo, QWidget* padre)
 {
-    auto* pulsante = new QPushButton(testo, padre);
-    pulsante->setAutoDefault(true); // Enter presses the button that has the focus
-    return pulsante;
-}
-
-QGroupBox* CreaCornice(const QString& testo, QWidget* padre)
-{
-    auto* cornice = new QGroupBox(testo, padre);
-    cornice->setStyleSheet(QString::fromUtf8(StileCornice));
-    return cornice;
-}
-
-QLineEdit* CreaCampo(const QString& testo, QWidget* padre)
-{
-    auto* campo = new QLineEdit(testo, padre);
-    campo->setInputMethodHints(Qt::ImhDigitsOnly);
-    campo->setAcceptDrops(false); // only keys and the clipboard fill the field
-    return campo;
-}
-
-QWidget* Crea(Tipo tipo, const QString& testo, QWidget* padre)
-{
-    switch (tipo) {
-    case Tipo::Pulsante:
-        return CreaPulsante(testo, padre);
-    case Tipo::Tavolo:
-        return new TavoloCarte(padre);
-    case Tipo::Cornice:
-        return CreaCornice(testo, padre);
-    case Tipo::Contenitore:
-        return new QWidget(padre);
-    case Tipo::Casella:
-        return new QCheckBox(testo, padre);
-    case Tipo::Opzione:
-        return new QRadioButton(testo, padre);
-    case Tipo::Campo:
-        return CreaCampo(testo, padre);
-    default:
-        return new QLabel(testo, padre);
+    if constexpr (std::is_constructible_v<Tipo, QString, QWidget*>) {
+        return new Tipo(QString::fromUtf8(testo), padre);
+    } else {
+        return new Tipo(padre);
     }
 }
 
-// Edges are rounded, not widths, so that neighbours meet.
-QRect Posto(const Controllo& controllo)
+void Prepara(QWidget& /*di nessun tipo qui sotto*/) {}
+
+void Prepara(QPushButton& pulsante)
 {
-    const int sinistra = Pixel(controllo.Left);
-    const int cima = Pixel(controllo.Top);
-    return {sinistra, cima, Pixel(controllo.Left + controllo.Width) - sinistra,
-            Pixel(controllo.Top + controllo.Height) - cima};
+    pulsante.setAutoDefault(true); // Enter presses the button that has the focus
 }
 
-QFont Allungato(QFont font, int percento)
+void Prepara(QGroupBox& cornice)
+{
+    cornice.setStyleSheet(QString::fromUtf8(StileCornice));
+}
+
+void Prepara(QLineEdit& campo)
+{
+    campo.setInputMethodHints(Qt::ImhDigitsOnly);
+    campo.setAcceptDrops(false); // only keys and the clipboard fill the field
+}
+
+// Edges are rounded, not widths, so that neighbours meet.
+QRect Posto(int left, int top, int width, int height)
+{
+    const int sinistra = Pixel(left);
+    const int cima = Pixel(top);
+    return {sinistra, cima, Pixel(left + width) - sinistra, Pixel(top + height) - cima};
+}
+
+QFont Stretto(QFont font, int percento)
 {
     font.setStretch(percento);
     return font;
 }
 
+// Tab enters the group at the selected option, not at the first one.
+void FermaTabSeScelta(QRadioButton* opzione)
+{
+    const auto segui = [opzione](bool scelta) {
+        opzione->setFocusPolicy(scelta ? Qt::StrongFocus : Qt::ClickFocus);
+    };
+    QObject::connect(opzione, &QRadioButton::toggled, opzione, segui);
+    segui(false);
+}
+
 } // namespace
+
+void Form1::Controllo::CreaIn(Form1& finestra) const
+{
+    const auto crea = [&](auto membro) -> QWidget* {
+        auto*& puntatore = Puntatore(finestra, membro);
+        using Tipo = std::remove_pointer_t<std::remove_reference_t<decltype(puntatore)>>;
+        puntatore = Crea<Tipo>(Testo, Contenitore ? Widget(finestra, *Contenitore) : &finestra);
+        Prepara(*puntatore);
+        return puntatore;
+    };
+    QWidget* widget = std::visit(crea, Dove);
+    widget->setObjectName(NomeOggetto());
+    widget->setGeometry(Posto(Left, Top, Width, Height));
+    widget->setFont(finestra.font()); // a frame with a style sheet passes none on
+    widget->setEnabled(Stato == Inizio::Abilitato);
+}
 
 void Form1::CreaControlli()
 {
     setFont(caratteri::Font("Arial", PesoNormale, PixelControlli));
-    for (const auto& controllo : Controlli) {
-        QWidget* padre = *controllo.Contenitore == '\0'
-                             ? this
-                             : findChild<QWidget*>(QString::fromLatin1(controllo.Contenitore));
-        QWidget* widget = Crea(controllo.Genere, QString::fromUtf8(controllo.Testo), padre);
-        widget->setObjectName(QString::fromLatin1(controllo.Nome));
-        widget->setGeometry(Posto(controllo));
-        widget->setFont(font()); // a frame with a style sheet passes none on
-        widget->setEnabled(controllo.Stato == Inizio::Abilitato);
-    }
-    const auto prendi = [this](auto*& membro, const char* nome) {
-        membro = findChild<std::remove_reference_t<decltype(membro)>>(QString::fromLatin1(nome));
-    };
-    prendi(cmdExit, "cmdExit");
-    prendi(cmdHelp, "cmdHelp");
-    prendi(picCard, "picCard");
-    prendi(Frame3, "Frame3");
-    prendi(cmdMescola, "cmdMescola");
-    prendi(cmdColpo, "cmdColpo");
-    prendi(cmdCancel, "cmdCancel");
-    prendi(Frame2, "Frame2");
-    prendi(chkStat, "chkStat");
-    for (std::size_t i = 0; i < NumeroForme; ++i) {
-        prendi(optStampa[i], ("optStampa" + std::to_string(i)).c_str());
-    }
-    prendi(cmdTaglie, "cmdTaglie");
-    prendi(Frame1, "Frame1");
-    prendi(numTaglie, "numTaglie");
-    prendi(Label1, "Label1");
-    prendi(lblStatus, "lblStatus");
+    for (const auto& controllo : Controllo::Tutti) controllo.CreaIn(*this);
 
     // These two captions alone are a little wider than their places.
     constexpr int strettaEtichetta = 95;
     constexpr int strettaCasella = 94;
-    Label1->setFont(Allungato(font(), strettaEtichetta));
-    chkStat->setFont(Allungato(font(), strettaCasella));
+    Label1->setFont(Stretto(font(), strettaEtichetta));
+    chkStat->setFont(Stretto(font(), strettaCasella));
     Label1->setBuddy(numTaglie); // a screen reader reads the label with the field
     lblStatus->setTextFormat(Qt::PlainText);
 }
 
 void Form1::OrdinaFuoco()
 {
-    auto ordinati = Controlli;
+    auto ordinati = Controllo::Tutti;
     std::sort(ordinati.begin(), ordinati.end(),
               [](const Controllo& uno, const Controllo& altro) { return uno.Tab < altro.Tab; });
     std::vector<std::pair<QWidget*, Qt::FocusPolicy>> catena;
     for (const auto& controllo : ordinati) {
-        // Qt moves a container with all that is in it, and it takes no focus anyway.
-        if (controllo.Genere == Tipo::Cornice || controllo.Genere == Tipo::Contenitore) continue;
-        auto* widget = findChild<QWidget*>(QString::fromLatin1(controllo.Nome));
+        if (controllo.Contiene()) continue;
+        auto* widget = Controllo::Widget(*this, controllo.Dove);
         catena.emplace_back(widget, widget->focusPolicy());
         // Qt orders only what takes the focus; labels and table have their places, too.
         widget->setFocusPolicy(Qt::StrongFocus);
@@ -203,13 +234,6 @@ void Form1::OrdinaFuoco()
         setTabOrder(catena[i - 1].first, catena[i].first);
     }
     for (const auto& [widget, politica] : catena) widget->setFocusPolicy(politica);
-    // Tab enters the group at the selected option, not at the first one.
-    for (auto* opzione : optStampa) {
-        const auto segui = [opzione](bool scelta) {
-            opzione->setFocusPolicy(scelta ? Qt::StrongFocus : Qt::ClickFocus);
-        };
-        connect(opzione, &QRadioButton::toggled, this, segui);
-        segui(false);
-    }
+    for (auto* opzione : optStampa) FermaTabSeScelta(opzione);
     optStampa[FormaHtml]->setChecked(true);
 }

@@ -51,8 +51,6 @@ bool Uguali(std::string_view motivo, std::string_view testo)
     return InQt(motivo).compare(InQt(testo), Qt::CaseInsensitive) == 0;
 }
 
-constexpr std::string_view NomeComando = "scalvino";
-
 // A terminal could take these for commands, or show the text in another order.
 bool Innocuo(QChar carattere)
 {
