@@ -20,7 +20,7 @@ Applicazione::Applicazione(int& argc, char** argv)
     std::setlocale(LC_NUMERIC, "C");
     setApplicationName(InQt(NomeProgramma));
     setApplicationVersion(InQt(VersioneProgramma));
-    setDesktopFileName(QStringLiteral("scalvino"));
+    setDesktopFileName(InQt(NomeComando));
     auto* traduzione = new QTranslator(this);
     if (traduzione->load(QStringLiteral("qtbase_it"),
                          QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {

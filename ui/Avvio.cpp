@@ -2,6 +2,7 @@
 
 #include "Applicazione.h"
 #include "Messaggi.h"
+#include "Misure.h"
 #include "Testi.h"
 
 #include <QList>
@@ -23,8 +24,9 @@ constexpr const char* FattoreComune = "QT_SCALE_FACTOR";
 constexpr const char* FattoriSchermi = "QT_SCREEN_SCALE_FACTORS";
 constexpr const char* PuntiPerPollice = "QT_FONT_DPI";
 
+// Follows the first line, which names the command.
 constexpr std::string_view Aiuto =
-    "Uso: scalvino [OPZIONE]\n"
+    " [OPZIONE]\n"
     "Apre la finestra che gioca una taglia di Scalvino colpo per colpo e simula taglie intere.\n"
     "\n"
     "      --help       mostra questo aiuto\n"
@@ -98,9 +100,11 @@ double Correzione()
 std::optional<std::string> Risposta(int argc, const char* const* argv)
 {
     for (int i = 1; i < argc; ++i) {
-        if (std::string_view(argv[i]) == "--help") return std::string(Aiuto);
+        if (std::string_view(argv[i]) == "--help") {
+            return "Uso: " + std::string(NomeComando) + std::string(Aiuto);
+        }
         if (std::string_view(argv[i]) == "--version") {
-            return "scalvino " + std::string(VersioneProgramma) + "\n";
+            return std::string(NomeComando) + " " + std::string(VersioneProgramma) + "\n";
         }
     }
     return std::nullopt;
@@ -118,8 +122,8 @@ void TogliScaleNonValide()
 double Scala(double chiesta, QSizeF schermo)
 {
     // Layout and frame; a frame that Qt draws itself is scaled with the window.
-    constexpr double larghezza = 784 + 6;
-    constexpr double altezza = 451 + 36;
+    const double larghezza = Pixel(LarghezzaFinestra) + 6;
+    const double altezza = Pixel(AltezzaFinestra) + 36;
     constexpr double passi = 64;
     const double massima = std::min(schermo.width() / larghezza, schermo.height() / altezza);
     return std::max(std::min(chiesta, std::floor(massima * passi) / passi), 1.0);

@@ -22,15 +22,13 @@
 
 Form1::Form1()
 {
-    constexpr int larghezza = 11760; // twips
-    constexpr int altezza = 6765;
     InizializzaControlliComuni();
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(InQt(NomeProgramma));
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                    Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
-    setFixedSize(Pixel(larghezza), Pixel(altezza));
+    setFixedSize(Pixel(LarghezzaFinestra), Pixel(AltezzaFinestra));
     TieniMisuraFissa(*this);
     CreaControlli();
     OrdinaFuoco();

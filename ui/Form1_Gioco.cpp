@@ -31,7 +31,7 @@ bool EUltimo(std::int16_t indice)
 
 void Form1::cmdMescola_Click()
 {
-    MostraStato("Scalvino - Programma freeware - Versione " + std::string(VersioneProgramma));
+    MostraStato(std::string(NomeProgramma) + " - Programma freeware - " + TestoVersione());
     cmdColpo->setEnabled(true);
     cmdCancel->setEnabled(true);
     // Before the button is locked: the focus must not wander off to the next one.

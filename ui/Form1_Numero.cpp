@@ -1,15 +1,18 @@
-// The field with the number of shoes.
+// The field with the number of shoes: what reaches it and what it makes of that. How its text
+// becomes a number stands in NumeroUtente.cpp.
 
 #include "Form1.h"
 
 #include "Ambiente.h"
 #include "NumeroUtente.h"
+#include "Testi.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <string_view>
 
 namespace {
 
@@ -21,12 +24,16 @@ bool Cifra(QChar carattere)
     return carattere >= QLatin1Char('0') && carattere <= QLatin1Char('9');
 }
 
-// Digits and, as editing keys, backspace, tab, line feed and delete.
+// Digits and the keys that edit or leave the field: backspace, tab, line feed, delete.
 bool Passa(QChar carattere)
 {
-    const auto codice = carattere.unicode();
-    constexpr char16_t cancella = 0x7F;
-    return Cifra(carattere) || codice == 8 || codice == 9 || codice == 10 || codice == cancella;
+    constexpr std::u16string_view tasti = u"\b\t\n\x7F";
+    return Cifra(carattere) || tasti.find(carattere.unicode()) != tasti.npos;
+}
+
+bool Niente(const QString& testo)
+{
+    return testo.isEmpty() || testo == QLatin1String("0");
 }
 
 bool SoloCifre(const QString& testo)
@@ -121,8 +128,7 @@ void Form1::numTaglie_GotFocus(Qt::FocusReason motivo)
 void Form1::numTaglie_LostFocus(Qt::FocusReason motivo)
 {
     m_fuocoSospeso = Passeggero(motivo);
-    const QString testo = numTaglie->text();
-    if (testo.isEmpty() || testo == QLatin1String("0")) numTaglie->setText(QStringLiteral("1"));
+    if (Niente(numTaglie->text())) numTaglie->setText(InQt(UnaTaglia));
 }
 
 void Form1::SelezionaNumero()
@@ -132,14 +138,12 @@ void Form1::SelezionaNumero()
 
 void Form1::numTaglie_Change()
 {
-    const QString testo = numTaglie->text();
-    if (testo.isEmpty() || testo == QLatin1String("0")) {
-        numTaglie->setText(QStringLiteral("1")); // comes back here with the new text
+    if (Niente(numTaglie->text())) {
+        numTaglie->setText(InQt(UnaTaglia)); // comes back here with the new text
         SelezionaNumero();
         return;
     }
-    cmdTaglie->setText(NumeroTaglie() <= 1 ? QStringLiteral("Simula taglia")
-                                           : QStringLiteral("Simula taglie"));
+    cmdTaglie->setText(InQt(NumeroTaglie() <= 1 ? SimulaUna : SimulaTante));
 }
 
 double Form1::NumeroTaglie() const

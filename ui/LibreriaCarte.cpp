@@ -33,8 +33,9 @@ QString FileCarte()
 {
     if (!FileImposto.empty()) return QFile::decodeName(FileImposto.c_str());
     const QString programma = QCoreApplication::applicationDirPath();
-    const QString accanto = programma + QStringLiteral("/carte.svg");
-    const QString installato = programma + QStringLiteral("/../share/scalvino/carte.svg");
+    const QString nome = QStringLiteral("/carte.svg");
+    const QString accanto = programma + nome;
+    const QString installato = programma + QStringLiteral("/../share/scalvino") + nome;
     return QFileInfo::exists(accanto) ? accanto : installato;
 }
 
