@@ -1,3 +1,5 @@
+// A bare loop that shuffles, deals and counts, and does nothing else; bench_taglie.cpp measures the
+// engine against it.
 #include "CorsaNuda.h"
 
 #include <algorithm>

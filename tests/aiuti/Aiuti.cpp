@@ -1,3 +1,4 @@
+// Shoes by hand, folders and bytes for all tests: what Aiuti.h promises.
 #include "Aiuti.h"
 
 #include "Calendario.h"

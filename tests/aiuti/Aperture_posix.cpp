@@ -1,3 +1,5 @@
+// Replaces the open() of the C library, so that a test can do something right before a file is
+// opened; tests/platform/ tries the guards of new files so.
 #include "Aperture.h"
 
 #include <cstdarg>

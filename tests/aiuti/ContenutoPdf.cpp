@@ -1,3 +1,5 @@
+// The operators of page contents: where each may stand and what it takes. DocumentoPdf.cpp calls
+// it, SintassiPdf.cpp reads the words.
 #include "ContenutoPdf.h"
 
 #include "SintassiPdf.h"

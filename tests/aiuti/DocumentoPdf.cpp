@@ -1,3 +1,5 @@
+// What one object of a PDF may say of another: pages, fonts, notes, bookmarks. StrutturaPdf.cpp has
+// read them, ContenutoPdf.cpp reads what pages draw.
 #include "DocumentoPdf.h"
 
 #include "ContenutoPdf.h"

@@ -1,3 +1,4 @@
+// A file held open by a descriptor of this process; LettoreDiFile_windows.cpp is its sibling.
 #include "LettoreDiFile.h"
 
 #include <gtest/gtest.h>

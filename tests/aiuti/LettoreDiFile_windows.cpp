@@ -1,3 +1,5 @@
+// A file held open so that others may read but not replace it; LettoreDiFile_posix.cpp is its
+// sibling.
 #include "LettoreDiFile.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Draws a small document for one test, has it read by StrutturaPdf.cpp and kept by PdfProdotti.cpp.
 #include "PaginaDiProva.h"
 
 #include "Aiuti.h"

@@ -1,3 +1,5 @@
+// Keeps a finished document in the folder that SCALVINO_PDF_PRODOTTI names, under the test's name;
+// tests/lettori/ reads it there.
 #include "PdfProdotti.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Stands in for the calls that write and close files, and fails the one that a test has chosen.
 #include "Scritture.h"
 
 #include <gtest/gtest.h>

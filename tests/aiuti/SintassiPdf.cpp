@@ -1,3 +1,4 @@
+// Turns bytes into PDF values, strictly. StrutturaPdf.cpp finds the objects of a file with it.
 #include "SintassiPdf.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Reads a whole file of ours: header, objects, cross-references, trailer. Next: DocumentoPdf.cpp.
 #include "StrutturaPdf.h"
 
 #include "DocumentoPdf.h"

@@ -1,3 +1,4 @@
+// Runs code in a child process, as another user where a test needs one without root's rights.
 #include "Utente.h"
 
 #include <gtest/gtest.h>

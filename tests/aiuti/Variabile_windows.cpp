@@ -1,3 +1,4 @@
+// Sets a variable of the environment and puts it back at the end of a test.
 #include "Variabile.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// Every form of operator new, refusing the request that a test has chosen: prova_comando.cpp and
+// prova_finestra.cpp choose each in turn.
 #include "MemoriaFinita.h"
 
 #include <atomic>

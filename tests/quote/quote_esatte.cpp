@@ -1,3 +1,5 @@
+// Sums the exact odds of the first coup over all ways in which its rows can close. The comment
+// below the includes says how.
 #include "quote_esatte.h"
 
 #include <algorithm>

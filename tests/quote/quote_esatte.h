@@ -1,3 +1,5 @@
+// The exact odds of the first coup of a shoe, calculated without dealing: what statistical tests
+// compare the engine with.
 #ifndef TESTS_QUOTE_QUOTE_ESATTE_H
 #define TESTS_QUOTE_QUOTE_ESATTE_H
 

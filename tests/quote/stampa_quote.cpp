@@ -1,3 +1,5 @@
+// Prints the exact odds of quote_esatte.h; verifica_quote.py checks them on small shoes, dealt card
+// after card.
 #include "quote_esatte.h"
 
 #include <cerrno>

@@ -1,3 +1,5 @@
+// The document and its pages; _Testo.cpp, _Disegno.cpp and _Note.cpp put things onto them. Their
+// words come from Parole.cpp.
 #include "Documentista.h"
 
 #include "Parole.h"

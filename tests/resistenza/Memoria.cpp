@@ -1,3 +1,4 @@
+// Asks the system how much this process holds; giri.cpp and partite.cpp ask over and over.
 #include "Memoria.h"
 
 #include <algorithm>

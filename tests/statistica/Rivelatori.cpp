@@ -1,3 +1,5 @@
+// Counts places and neighbours of cards over many shoes. Statistica.cpp turns counts into
+// deviations.
 #include "Rivelatori.h"
 
 #include "Statistica.h"

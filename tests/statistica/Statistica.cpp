@@ -1,3 +1,4 @@
+// From counts and probabilities to standard deviations, with the limits beyond which a test fails.
 #include "Statistica.h"
 
 #include <gtest/gtest.h>

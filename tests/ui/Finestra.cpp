@@ -1,3 +1,4 @@
+// Presses buttons and keys of the window under test and reads its captions, for the tests beside.
 #include "Finestra.h"
 
 #include "LibreriaCarte.h"

@@ -1,3 +1,4 @@
+// A program of somebody else's that uses the installed library; prova_libreria.py builds it.
 #include <clsPDFCreator.h>
 
 #include <cstdio>

@@ -1,3 +1,5 @@
+// Runs a reader on bytes of unknown origin and judges what it lets through; prove_guasti and the
+// fuzzers call it.
 #include "Lettori.h"
 
 #include "BmpFile.h"

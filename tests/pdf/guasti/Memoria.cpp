@@ -1,3 +1,4 @@
+// Replaces operator new to count the bytes held at once: a small file must not take much.
 #include "Memoria.h"
 
 #include <cstdlib>
