@@ -20,4 +20,4 @@ esac
 
 tools/controlla.sh formato
 cmake --build --preset release --target prove prove_finestra taglie
-ctest --preset release --parallel "$(nproc)" -R '^(struttura.*|prove_[0-9]+|finestra_C)$'
+ctest --preset release --parallel "$(nproc)" -R '^(struttura|sorgenti|prove_[0-9]+|finestra_C)$'
