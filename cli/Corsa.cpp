@@ -32,20 +32,6 @@ namespace cli {
 
 namespace {
 
-std::string_view NomeReport(Forma forma)
-{
-    switch (forma) {
-    case Forma::Txt:
-        return Stampe::NomeTxt;
-    case Forma::Html:
-        return Stampe::NomeHtml;
-    case Forma::Pdf:
-        return Stampe::NomePdf;
-    default:
-        return "";
-    }
-}
-
 // Where the report goes; both empty for a run without one in a file.
 struct Posto
 {
@@ -55,7 +41,7 @@ struct Posto
 
 Posto PostoReport(const Opzioni& opzioni)
 {
-    const std::string_view nome = NomeReport(opzioni.FormaReport);
+    const std::string_view nome = Stampe::Forme.at(opzioni.FormaReport).File;
     if (nome.empty()) return {};
     std::string cartella = CartellaCompleta(opzioni.Cartella);
     std::string percorso = std::string(cartella).append(nome);
@@ -148,7 +134,7 @@ void Corsa::ImpostaAmbiente()
 // Also before the files of the shoes and the coups are replaced.
 void Corsa::PretendiSpazio() const
 {
-    if (m_opzioni.FormaReport == Forma::Pdf && m_opzioni.Piena()) {
+    if (m_opzioni.FormaReport == Stampe::FormaPdf && m_opzioni.Piena()) {
         Stampe::PretendiSpazioPdf(static_cast<double>(m_sorgente.Quante()));
     }
 }
@@ -178,23 +164,9 @@ void Corsa::DopoTaglia(std::int64_t fatte)
 
 std::optional<Stampe::TotaliReport> Corsa::FaiReport()
 {
+    const auto& forma = Stampe::Forme.at(m_opzioni.FormaReport);
     const auto taglie = static_cast<double>(m_sorgente.Quante());
-    const Stampe::EtichettaStato senzaEtichetta;
-    switch (m_opzioni.FormaReport) {
-    case Forma::Txt:
-        return m_opzioni.Statistiche ? Stampe::StatisticheTxt(taglie, senzaEtichetta)
-                                     : Stampe::StampaTxt(taglie);
-    case Forma::Html:
-        return m_opzioni.Statistiche ? Stampe::StatisticheHtml(taglie, senzaEtichetta)
-                                     : Stampe::StampaHtml(taglie);
-    case Forma::Pdf:
-        return m_opzioni.Statistiche ? Stampe::StatistichePdf(taglie, senzaEtichetta)
-                                     : Stampe::StampaPdf(taglie);
-    case Forma::Video:
-        return Stampe::StatisticheVideo(taglie, m_schermo, senzaEtichetta);
-    default:
-        return Stampe::SoloTotali(taglie, senzaEtichetta);
-    }
+    return m_opzioni.Piena() ? forma.Stampa(taglie) : forma.Statistiche(taglie, m_schermo, {});
 }
 
 void Corsa::ChiudiFile()
@@ -217,7 +189,7 @@ std::string Corsa::Risultati(const Stampe::TotaliReport& totali) const
         const double secondi = std::max(0.0, SecondiTrascorsi() - m_inizio);
         return TestoDati(m_opzioni.Dati, totali, m_studio, {m_opzioni.Seme, secondi});
     }
-    if (m_opzioni.FormaReport == Forma::Video) return m_schermo.Testo();
+    if (m_opzioni.FormaReport == Stampe::FormaVideo) return m_schermo.Testo();
     if (m_posto.Percorso.empty() || m_opzioni.Quieto) return "";
     return m_posto.Percorso + "\n";
 }
@@ -245,7 +217,7 @@ std::string EseguiCorsa(const Opzioni& opzioni)
     Posto posto = PostoReport(opzioni);
     RifiutaFileDoppi(opzioni, posto.Percorso);
     // A date that cannot be written is known before the first shoe, and refused as the request is.
-    if (opzioni.FormaReport == Forma::Pdf) OppureRifiuta(CalendarioInUso.Adesso);
+    if (opzioni.FormaReport == Stampe::FormaPdf) OppureRifiuta(CalendarioInUso.Adesso);
     return Corsa(opzioni, std::move(posto)).Esegui();
 }
 

@@ -131,19 +131,18 @@ std::string LeggiNome(const std::string& opzione, const std::string& testo)
 
 void RifiutaContraddizioni(const Opzioni& opzioni, bool conCartella)
 {
-    const bool inFile =
-        opzioni.FormaReport != Forma::Nessuna && opzioni.FormaReport != Forma::Video;
+    const bool inFile = !Stampe::Forme.at(opzioni.FormaReport).File.empty();
     if (opzioni.Apri && !inFile)
         Rifiuta("--apri", "senza un report in un file non c'è nulla da aprire");
     if (conCartella && !inFile)
         Rifiuta("--cartella", "senza un report in un file non c'è nulla da metterci");
-    if (opzioni.CaratteriUnici && opzioni.FormaReport != Forma::Pdf) {
+    if (opzioni.CaratteriUnici && opzioni.FormaReport != Stampe::FormaPdf) {
         Rifiuta("--caratteri-unici", "vale solo con -f pdf");
     }
     if (!opzioni.Mazzi.empty() && opzioni.Seme) {
         Rifiuta("--seme", "con --mazzi le carte non si mescolano");
     }
-    if (opzioni.FormaReport == Forma::Video && opzioni.Dati != FormaDati::Nessuna) {
+    if (opzioni.FormaReport == Stampe::FormaVideo && opzioni.Dati != FormaDati::Nessuna) {
         Rifiuta("--dati", "con -f video lo standard output è già delle statistiche");
     }
     const bool piuLavori = opzioni.Lavori != 1;
@@ -187,15 +186,16 @@ void LeggiScelte(Opzioni& opzioni, const Grezze& grezze)
     if (grezze.Dati.Dato()) {
         opzioni.Dati = Scegli<FormaDati>("--dati", grezze.Dati.Testo,
                                          {{"json", FormaDati::Json}, {"csv", FormaDati::Csv}});
-        opzioni.FormaReport = Forma::Nessuna; // data on standard output want no report beside them
+        opzioni.FormaReport =
+            Stampe::FormaNessuna; // data on standard output want no report beside them
     }
     if (grezze.Forma.Dato()) {
-        opzioni.FormaReport = Scegli<Forma>("--forma", grezze.Forma.Testo,
-                                            {{"txt", Forma::Txt},
-                                             {"html", Forma::Html},
-                                             {"pdf", Forma::Pdf},
-                                             {"video", Forma::Video},
-                                             {"nessuna", Forma::Nessuna}});
+        opzioni.FormaReport = Scegli<Stampe::Forma>("--forma", grezze.Forma.Testo,
+                                                    {{"txt", Stampe::FormaTxt},
+                                                     {"html", Stampe::FormaHtml},
+                                                     {"pdf", Stampe::FormaPdf},
+                                                     {"video", Stampe::FormaVideo},
+                                                     {"nessuna", Stampe::FormaNessuna}});
     }
     if (grezze.Avanzamento.Dato()) {
         opzioni.Avanzamento = Scegli<Avviso>(

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Separatori.h"
+#include "Stampe.h"
 
 #include <cstdint>
 #include <optional>
@@ -9,15 +10,6 @@
 #include <vector>
 
 namespace cli {
-
-enum class Forma
-{
-    Txt,
-    Html,
-    Pdf,
-    Video,
-    Nessuna,
-};
 
 enum class FormaDati
 {
@@ -36,7 +28,7 @@ enum class Avviso
 struct Opzioni
 {
     std::optional<std::uint64_t> Taglie; // not given: 1, or all shoes of a shoe file
-    Forma FormaReport = Forma::Txt;
+    Stampe::Forma FormaReport = Stampe::FormaTxt;
     bool Statistiche = false;
     std::string Cartella = ".";
     bool Apri = false;
@@ -54,11 +46,7 @@ struct Opzioni
     bool Versione = false;
 
     // Whether the report lists every coup.
-    bool Piena() const
-    {
-        return !Statistiche && (FormaReport == Forma::Txt || FormaReport == Forma::Html ||
-                                FormaReport == Forma::Pdf);
-    }
+    bool Piena() const { return !Statistiche && Stampe::Forme.at(FormaReport).Stampa != nullptr; }
 };
 
 // Reads the arguments (without the program's name). ErroreComando with UscitaUso for anything

@@ -9,6 +9,28 @@
 
 namespace Stampe {
 
+namespace {
+
+using Statistiche = std::optional<TotaliReport>(double, const EtichettaStato&);
+
+// An operation that draws nothing, called as one that does.
+template <Statistiche* Operazione>
+std::optional<TotaliReport> SenzaDisegno(double numeroTaglie, Superficie& /*superficie*/,
+                                         const EtichettaStato& etichettaStato)
+{
+    return Operazione(numeroTaglie, etichettaStato);
+}
+
+} // namespace
+
+constinit const std::array<DatiForma, 5> Forme = {{
+    {NomeHtml, StampaHtml, SenzaDisegno<StatisticheHtml>},
+    {NomePdf, StampaPdf, SenzaDisegno<StatistichePdf>},
+    {NomeTxt, StampaTxt, SenzaDisegno<StatisticheTxt>},
+    {"", nullptr, StatisticheVideo},
+    {"", nullptr, SenzaDisegno<SoloTotali>},
+}};
+
 std::string PercorsoReport(std::string_view nome)
 {
     return std::string(AmbienteInUso.Cartella).append(nome);
@@ -51,8 +73,9 @@ std::optional<TotaliReport> SoloTotali(double numeroTaglie, const EtichettaStato
 
 void EliminaReport()
 {
-    for (const auto nome : {NomeHtml, NomePdf, NomeTxt}) {
-        const std::string percorso = PercorsoReport(nome);
+    for (const auto& forma : Forme) {
+        if (forma.File.empty()) continue;
+        const std::string percorso = PercorsoReport(forma.File);
         try {
             if (modCarte::FileEsiste(percorso) != Falso) TogliFile(percorso);
         } catch (const ErroreRuntime&) {

@@ -61,7 +61,38 @@ std::optional<TotaliReport> StatisticheVideo(double numeroTaglie, Superficie& su
 // The run without a report: shoes, progress and totals as above, no file.
 std::optional<TotaliReport> SoloTotali(double numeroTaglie, const EtichettaStato& etichettaStato);
 
-// Deletes "taglie.htm", "taglie.pdf" and "taglie.txt", in this order, from the report folder.
+// The forms of a report: the rows of Forme below, numbered as the window offers them.
+enum Forma : std::size_t
+{
+    FormaHtml,
+    FormaPdf,
+    FormaTxt,
+    FormaVideo,
+    FormaNessuna, // totals without a report
+};
+
+// Files of the reports, in the report folder.
+inline constexpr std::string_view NomeTxt = "taglie.txt";
+inline constexpr std::string_view NomeHtml = "taglie.htm";
+inline constexpr std::string_view NomePdf = "taglie.pdf";
+
+// What there is of a form: its file (empty: it writes none) and the operations above that make it.
+struct DatiForma
+{
+    std::string_view File;
+
+    // Every coup of every shoe; nullptr where the form has no such report.
+    std::optional<TotaliReport> (*Stampa)(double numeroTaglie);
+
+    // The general statistics; only FormaVideo draws on superficie.
+    std::optional<TotaliReport> (*Statistiche)(double numeroTaglie, Superficie& superficie,
+                                               const EtichettaStato& etichettaStato);
+};
+
+// By Forma.
+extern const std::array<DatiForma, 5> Forme;
+
+// Deletes the files of all forms, in the order of Forme, from the report folder.
 // What cannot or must not be deleted (still open, somebody else's) is passed over.
 void EliminaReport();
 
@@ -76,10 +107,6 @@ std::string_view SemeSymbol(std::string_view carta);
 std::string_view ClasseRossa(std::string_view carta);
 
 // ---- Shared by the layouts -------------------------------------------------------------------
-
-inline constexpr std::string_view NomeTxt = "taglie.txt";
-inline constexpr std::string_view NomeHtml = "taglie.htm";
-inline constexpr std::string_view NomePdf = "taglie.pdf";
 
 // Name of a report with its folder.
 std::string PercorsoReport(std::string_view nome);

@@ -14,6 +14,7 @@
 #include "ApriConShell.h"
 #include "Flag.h"
 #include "MenuSistema.h"
+#include "Stampe.h"
 #include "TavoloCarte.h"
 
 #include <QCheckBox>
@@ -32,12 +33,8 @@
 class QInputMethodEvent;
 class QKeyEvent;
 
-// Report forms, by index of optStampa.
-inline constexpr std::size_t FormaHtml = 0;
-inline constexpr std::size_t FormaPdf = 1;
-inline constexpr std::size_t FormaTxt = 2;
-inline constexpr std::size_t FormaVideo = 3;
-inline constexpr std::size_t NumeroForme = 4;
+// The forms of a report stand in optStampa by their numbers; all before FormaNessuna are offered.
+using enum Stampe::Forma;
 
 // There is one window, on the thread of the user interface, which also owns the state of modCarte.
 // Every control carries its name as objectName (optStampa with its index: "optStampa0").
@@ -109,8 +106,8 @@ private:
     // otherwise.
     int ValoreStat() const;
 
-    // Index of the chosen report form in optStampa; NumeroForme when none is.
-    std::size_t FormaScelta() const;
+    // The chosen form of report; FormaNessuna when none is.
+    Stampe::Forma FormaScelta() const;
 
     // On every click on chkStat, and whatever else changes the box: the report on screen can be
     // chosen only while it is checked.
@@ -165,7 +162,7 @@ private:
     QGroupBox* Frame2 = nullptr;
     QCheckBox* chkStat = nullptr;
     QWidget* Picture1 = nullptr;
-    std::array<QRadioButton*, NumeroForme> optStampa{};
+    std::array<QRadioButton*, FormaNessuna> optStampa{};
     QPushButton* cmdTaglie = nullptr;
     QGroupBox* Frame1 = nullptr;
     QLineEdit* numTaglie = nullptr;

@@ -15,11 +15,11 @@ int Form1::ValoreStat() const
     return chkStat->checkState() == Qt::Checked ? 1 : 2;
 }
 
-std::size_t Form1::FormaScelta() const
+Stampe::Forma Form1::FormaScelta() const
 {
     const auto scelta = std::find_if(optStampa.begin(), optStampa.end(),
                                      [](const auto* opzione) { return opzione->isChecked(); });
-    return static_cast<std::size_t>(scelta - optStampa.begin());
+    return static_cast<Stampe::Forma>(scelta - optStampa.begin());
 }
 
 void Form1::chkStat_Click()

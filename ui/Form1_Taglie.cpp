@@ -117,29 +117,14 @@ std::string Form1::EseguiReport()
 
 void Form1::ChiamaReport()
 {
-    const std::size_t forma = FormaScelta();
-    if (forma != FormaVideo) Generale::TrovaCartella(); // what is drawn needs none
+    const auto& forma = Stampe::Forme.at(FormaScelta());
+    if (!forma.File.empty()) Generale::TrovaCartella(); // what is drawn needs none
     const double taglie = NumeroTaglie();
-    const bool statistiche = ValoreStat() != 0;
     const Stampe::EtichettaStato etichetta = [this](std::string_view testo) {
         MostraAvanzamento(testo);
     };
-    switch (forma) {
-    case FormaHtml:
-        statistiche ? Stampe::StatisticheHtml(taglie, etichetta) : Stampe::StampaHtml(taglie);
-        break;
-    case FormaPdf:
-        statistiche ? Stampe::StatistichePdf(taglie, etichetta) : Stampe::StampaPdf(taglie);
-        break;
-    case FormaTxt:
-        statistiche ? Stampe::StatisticheTxt(taglie, etichetta) : Stampe::StampaTxt(taglie);
-        break;
-    case FormaVideo:
-        if (statistiche) Stampe::StatisticheVideo(taglie, *m_tavolo, etichetta);
-        break;
-    default:
-        break;
-    }
+    if (ValoreStat() != 0) forma.Statistiche(taglie, *m_tavolo, etichetta);
+    else if (forma.Stampa != nullptr) forma.Stampa(taglie);
 }
 
 // Gives the commands back after a run, however it ended, or finishes a closing that came in it.

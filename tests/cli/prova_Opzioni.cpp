@@ -30,7 +30,7 @@ TEST(Opzioni, SenzaArgomentiUnReportDiTestoDiUnaTaglia)
 {
     const Opzioni opzioni = LeggiOpzioni({});
     EXPECT_EQ(opzioni.Taglie, std::nullopt);
-    EXPECT_EQ(opzioni.FormaReport, Forma::Txt);
+    EXPECT_EQ(opzioni.FormaReport, Stampe::FormaTxt);
     EXPECT_TRUE(opzioni.Piena());
     EXPECT_EQ(opzioni.Cartella, ".");
     EXPECT_EQ(opzioni.Lavori, 1);
@@ -46,7 +46,7 @@ TEST(Opzioni, FormeBreviELunghe)
                                          "--apri", "--lavori=3", "--quieto", "12"});
     for (const auto& opzioni : {brevi, lunghe}) {
         EXPECT_EQ(opzioni.Taglie, 12U);
-        EXPECT_EQ(opzioni.FormaReport, Forma::Html);
+        EXPECT_EQ(opzioni.FormaReport, Stampe::FormaHtml);
         EXPECT_TRUE(opzioni.Statistiche);
         EXPECT_FALSE(opzioni.Piena());
         EXPECT_EQ(opzioni.Cartella, "/tmp");
@@ -58,8 +58,8 @@ TEST(Opzioni, FormeBreviELunghe)
 
 TEST(Opzioni, DatiSenzaFormaNonVoglionoReport)
 {
-    EXPECT_EQ(LeggiOpzioni({"--dati", "json"}).FormaReport, Forma::Nessuna);
-    EXPECT_EQ(LeggiOpzioni({"--dati", "csv", "-f", "txt"}).FormaReport, Forma::Txt);
+    EXPECT_EQ(LeggiOpzioni({"--dati", "json"}).FormaReport, Stampe::FormaNessuna);
+    EXPECT_EQ(LeggiOpzioni({"--dati", "csv", "-f", "txt"}).FormaReport, Stampe::FormaTxt);
     EXPECT_EQ(LeggiOpzioni({"-f", "html", "--dati", "csv"}).Dati, FormaDati::Csv);
 }
 
@@ -155,7 +155,7 @@ TEST(Opzioni, AiutoEVersionePrimaDiOgniControllo)
 
 TEST(Opzioni, VideoEOccupaLoStandardOutput)
 {
-    EXPECT_EQ(LeggiOpzioni({"-f", "video", "-j", "2"}).FormaReport, Forma::Video);
+    EXPECT_EQ(LeggiOpzioni({"-f", "video", "-j", "2"}).FormaReport, Stampe::FormaVideo);
     EXPECT_EQ(Rifiuto({"-f", "video", "--dati", "json"}),
               std::pair(2, std::string("--dati: con -f video lo standard output è già delle "
                                        "statistiche")));

@@ -141,7 +141,7 @@ TEST_F(Finestra, LeRigheDeiMessaggiNonSiSpezzano)
 
 TEST_F(Finestra, LaDomandaOltreLeDiecimila)
 {
-    for (std::size_t forma = 0; forma < NumeroForme; ++forma) {
+    for (std::size_t forma = 0; forma < FormaNessuna; ++forma) {
         Scegli(forma, true);
         Risponditore no(QMessageBox::No);
         Scrivi("10001");
@@ -367,7 +367,7 @@ TEST_F(Finestra, TroppeTaglieSiDiconoESiContinua)
 {
     const std::string tanti(400, '9');
     for (const auto& testo : {std::string("9007199254740993000"), tanti, std::string("1e999")}) {
-        for (std::size_t forma = 0; forma < NumeroForme; ++forma) {
+        for (std::size_t forma = 0; forma < FormaNessuna; ++forma) {
             Scegli(forma, true);
             Risponditore mano(QMessageBox::Yes);
             Numero()->setText(QString::fromStdString(testo));
