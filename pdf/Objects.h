@@ -102,6 +102,18 @@ public:
         prPart(pieces..., "\r\n");
     }
 
+    // Writes known; where it is empty, lets write do so and keeps in known what it wrote. What has
+    // gone from memory to the file meanwhile is not kept, so that the next call writes it again.
+    template <typename Write>
+    void prRepeat(std::string& known, const Write& write)
+    {
+        if (!known.empty()) return prPart(known);
+        const std::size_t start = m_used;
+        const std::uint64_t flushed = m_flushed;
+        write();
+        if (m_flushed == flushed) known.assign(m_buffer.get() + start, m_used - start);
+    }
+
     // The cross-reference table of all objects (ISO 32000-1, 7.5.4).
     void prWriteCrossReferences();
 

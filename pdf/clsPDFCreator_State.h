@@ -13,7 +13,6 @@
 #include <cmath>
 #include <initializer_list>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -105,14 +104,28 @@ struct clsPDFCreator::State
         std::string Title, Subject, Author, Creator, Producer, Keywords;
     };
 
+    // What a background and a frame of that size wrote on the page; lengths in user units of that
+    // scale.
+    struct Frame
+    {
+        double Width;
+        double Height;
+        float Scale;
+        std::string Background;
+        std::string Edge;
+    };
+
     // How a table, a row or a cell is painted: width in user units, colours as the operations that
-    // set them, and no operation for one that is not painted.
+    // set them, and no operation for one that is not painted. Cells that inherit a style share it
+    // with their row, and so the frames it has drawn.
     struct Style
     {
         std::string Fill;
         float LineWidth = 0;
         std::string LineColor;
+        std::vector<Frame> Frames;
     };
+    using SharedStyle = std::shared_ptr<Style>;
 
     struct Point
     {
@@ -124,8 +137,8 @@ struct clsPDFCreator::State
     struct TableState
     {
         Point Origin;
-        Style OwnStyle;
-        Style RowStyle;
+        SharedStyle OwnStyle = std::make_shared<Style>();
+        SharedStyle RowStyle = OwnStyle;
         Point RowPosition;
         float RowHeight = 0;
         float CellX = 0; // relative to the row
@@ -350,7 +363,8 @@ struct clsPDFCreator::State
     void prOpenSpace(double x, double y, double scalingX = 1, double scalingY = 1);
 
     // ---- _Tables
-    static std::optional<Style> prOwnStyle(std::string_view fill, float lineWidth,
-                                           std::string_view lineColor, const Style& inherited);
-    void prPaintFrame(const Style& style, double width, double height);
+    static SharedStyle prStyleOf(std::string_view fill, float lineWidth, std::string_view lineColor,
+                                 const SharedStyle& inherited);
+    Frame& prFrameOf(Style& style, double width, double height) const;
+    void prPaintFrame(Style& style, double width, double height);
 };

@@ -8,9 +8,10 @@ void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, flo
                                std::string_view LineColor)
 {
     m->prRequire(X, Y, LineWidth);
-    const State::Style present = {m->FillChosen ? m->FillColor : "", m->prInUnits(m->LineWidth),
-                                  m->LineColor};
-    auto style = State::prOwnStyle(FillColor, LineWidth, LineColor, present).value_or(present);
+    const State::Style present = {
+        m->FillChosen ? m->FillColor : "", m->prInUnits(m->LineWidth), m->LineColor, {}};
+    auto style =
+        State::prStyleOf(FillColor, LineWidth, LineColor, std::make_shared<State::Style>(present));
     auto& table = m->Table;
     if (table.CellOpen) {
         // The table around that cell waits for the end of this one, which starts anew.
@@ -23,7 +24,7 @@ void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, flo
     table.CellWidth = 0;
     m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
     m->Out.prWriteRaw("q");
-    m->Out.prPrint(m->prInPoints(table.OwnStyle.LineWidth), " w");
+    m->Out.prPrint(m->prInPoints(table.OwnStyle->LineWidth), " w");
 }
 
 void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float LineWidth,
@@ -31,12 +32,11 @@ void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float Lin
 {
     m->prRequire(Height, LineWidth);
     auto& table = m->Table;
-    table.RowStyle =
-        State::prOwnStyle(FillColor, LineWidth, LineColor, table.OwnStyle).value_or(table.OwnStyle);
+    table.RowStyle = State::prStyleOf(FillColor, LineWidth, LineColor, table.OwnStyle);
     table.RowHeight = Height;
     m->prOpenSpace(table.RowPosition.X, table.RowPosition.Y);
     // As wide as the cell begun last, not as all of the row's, on purpose.
-    m->prPaintFrame(table.RowStyle, table.CellWidth, Height);
+    m->prPaintFrame(*table.RowStyle, table.CellWidth, Height);
     table.CellX = 0;
     m->Current = {};
     table.RowOpen = true;
@@ -57,10 +57,10 @@ void clsPDFCreator::BeginColumn(float Width, std::string_view FillColor, float L
 {
     m->prRequire(Width, LineWidth);
     auto& table = m->Table;
-    const auto own = State::prOwnStyle(FillColor, LineWidth, LineColor, table.RowStyle);
+    const auto style = State::prStyleOf(FillColor, LineWidth, LineColor, table.RowStyle);
     table.CellWidth = Width;
     m->prOpenSpace(table.CellX, 0);
-    m->prPaintFrame(own ? *own : table.RowStyle, Width, table.RowHeight);
+    m->prPaintFrame(*style, Width, table.RowHeight);
     m->Current = {};
     table.CellOpen = true;
 }
@@ -85,38 +85,57 @@ void clsPDFCreator::EndTable()
     m->OuterTables.pop_back();
 }
 
-// Nothing where a call names nothing of its own, as most do: a style that is inherited whole need
-// not be copied.
-std::optional<clsPDFCreator::State::Style>
-clsPDFCreator::State::prOwnStyle(std::string_view fill, float lineWidth, std::string_view lineColor,
-                                 const Style& inherited)
+// The inherited style itself where a call names nothing of its own, as most do.
+clsPDFCreator::State::SharedStyle clsPDFCreator::State::prStyleOf(std::string_view fill,
+                                                                  float lineWidth,
+                                                                  std::string_view lineColor,
+                                                                  const SharedStyle& inherited)
 {
     constexpr float keep = -1;
-    if (fill.empty() && lineWidth == keep && lineColor.empty()) return std::nullopt;
-    Style style = inherited;
-    if (!fill.empty()) prChooseFill(style.Fill, fill);
-    if (lineWidth != keep) style.LineWidth = lineWidth;
-    if (!lineColor.empty()) prChooseLine(style.LineColor, lineColor);
+    if (fill.empty() && lineWidth == keep && lineColor.empty()) return inherited;
+    const auto style = std::make_shared<Style>(*inherited);
+    style->Frames.clear();
+    if (!fill.empty()) prChooseFill(style->Fill, fill);
+    if (lineWidth != keep) style->LineWidth = lineWidth;
+    if (!lineColor.empty()) prChooseLine(style->LineColor, lineColor);
     return style;
+}
+
+// The frame of that size, new where there is none yet. The few widths of a table's columns come
+// again in every row; a table of ever other sizes begins to remember anew now and then.
+clsPDFCreator::State::Frame& clsPDFCreator::State::prFrameOf(Style& style, double width,
+                                                             double height) const
+{
+    constexpr std::size_t mostKept = 16;
+    auto& frames = style.Frames;
+    for (auto& frame : frames) {
+        if (frame.Width == width && frame.Height == height && frame.Scale == Scale) return frame;
+    }
+    if (frames.size() == mostKept) frames.clear();
+    return frames.emplace_back(Frame{width, height, Scale, {}, {}});
 }
 
 // Background and frame of a row or cell at the origin. The background keeps half a line away from
 // the edge, so that the frame is not covered; fill, line width and line colour are then written as
 // they were before.
-void clsPDFCreator::State::prPaintFrame(const Style& style, double width, double height)
+void clsPDFCreator::State::prPaintFrame(Style& style, double width, double height)
 {
     const double line = style.LineWidth;
+    Frame& frame = prFrameOf(style, width, height);
     if (!style.Fill.empty()) {
-        Out.prWriteRaw(style.Fill);
-        prRectangle(line / 2, line / 2, width - line, height - line, 4);
+        Out.prRepeat(frame.Background, [&] {
+            Out.prWriteRaw(style.Fill);
+            prRectangle(line / 2, line / 2, width - line, height - line, 4);
+        });
         Out.prWriteRaw(FillColor);
     }
     if (line != 0) {
-        if (line > 0) Out.prPrint(prInPoints(line), " w");
-        Out.prWriteRaw("[ ] 0 d");
-        Out.prWriteRaw(style.LineColor);
-        prRectangle(0, 0, width, height, 1);
-        Out.prPrint(LineWidth, " w\r\n[ ] 0 d");
-        Out.prWriteRaw(LineColor);
+        Out.prRepeat(frame.Edge, [&] {
+            if (line > 0) Out.prPrint(prInPoints(line), " w");
+            Out.prWriteRaw("[ ] 0 d");
+            Out.prWriteRaw(style.LineColor);
+            prRectangle(0, 0, width, height, 1);
+        });
+        Out.prPrint(LineWidth, " w\r\n[ ] 0 d\r\n", LineColor);
     }
 }
