@@ -122,6 +122,16 @@ char* prPutInteger(char* at, std::int64_t value)
     return PutWhole(at, magnitude);
 }
 
+char* prPutTenDigits(char* at, std::uint64_t value)
+{
+    constexpr std::uint64_t thousand = 1000;
+    constexpr std::uint64_t million = 1000 * thousand;
+    *at = static_cast<char>('0' + value / (1000 * million));
+    PutTriple(at + 1, value / million % thousand);
+    PutTriple(at + 4, value / thousand % thousand);
+    return PutTriple(at + 7, value % thousand);
+}
+
 void prAppendNumber(std::string& text, double value)
 {
     AppendPut(text, [value](char* at) { return prPutNumber(at, value); });

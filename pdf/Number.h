@@ -18,6 +18,9 @@ char* prPutNumber(char* at, double value);
 // Writes a whole number.
 char* prPutInteger(char* at, std::int64_t value);
 
+// Writes a whole number below 10^10 with zeros at its front where it has fewer than ten digits.
+char* prPutTenDigits(char* at, std::uint64_t value);
+
 // The same at the end of a text.
 void prAppendNumber(std::string& text, double value);
 void prAppendInteger(std::string& text, std::int64_t value);

@@ -12,7 +12,6 @@ namespace {
 constexpr std::size_t BufferSize = 64 * 1024;
 
 // A position has ten digits in the table (ISO 32000-1, 7.5.4).
-constexpr std::size_t PositionDigits = 10;
 constexpr std::uint64_t LargestPosition = 9999999999;
 
 [[noreturn]] void Overflow(std::string reason)
@@ -140,13 +139,8 @@ void Objects::prWriteCrossReferences()
     prPrint("0 ", m_counter + 1);
     prWriteRaw("0000000000 65535 f");
     // With the CR LF exactly 20 bytes: readers find an entry by multiplication.
-    std::string entry = "0000000000 00000 n";
     for (std::int32_t i = 0; i < m_counter; ++i) {
-        std::uint64_t position = m_positions[static_cast<std::size_t>(i)];
-        for (std::size_t digit = PositionDigits; digit-- > 0; position /= 10) {
-            entry[digit] = static_cast<char>('0' + position % 10);
-        }
-        prWriteRaw(entry);
+        prPrint(TenDigits{m_positions[static_cast<std::size_t>(i)]}, " 00000 n");
     }
 }
 

@@ -39,6 +39,11 @@ struct Name
     std::string_view Bytes; // after a "/"
 };
 
+struct TenDigits
+{
+    std::uint64_t Number; // with zeros at its front
+};
+
 // Writes one file from front to back. Every failed write is an ErroreRuntime; after one, every
 // further write to this file fails with the same error, so that nothing is ever left out.
 class Objects
@@ -128,6 +133,7 @@ private:
     static std::size_t Bound(std::string_view text) { return text.size(); }
     static std::size_t Bound(const Escaped& text) { return 2 * text.Text.size(); }
     static std::size_t Bound(const Name& name) { return 3 * name.Bytes.size(); }
+    static constexpr std::size_t Bound(const TenDigits&) { return LongestNumber; }
     static constexpr std::size_t Bound(double) { return LongestNumber; }
     static constexpr std::size_t Bound(std::int32_t) { return LongestNumber; }
 
@@ -143,6 +149,10 @@ private:
     }
     static char* Put(char* at, const Escaped& text) { return prPutPDFString(at, text.Text); }
     static char* Put(char* at, const Name& name) { return prPutName(at, name.Bytes); }
+    static char* Put(char* at, const TenDigits& digits)
+    {
+        return prPutTenDigits(at, digits.Number);
+    }
     static char* Put(char* at, double number) { return prPutNumber(at, number); }
     static char* Put(char* at, std::int32_t number) { return prPutInteger(at, number); }
 
