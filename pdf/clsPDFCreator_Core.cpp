@@ -201,8 +201,8 @@ void clsPDFCreator::EndDoc()
     m->prWriteGradients();
     m->prWriteCatalog(outlines, metadata);
     m->prWriteDictionary(EncodingObject, "<< /Type /Encoding /BaseEncoding /WinAnsiEncoding >>");
-    m->prWriteDictionary(ResourceObject, m->prResources(false));
-    m->prWriteDictionary(PageResourceObject, m->prResources(true));
+    m->prWriteResources(ResourceObject, false);
+    m->prWriteResources(PageResourceObject, true);
     m->prWritePageTree();
 
     const std::uint64_t crossReferences = out.prPosition();
@@ -282,23 +282,22 @@ void clsPDFCreator::State::prWriteCatalog(std::int32_t outlines, std::int32_t me
     prWriteDictionary(CatalogObject, text);
 }
 
-std::string clsPDFCreator::State::prResources(bool withPatterns) const
+void clsPDFCreator::State::prWriteResources(std::int32_t number, bool withPatterns)
 {
-    std::string text = "<<\r";
-    if (!FontResources.empty()) text.append("/Font <<\r").append(FontResources).append(">>\r");
-    text.append("/ProcSet [/PDF /Text");
-    if (!ImageResources.empty()) text.append(" /ImageB /ImageC /ImageI");
-    text.append(" ]\r");
-    if (!ImageResources.empty() || !FormResources.empty()) {
-        text.append("/XObject <<\r").append(ImageResources);
-        if (!ImageResources.empty()) text.append("\r");
-        text.append(FormResources).append(">>\r");
+    const bool images = !ImageResources.empty();
+    Out.prInitObj(number);
+    Out.prPart("<<\r");
+    if (!Fonts.empty()) prWriteFontNames();
+    Out.prPart("/ProcSet [/PDF /Text", images ? " /ImageB /ImageC /ImageI" : "", " ]\r");
+    if (images || !FormResources.empty()) {
+        Out.prPart("/XObject <<\r", ImageResources, images ? "\r" : "", FormResources, ">>\r");
     }
     if (withPatterns && !PatternResources.empty()) {
-        text.append("/ColorSpace << /xxCSxx [ /Pattern /DeviceRGB ] >> \r/Pattern <<\r");
-        text.append(PatternResources).append(">>\r");
+        Out.prPart("/ColorSpace << /xxCSxx [ /Pattern /DeviceRGB ] >> \r/Pattern <<\r",
+                   PatternResources, ">>\r");
     }
-    return text.append(">>");
+    Out.prPrint(">>");
+    Out.prEndObj();
 }
 
 void clsPDFCreator::State::prWritePageTree()

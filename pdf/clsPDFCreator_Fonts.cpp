@@ -244,22 +244,26 @@ void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontNa
 void clsPDFCreator::State::prWriteFonts()
 {
     std::int32_t number = 0;
-    for (const Font& font : Fonts) {
-        const std::int32_t object = Out.prInitObj(0);
-        FontResources.append("/_FNT_");
-        pdf::prAppendInteger(FontResources, ++number);
-        FontResources.push_back(' ');
-        pdf::prAppendInteger(FontResources, object);
-        FontResources.append(" 0 R \r");
+    for (Font& font : Fonts) {
+        font.Object = Out.prInitObj(0);
         Out.prPrint("<< /Type /Font /Subtype /", font.Embedded != nullptr ? "TrueType" : "Type1",
-                    " /Name /_FNT_", number, " /BaseFont /", font.BaseFont,
+                    " /Name /_FNT_", ++number, " /BaseFont /", font.BaseFont,
                     " /FirstChar 0 /LastChar 255");
         if (!HasOwnEncoding(font.BaseFont)) Out.prWriteRaw("/Encoding 3 0 R");
-        if (font.Embedded != nullptr) prWriteWidths(object, *font.Embedded);
+        if (font.Embedded != nullptr) prWriteWidths(font.Object, *font.Embedded);
         Out.prWriteRaw(" >>");
         Out.prEndObj();
-        if (font.Embedded != nullptr) prWriteDescriptor(object + 1, *font.Embedded);
+        if (font.Embedded != nullptr) prWriteDescriptor(font.Object + 1, *font.Embedded);
     }
+}
+
+// What pages call the fonts. Written piece by piece: a long document has thousands of them.
+void clsPDFCreator::State::prWriteFontNames()
+{
+    std::int32_t number = 0;
+    Out.prPart("/Font <<\r");
+    for (const Font& font : Fonts) Out.prPart("/_FNT_", ++number, " ", font.Object, " 0 R \r");
+    Out.prPart(">>\r");
 }
 
 void clsPDFCreator::State::prWriteWidths(std::int32_t object, const TrueType& font)

@@ -41,6 +41,7 @@ struct clsPDFCreator::State
         std::string_view BaseFont; // static, or of the file
         pdf::FaceMetrics Metrics;
         const TrueType* Embedded; // nullptr for the standard ones
+        std::int32_t Object = 0;  // its number, once it is written
     };
 
     // A picture of the document; its content is gone once it is written.
@@ -175,7 +176,6 @@ struct clsPDFCreator::State
     float PageHeight = 842;
     float PageMargin = 0;
     float Scale = 1; // points per user unit
-    std::string FontResources;
     std::string ImageResources;
     std::string FormResources;
     std::string PatternResources;
@@ -267,7 +267,7 @@ struct clsPDFCreator::State
     // Writes the head of a file just opened, with that text as its information dictionary.
     void prBeginFile(const std::string& info);
     void prWriteCatalog(std::int32_t outlines, std::int32_t metadata);
-    std::string prResources(bool withPatterns) const;
+    void prWriteResources(std::int32_t number, bool withPatterns);
     void prWritePageTree();
     void prWriteDictionary(std::int32_t number, std::string_view text);
     std::int32_t prWriteMetadata();
@@ -321,6 +321,7 @@ struct clsPDFCreator::State
     std::size_t prFindFont(FontRequest& request) const;
     std::size_t prAddStandardFont(FontRequest& request);
     void prWriteFonts();
+    void prWriteFontNames();
     void prWriteWidths(std::int32_t object, const TrueType& font);
     void prWriteDescriptor(std::int32_t object, const TrueType& font);
     std::int32_t prFontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
