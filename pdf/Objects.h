@@ -92,6 +92,11 @@ public:
 
     // Writes text and CR LF.
     void prWriteRaw(std::string_view text) { prPrint(text); }
+    template <std::size_t Size>
+    void prWriteRaw(const char (&text)[Size])
+    {
+        prPrint(text);
+    }
 
     // Writes the pieces one after the other, numbers in thousandths; prPrint and CR LF.
     template <typename... Pieces>
