@@ -12,70 +12,91 @@ namespace pdf {
 
 namespace {
 
-// The three digits of a number below 1000, and how many of them are left without the zeros at
-// their end. Formatting coordinates is most of what writing a page costs.
-struct Triple
+// A text of at most four characters. It is copied whole whatever its length, so that no copy is a
+// call or a loop: formatting coordinates is most of what writing a page costs.
+struct ShortText
 {
-    std::array<char, 3> Digits;
-    std::uint8_t Kept;
+    std::array<char, 4> Text;
+    std::uint32_t Length; // as wide as the text, so that an entry is found without a product
 };
+using ShortTexts = std::array<ShortText, 1000>;
 
-constexpr std::array<Triple, 1000> Triples = [] {
-    std::array<Triple, 1000> triples = {};
-    for (std::size_t i = 0; i < triples.size(); ++i) {
-        triples[i].Digits = {static_cast<char>('0' + i / 100), static_cast<char>('0' + i / 10 % 10),
-                             static_cast<char>('0' + i % 10)};
-        triples[i].Kept = i % 10 != 0 ? 3 : i % 100 != 0 ? 2 : 1;
-    }
-    return triples;
-}();
-
-const Triple& TripleOf(std::uint64_t number)
+constexpr char Digit(std::size_t number)
 {
-    return Triples[static_cast<std::size_t>(number)];
+    return static_cast<char>('0' + number % 10);
 }
 
+// The whole numbers below 1000.
+constexpr ShortTexts Wholes = [] {
+    ShortTexts texts = {};
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (i < 10) texts[i] = {{Digit(i)}, 1};
+        else if (i < 100) texts[i] = {{Digit(i / 10), Digit(i)}, 2};
+        else texts[i] = {{Digit(i / 100), Digit(i / 10), Digit(i)}, 3};
+    }
+    return texts;
+}();
+
+// The thousandths as they stand after a whole number: a point and three digits, of which the zeros
+// at the end do not count; nothing for none.
+constexpr ShortTexts Thousandths = [] {
+    ShortTexts texts = {};
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::uint32_t length = i == 0 ? 0 : i % 100 == 0 ? 2 : i % 10 == 0 ? 3 : 4;
+        texts[i] = {{'.', Digit(i / 100), Digit(i / 10), Digit(i)}, length};
+    }
+    return texts;
+}();
+
+// Writes over what follows, too, up to four characters in all.
+char* PutShort(char* at, const ShortTexts& texts, std::uint64_t number)
+{
+    const ShortText& known = texts[static_cast<std::size_t>(number)];
+    std::memcpy(at, known.Text.data(), known.Text.size());
+    return at + known.Length;
+}
+
+// All three digits of a number below 1000.
 char* PutTriple(char* at, std::uint64_t number)
 {
-    std::memcpy(at, TripleOf(number).Digits.data(), 3);
+    std::memcpy(at, Thousandths[static_cast<std::size_t>(number)].Text.data() + 1, 3);
     return at + 3;
 }
 
-// A whole number below 1000 without needless zeros. Copies of a fixed size are no calls.
-char* PutShort(char* at, std::uint64_t number)
-{
-    if (number < 10) {
-        *at = static_cast<char>('0' + number);
-        return at + 1;
-    }
-    if (number >= 100) return PutTriple(at, number);
-    std::memcpy(at, TripleOf(number).Digits.data() + 1, 2);
-    return at + 2;
-}
+[[gnu::noinline]] char* PutLong(char* at, std::uint64_t number);
 
 char* PutWhole(char* at, std::uint64_t number)
 {
+    return number < Wholes.size() ? PutShort(at, Wholes, number) : PutLong(at, number);
+}
+
+// Apart from the short ones, which nearly all numbers are: they are no call.
+char* PutLong(char* at, std::uint64_t number)
+{
     constexpr std::uint64_t thousand = 1000;
-    if (number < thousand) return PutShort(at, number);
     at = PutWhole(at, number / thousand);
     return PutTriple(at, number % thousand);
 }
 
 // A number of thousandths without its sign.
-template <typename Whole>
-char* PutMagnitude(char* at, Whole thousandths)
+[[gnu::noinline]] char* PutLongMagnitude(char* at, std::uint64_t thousandths)
 {
-    constexpr Whole thousand = 1000;
-    at = PutWhole(at, thousandths / thousand);
-    const Whole fraction = thousandths % thousand;
-    if (fraction == 0) return at;
-    *at++ = '.';
-    PutTriple(at, fraction);
-    return at + TripleOf(fraction).Kept;
+    constexpr std::uint64_t thousand = 1000;
+    at = PutLong(at, thousandths / thousand);
+    return PutShort(at, Thousandths, thousandths % thousand);
+}
+
+// The same with the quick way for coordinates on a page.
+char* PutMagnitude(char* at, std::uint64_t thousandths)
+{
+    if (thousandths >= 1000 * 1000) return PutLongMagnitude(at, thousandths);
+    const auto small = static_cast<std::uint32_t>(thousandths);
+    at = PutShort(at, Wholes, small / 1000);
+    return PutShort(at, Thousandths, small % 1000);
 }
 
 // What is too large for the quick way.
-char* PutLarge(char* at, double value)
+[[gnu::noinline]] char* PutLarge(char* at, double value)
 {
     constexpr double largestWhole = 9e18;
     const double product = value * 1000;
