@@ -1,81 +1,99 @@
-// The start: what may go wrong before the window shows, and the language of numbers.
+// How large the window is drawn, and what is answered before there is a display.
 
-#include "Finestra.h"
+#include "Avvio.h"
 
-#include "ErroreRuntime.h"
-#include "LibreriaCarte.h"
+#include <QtGlobal>
 
-#include <clocale>
-#include <cstdlib>
-#include <functional>
-#include <new>
+#include <gtest/gtest.h>
 
-using namespace aiuti;
+#include <string>
 
 namespace {
 
-// A surface on which the first step of a screen fails.
-class TavoloGuasto : public Registratore
+// A variable of the environment with this value while it lives.
+class Variabile
 {
 public:
-    explicit TavoloGuasto(std::function<void()> guasto)
-        : m_guasto(std::move(guasto))
+    Variabile(const char* nome, const QByteArray& valore)
+        : m_nome(nome)
+        , m_cera(qEnvironmentVariableIsSet(nome))
+        , m_prima(qgetenv(nome))
     {
+        qputenv(nome, valore);
     }
-    void Pulisci() override { m_guasto(); }
+    ~Variabile()
+    {
+        if (m_cera) qputenv(m_nome, m_prima);
+        else qunsetenv(m_nome);
+    }
+    Variabile(const Variabile&) = delete;
+    Variabile& operator=(const Variabile&) = delete;
 
 private:
-    std::function<void()> m_guasto;
+    const char* m_nome;
+    bool m_cera;
+    QByteArray m_prima;
 };
 
-// Loads a window whose title screen fails like this; false when the program would end.
-bool CaricaCon(const std::function<void()>& guasto)
+bool Resta(const char* nome, const char* valore)
 {
-    TavoloGuasto tavolo(guasto);
-    Form1 finestra;
-    finestra.DisegnaSu(tavolo);
-    const bool caricata = finestra.Carica();
-    cdtTerm();
-    return caricata;
+    const Variabile variabile(nome, valore);
+    avvio::TogliScaleNonValide();
+    return qEnvironmentVariableIsSet(nome);
 }
 
 } // namespace
 
-TEST(MenuSistema, IlComandoSonoSediciBitAllargatiColSegno)
+TEST(Scala, SoloFattoriPossibiliRestano)
 {
-    const auto sedici = static_cast<std::int16_t>(0xF000); // the Size command
-    EXPECT_EQ(ComandoDimensiona, static_cast<std::uint32_t>(std::int32_t{sedici}));
-    EXPECT_EQ(PerComando, 0U);
-}
-
-// Only the missing card library ends the program; whatever else fails, the window opens.
-TEST(Avvio, OgniAltroGuastoSiIgnora)
-{
-    Risponditore mano;
-    for (const auto numero : {NumeroErrore::ChiamataNonValida, NumeroErrore::DiscoPieno,
-                              NumeroErrore::PercorsoNonTrovato}) {
-        EXPECT_TRUE(CaricaCon([numero] { throw ErroreRuntime(numero); }));
+    for (const char* valore :
+         {"0", "-1", "abc", "", "inf", "-inf", "nan", "1e9", "1e-9", "0.09", "20.1", "1,5", "2x"}) {
+        EXPECT_FALSE(Resta("QT_SCALE_FACTOR", valore)) << valore;
     }
-    EXPECT_TRUE(CaricaCon([] { throw std::bad_alloc(); }));
-    EXPECT_TRUE(mano.Visti.empty());
-}
-
-// The number decides, not the step in which it came.
-TEST(Avvio, LErrore53FinisceIlProgrammaDovunqueSorga)
-{
-    Risponditore mano;
-    EXPECT_FALSE(CaricaCon([] { throw ErroreRuntime(NumeroErrore::FileNonTrovato); }));
-    EXPECT_EQ(mano.Visti,
-              std::vector{Esclamazione("La libreria CARDS.DLL non è presente nel sistema.")});
-}
-
-// Qt takes the user's locale for all of the C library; numbers keep their point.
-TEST(Avvio, INumeriNonSeguonoLaLinguaDellUtente)
-{
-    const char* lingua = std::getenv("LC_ALL");
-    if (lingua != nullptr && std::string(lingua) != "C") {
-        EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), lingua); // it was really taken
+    for (const char* valore : {"0.1", "1", "1.5", "2", "20"}) {
+        EXPECT_TRUE(Resta("QT_SCALE_FACTOR", valore)) << valore;
     }
-    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
-    EXPECT_STREQ(std::localeconv()->decimal_point, ".");
+}
+
+TEST(Scala, FattoriDegliSchermiComeQtLiScrive)
+{
+    for (const char* valore : {"inf", "1;inf", "DP-1=1.5;HDMI-1=0", "DP-1=", "x", "1e9"}) {
+        EXPECT_FALSE(Resta("QT_SCREEN_SCALE_FACTORS", valore)) << valore;
+    }
+    for (const char* valore : {"1.5", "1;2", "DP-1=1.5;HDMI-1=2", "1;;2"}) {
+        EXPECT_TRUE(Resta("QT_SCREEN_SCALE_FACTORS", valore)) << valore;
+    }
+    for (const char* valore : {"0", "9", "2001", "999999", "nan", "dpi"}) {
+        EXPECT_FALSE(Resta("QT_FONT_DPI", valore)) << valore;
+    }
+    for (const char* valore : {"10", "96", "192", "2000"}) {
+        EXPECT_TRUE(Resta("QT_FONT_DPI", valore)) << valore;
+    }
+}
+
+// 1280 / 790 = 1.62, in sixty-fourths 103; 1024 / 487 would be more.
+TEST(Scala, LaFinestraEntraNelloSchermo)
+{
+    EXPECT_EQ(avvio::Scala(2, QSizeF(1280, 1024)), 103.0 / 64);
+    EXPECT_EQ(avvio::Scala(1.5, QSizeF(1280, 1024)), 1.5);
+    EXPECT_EQ(avvio::Scala(2, QSizeF(1580, 974)), 2);
+    EXPECT_LT(avvio::Scala(2, QSizeF(1579, 974)), 2);
+    EXPECT_LT(avvio::Scala(2, QSizeF(1580, 973)), 2);
+}
+
+TEST(Scala, SottoUnoQtNonDisegna)
+{
+    EXPECT_EQ(avvio::Scala(0.75, QSizeF(1280, 1024)), 1);
+    EXPECT_EQ(avvio::Scala(1, QSizeF(640, 480)), 1);
+    EXPECT_EQ(avvio::Scala(2, QSizeF(1, 1)), 1);
+}
+
+TEST(Risposta, AiutoEVersioneFraGliArgomenti)
+{
+    const char* const nessuno[] = {"scalvino", "-style", "fusion"};
+    EXPECT_EQ(avvio::Risposta(3, nessuno), std::nullopt);
+    const char* const versione[] = {"scalvino", "-style", "fusion", "--version"};
+    EXPECT_EQ(avvio::Risposta(4, versione), "scalvino " SCALVINO_VERSIONE "\n");
+    const char* const aiuto[] = {"scalvino", "--help"};
+    EXPECT_NE(avvio::Risposta(2, aiuto).value_or("").find("--version"), std::string::npos);
 }

@@ -2,7 +2,6 @@
 // ours.
 
 #include "Finestra.h"
-#include "Generale.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -109,13 +108,6 @@ TEST_F(Finestra, TornataLaCartellaLaGuidaSiApre)
     EXPECT_EQ(ambiente.Aperti, std::vector<std::string>{qui.Nome() + "tmp/scalvino.htm"});
     EXPECT_TRUE(finestra->close());
     EXPECT_TRUE(fs::is_empty(qui.Nome() + "tmp"));
-}
-
-TEST_F(Finestra, UnaRisorsaCheNonCESiIgnora)
-{
-    Generale::ApriRisorsa("scalvino.htm", 102);
-    EXPECT_TRUE(ambiente.Aperti.empty());
-    EXPECT_TRUE(ambiente.Cartella.Contenuto().empty());
 }
 
 TEST_F(Finestra, LaGuidaNonDisturbaLaPartita)

@@ -112,33 +112,6 @@ TEST_F(Finestra, ILimitiDeiReportCompleti)
     }
 }
 
-// A word alone on a line of its own would look like a mistake.
-TEST_F(Finestra, LeRigheDeiMessaggiNonSiSpezzano)
-{
-    int visti = 0;
-    Risponditore no(QMessageBox::No);
-    no.Guarda = [&visti](QMessageBox& riquadro) {
-        const auto* etichetta = riquadro.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-        ASSERT_NE(etichetta, nullptr);
-        const auto righe = riquadro.text().split(QLatin1Char('\n'));
-        for (const auto& riga : righe) {
-            EXPECT_LE(etichetta->fontMetrics().horizontalAdvance(riga), etichetta->width())
-                << riga.toStdString();
-        }
-        EXPECT_LT(riquadro.width(), 784);
-        ++visti;
-    };
-    for (const std::size_t forma : {FormaHtml, FormaPdf, FormaTxt}) {
-        Scegli(forma, false);
-        Scrivi("501");
-        Clicca("cmdTaglie");
-    }
-    Scegli(FormaTxt, true);
-    Scrivi("10001");
-    Clicca("cmdTaglie");
-    EXPECT_EQ(visti, 4);
-}
-
 TEST_F(Finestra, LaDomandaOltreLeDiecimila)
 {
     for (std::size_t forma = 0; forma < FormaNessuna; ++forma) {

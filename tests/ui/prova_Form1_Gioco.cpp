@@ -117,18 +117,6 @@ TEST_F(Finestra, OgniEsitoHaLaSuaDidascalia)
     }
 }
 
-TEST(Schermate, LaRigaSiStringeDaOttoCarteInSu)
-{
-    for (int carte = 0; carte <= 7; ++carte) {
-        EXPECT_EQ(schermate::PassoColpo(carte), 60);
-        EXPECT_EQ(schermate::PassoFinale(carte), 60);
-    }
-    for (const int carte : {8, 9, 15, 31}) {
-        EXPECT_EQ(schermate::PassoColpo(carte), 45);
-        EXPECT_EQ(schermate::PassoFinale(carte), 50);
-    }
-}
-
 TEST_F(Finestra, SetteEOttoCarteStannoDoveDevono)
 {
     const std::string sette = "AC#AC#AC#AC#AC#AC#AC";

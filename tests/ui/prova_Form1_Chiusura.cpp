@@ -3,7 +3,6 @@
 #include "Applicazione.h"
 #include "Finestra.h"
 #include "LibreriaCarte.h"
-#include "Messaggi.h"
 #include "Segnali.h"
 #include "Stampe.h"
 #include "Utente.h"
@@ -368,24 +367,4 @@ TEST_F(Finestra, DiDueGuastiSiDiceIlPrimo)
     EXPECT_TRUE(finestra->Chiusa());
     EXPECT_FALSE(LibreriaAvviata());
     fs::permissions(chiusa.Nome(), fs::perms::owner_all);
-}
-
-// Some reasons are the error's own text in small letters.
-TEST(Errori, IlMessaggioNonDiceNullaDueVolte)
-{
-    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::PermessoNegato, "permesso negato", "/x")),
-              "Errore 70: Permesso negato.\r/x");
-    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::MemoriaEsaurita, "memoria esaurita")),
-              "Errore 7: Memoria esaurita.");
-    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::PermessoNegato, "permesso", "/x")),
-              "Errore 70: Permesso negato.\r/x\rpermesso");
-}
-
-TEST(Errori, IlMessaggioDiceNumeroTestoFileEMotivo)
-{
-    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::TipoNonCorrispondente)),
-              "Errore 13: " + std::string(TestoErrore(NumeroErrore::TipoNonCorrispondente)) + ".");
-    EXPECT_EQ(TestoMessaggio(ErroreRuntime(NumeroErrore::DiscoPieno, "non c'è posto", "/x/y")),
-              "Errore 61: " + std::string(TestoErrore(NumeroErrore::DiscoPieno)) +
-                  ".\r/x/y\rnon c'è posto");
 }

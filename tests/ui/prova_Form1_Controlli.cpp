@@ -184,21 +184,6 @@ TEST_F(Finestra, NessunaDidascaliaETagliata)
     }
 }
 
-TEST_F(Finestra, LoStatoSiAllargaSulSuoTesto)
-{
-    auto* stato = Trova<QLabel>("lblStatus");
-    Clicca("cmdMescola");
-    EXPECT_EQ(stato->size(), stato->sizeHint());
-    EXPECT_GT(stato->width(), 150);
-    EXPECT_EQ(stato->pos(), QPoint(228, 421));
-    // The longest progress text still ends before the exit button.
-    const auto lungo = stato->fontMetrics().horizontalAdvance(QStringLiteral(
-        "Elaborazione in corso. Attendere... Taglia 9007199254740992 di 9007199254740992"));
-    EXPECT_LT(228 + lungo, Pulsante("cmdExit")->x());
-    Clicca("cmdCancel");
-    EXPECT_EQ(stato->text(), QString());
-}
-
 TEST_F(Finestra, ChiLeggeLoSchermoTrovaINomi)
 {
     EXPECT_EQ(Trova<QLabel>("Label1")->buddy(), Numero());
@@ -220,32 +205,6 @@ TEST_F(Finestra, ChiLeggeLoSchermoTrovaINomi)
               "ROSSO: re di cuori, re di quadri, re di fiori, due di picche, totale 32; "
               "Vincono ROSSO e INVERSO; "
               "Premi 'Colpo successivo --->' per proseguire nella partita");
-}
-
-TEST_F(Finestra, LaCasellaGovernaIlReportAVideo)
-{
-    EXPECT_FALSE(Opzione(FormaVideo)->isEnabled());
-    Scegli(FormaVideo, true);
-    Clicca("chkStat");
-    QTest::mouseClick(Statistiche(), Qt::LeftButton, {}, QPoint(8, 9));
-    if (Statistiche()->isChecked()) QTest::mouseClick(Statistiche(), Qt::LeftButton, {}, {8, 9});
-    EXPECT_FALSE(Statistiche()->isChecked());
-    EXPECT_TRUE(Opzione(FormaHtml)->isChecked());
-    EXPECT_FALSE(Opzione(FormaVideo)->isEnabled());
-    // Checked again it is offered, not chosen.
-    QTest::mouseClick(Statistiche(), Qt::LeftButton, {}, QPoint(8, 9));
-    EXPECT_TRUE(Opzione(FormaVideo)->isEnabled());
-    EXPECT_TRUE(Opzione(FormaHtml)->isChecked());
-}
-
-TEST_F(Finestra, TogliereLaSpuntaLasciaLeAltreFormeScelte)
-{
-    for (const std::size_t forma : {FormaPdf, FormaTxt}) {
-        Scegli(forma, true);
-        QTest::mouseClick(Statistiche(), Qt::LeftButton, {}, QPoint(8, 9));
-        EXPECT_TRUE(Opzione(forma)->isChecked());
-        EXPECT_FALSE(Opzione(FormaVideo)->isEnabled());
-    }
 }
 
 TEST_F(Finestra, TabSaltaCioCheNonPrendeIlFuoco)
