@@ -1,7 +1,6 @@
 #include "modCarte.h"
 
 #include "ErroreRuntime.h"
-#include "FileSulDisco.h"
 #include "Numeri.h"
 
 #include <cmath>
@@ -55,11 +54,6 @@ std::int32_t IndiceCarta(std::int32_t valore, std::int32_t seme)
         throw ErroreRuntime(NumeroErrore::Overflow);
     }
     return static_cast<std::int32_t>(indice);
-}
-
-Flag FileEsiste(const std::string& percorso)
-{
-    return ComeFlag(FileOrdinario(percorso));
 }
 
 } // namespace modCarte
