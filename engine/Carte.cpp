@@ -1,4 +1,4 @@
-#include "modCarte.h"
+#include "Carte.h"
 
 #include "ErroreRuntime.h"
 #include "Numeri.h"
@@ -16,8 +16,7 @@ std::string TestoCarta(std::int16_t codice)
 std::int32_t ValoreDaTesto(std::string_view testo)
 {
     constexpr double numeraleMassimo = 10;
-    if (testo.empty()) return 0;
-    const std::string_view valore = testo.substr(0, testo.size() - 1);
+    const std::string_view valore = ValoreScritto(testo);
     const double numero = NumeroIniziale(valore);
     if (numero >= 1 && numero <= numeraleMassimo) {
         return static_cast<std::int32_t>(std::nearbyint(numero));
@@ -32,8 +31,7 @@ std::int32_t ValoreDaTesto(std::string_view testo)
 
 std::int32_t SemeDaTesto(std::string_view testo)
 {
-    if (testo.empty()) return 0;
-    switch (testo.back()) {
+    switch (SemeScritto(testo)) {
     case 'Q':
         return 1;
     case 'C':

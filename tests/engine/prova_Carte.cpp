@@ -72,6 +72,24 @@ TEST(SemeCarta, VuotoPerUnCodiceSenzaPosto)
     EXPECT_EQ(NomeValore(-1), "");
 }
 
+TEST(CartaRossa, CuoriEQuadri)
+{
+    EXPECT_TRUE(CartaRossa("10C"));
+    EXPECT_TRUE(CartaRossa("QQ"));
+    EXPECT_FALSE(CartaRossa("CF"));
+    EXPECT_FALSE(CartaRossa("QP"));
+    EXPECT_FALSE(CartaRossa("x"));
+    EXPECT_FALSE(CartaRossa(""));
+}
+
+TEST(TestoDiCarta, ValoreESeme)
+{
+    EXPECT_EQ(ValoreScritto("10F"), "10");
+    EXPECT_EQ(SemeScritto("10F"), 'F');
+    EXPECT_EQ(ValoreScritto(""), "");
+    EXPECT_EQ(SemeScritto(""), '\0');
+}
+
 TEST(ValoreDaTesto, NumeriELettere)
 {
     EXPECT_EQ(ValoreDaTesto("10C"), 10);
