@@ -19,7 +19,7 @@ struct Carta
     std::array<char, 4> testo{}; // card text and "#", then anything
     std::uint8_t lunghezza = 0;  // of card text and "#"
     std::int8_t punti = 0;
-    bool nera = false;
+    bool rossa = false;
 };
 
 constexpr Carta CostruisciCarta(std::int16_t codice)
@@ -32,7 +32,7 @@ constexpr Carta CostruisciCarta(std::int16_t codice)
     aggiungi(SemeCarta(codice));
     aggiungi("#");
     carta.punti = static_cast<std::int8_t>(PuntiCarta(codice));
-    carta.nera = SemeCarta(codice) == "P" || SemeCarta(codice) == "F";
+    carta.rossa = CartaRossa(SemeCarta(codice));
     return carta;
 }
 
@@ -54,7 +54,7 @@ const Carta& CartaDi(std::int16_t codice)
 }
 
 // A row as dealt: the cards from index primo up to, not including, index fine, and their texts.
-struct Mano
+struct ManoInGioco
 {
     int primo;
     int fine;
@@ -63,7 +63,7 @@ struct Mano
     std::size_t lunghezza;                                // of testo, its trailing "#" left out
     std::array<char, std::size_t{4} * CarteTaglia> testo; // left unset: any row fits
 
-    explicit Mano(int indice)
+    explicit ManoInGioco(int indice)
         : primo(indice)
         , fine(indice)
         , totale(0)
@@ -76,7 +76,7 @@ struct Mano
 };
 
 // Deals from the row's first index until the total passes 30 or there is no card left.
-void Dai(const std::array<std::int16_t, CarteTaglia>& mazzo, Mano& mano)
+void Dai(const std::array<std::int16_t, CarteTaglia>& mazzo, ManoInGioco& mano)
 {
     while (mano.totale <= PuntiDaSuperare && mano.fine <= UltimoIndice) {
         const Carta& carta = CartaDi(mazzo[static_cast<std::size_t>(mano.fine)]);
@@ -98,11 +98,11 @@ char Esito(int totaleNero, int totaleRosso)
 }
 
 // The coup's first card against the winning row: the same colour is "C", the other one "I".
-char Colore(char esito, bool primaNera)
+char Colore(char esito, bool primaRossa)
 {
     if (esito == 'E') return 'E';
     const bool vinceNero = esito == 'N';
-    return vinceNero == primaNera ? 'C' : 'I';
+    return vinceNero == primaRossa ? 'I' : 'C';
 }
 
 // The fields before the cards: number, outcome, colour, totals, each with its comma.
@@ -133,15 +133,15 @@ private:
 };
 
 void ScriviRecord(std::string& record, const std::array<std::int16_t, CarteTaglia>& mazzo,
-                  const Mano& nero, const Mano& rosso)
+                  const ManoInGioco& nero, const ManoInGioco& rosso)
 {
     Testata testata;
     testata.Campo(static_cast<std::int64_t>(NumeroColpo));
     if (rosso.completa) {
         const char esito = Esito(nero.totale, rosso.totale);
-        const bool primaNera = CartaDi(mazzo[static_cast<std::size_t>(nero.primo)]).nera;
+        const bool primaRossa = CartaDi(mazzo[static_cast<std::size_t>(nero.primo)]).rossa;
         testata.Campo(esito);
-        testata.Campo(Colore(esito, primaNera));
+        testata.Campo(Colore(esito, primaRossa));
     } else {
         testata.CampoVuoto(); // outcome and colour of a coup that ran out stay empty
         testata.CampoVuoto();
@@ -160,9 +160,9 @@ void GiocaColpo(std::string& record)
     // Past the end every position is alike: there is no card.
     const int primo = Posizione > UltimoIndice ? CarteTaglia : static_cast<int>(Posizione);
 
-    Mano nero(primo);
+    ManoInGioco nero(primo);
     Dai(mazzo, nero);
-    Mano rosso(nero.fine);
+    ManoInGioco rosso(nero.fine);
     if (nero.completa) Dai(mazzo, rosso);
     ScriviRecord(record, mazzo, nero, rosso);
 
@@ -187,12 +187,7 @@ std::string GiocaColpo()
 
 int ContaCarte(std::string_view carte)
 {
-    if (carte.empty()) return 0;
-    int numero = 1;
-    for (const char c : carte) {
-        if (c == '#') ++numero;
-    }
-    return numero;
+    return Mano(carte).NumeroCarte();
 }
 
 } // namespace modCarte

@@ -9,6 +9,7 @@
 #include "Carte.h"
 #include "Esiti.h"
 #include "Flag.h"
+#include "RecordColpo.h"
 #include "Registro.h"
 
 #include <array>
