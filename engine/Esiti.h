@@ -87,6 +87,13 @@ constexpr void AggiungiConti(ContiEsiti<Numero>& conti, const ContiEsiti<Altro>&
     }
 }
 
+// The coups that came to an end: each is won by one row or a tie.
+template <typename Numero>
+constexpr Numero ColpiCompiuti(const ContiEsiti<Numero>& conti)
+{
+    return conti.VinceNero + conti.VinceRosso + conti.Pari;
+}
+
 // ---- The order of the reports ----------------------------------------------------------------
 
 inline constexpr std::size_t NumeroMostrati = [] {

@@ -76,10 +76,9 @@ constexpr std::array<EsitiColpo, NumeroCasi> EsitiDeiCasi = [] {
 
 const EsitiColpo& EsitiDelColpo(std::string_view record)
 {
-    const auto campi = DividiColpo<CampoCarteNero>(record);
-    const bool trentuno = campi[CampoTotaleNero] == "31" && campi[CampoTotaleRosso] == "31";
-    return EsitiDeiCasi[Indice({PostoLettera(LettereEsito, campi[CampoEsito]),
-                                PostoLettera(LettereColore, campi[CampoColore]), trentuno})];
+    const RecordColpo colpo(record);
+    return EsitiDeiCasi[Indice({PostoLettera(LettereEsito, colpo.Esito()),
+                                PostoLettera(LettereColore, colpo.Colore()), colpo.Trentuno()})];
 }
 
 void CalcolaStatistiche(std::int16_t n)

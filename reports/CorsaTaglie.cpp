@@ -2,7 +2,6 @@
 
 #include "Ambiente.h"
 #include "ErroreRuntime.h"
-#include "Numeri.h"
 #include "Studio.h"
 
 #include <algorithm>
@@ -17,38 +16,17 @@
 
 namespace Stampe {
 
-namespace {
-
-// A total as it stands in a record, as the 16-bit integer that the reports take it for.
-std::int16_t Totale(std::string_view campo)
-{
-    std::uint64_t valore = 0;
-    if (!LeggiInteroSenzaSegno(campo, valore)) {
-        throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente);
-    }
-    return Intero16(static_cast<double>(valore));
-}
-
-} // namespace
-
 CifreTaglia DerivaCifre()
 {
     const auto& colpi = modCarte::Colpi;
     if (colpi.empty()) throw ErroreRuntime(NumeroErrore::IndiceFuoriIntervallo);
-    const auto ultimo = modCarte::DividiColpo(colpi.back());
+    const modCarte::RecordColpo ultimo(colpi.back());
     const auto k = static_cast<std::int64_t>(colpi.size()) - 1;
 
-    // A shoe that runs out late in the Rosso row can pass for a complete coup, on purpose: its
-    // record then counts as one and is shown as one.
-    constexpr int massimoBreve = 61;
-    const int somma =
-        Totale(ultimo[modCarte::CampoTotaleNero]) + Totale(ultimo[modCarte::CampoTotaleRosso]);
-    const bool breve = somma <= massimoBreve;
-
-    const std::int64_t carteBreve =
-        breve ? modCarte::ContaCarte(ultimo[modCarte::CampoCarteNero]) +
-                    modCarte::ContaCarte(ultimo[modCarte::CampoCarteRosso])
-              : 0;
+    // A shoe that runs out late in the Rosso row passes for one that ended with a complete coup, on
+    // purpose: its last record then counts as a coup and is shown as one.
+    const bool breve = ultimo.Breve();
+    const std::int64_t carteBreve = breve ? ultimo.NumeroCarte() : 0;
     // Posizione is 313 at the end of a shoe, so that this counts one card too many on purpose.
     const auto usate =
         static_cast<std::int64_t>(modCarte::Posizione) - modCarte::NumeroCarteAnnullate;

@@ -30,8 +30,7 @@ double ResiduiPerColpi(const Studio& studio, const ContoEsito& conto)
 void Studio::AggiungiTaglia()
 {
     const auto& statistiche = modCarte::Statistiche;
-    const auto colpi = static_cast<std::int64_t>(statistiche.VinceNero + statistiche.VinceRosso +
-                                                 statistiche.Pari);
+    const auto colpi = static_cast<std::int64_t>(modCarte::ColpiCompiuti(statistiche));
     ++m_taglie;
     m_colpi += colpi;
     m_quadratiColpi += colpi * colpi;
