@@ -19,8 +19,7 @@ namespace Stampe {
 
 std::string_view SemeHtml(std::string_view carta)
 {
-    if (carta.empty()) return "";
-    switch (carta.back()) {
+    switch (modCarte::SemeScritto(carta)) {
     case 'C':
         return "&hearts;";
     case 'Q':
@@ -36,8 +35,7 @@ std::string_view SemeHtml(std::string_view carta)
 
 std::string_view ClasseRossa(std::string_view carta)
 {
-    const bool rossa = !carta.empty() && (carta.back() == 'C' || carta.back() == 'Q');
-    return rossa ? " red" : "";
+    return modCarte::CartaRossa(carta) ? " red" : "";
 }
 
 namespace {
@@ -104,32 +102,22 @@ void CelleCoppia(std::string& testo, bool prima, bool seconda)
 
 void CellaCarta(std::string& testo, std::string_view carta)
 {
-    const auto valore = carta.substr(0, carta.empty() ? 0 : carta.size() - 1);
     Riga(
         testo,
         "          <td align=\"left\"><div class=\"card\"><div class=\"front\"><div class=\"num\">",
-        valore, "</div><div class=\"spot", ClasseRossa(carta), "\">", SemeHtml(carta),
-        "</div></div></div></td>");
-}
-
-void CelleCarte(std::string& testo, std::string_view carte)
-{
-    while (!carte.empty()) {
-        const auto fine = carte.find('#');
-        CellaCarta(testo, carte.substr(0, fine));
-        carte.remove_prefix(fine == std::string_view::npos ? carte.size() : fine + 1);
-    }
+        modCarte::ValoreScritto(carta), "</div><div class=\"spot", ClasseRossa(carta), "\">",
+        SemeHtml(carta), "</div></div></div></td>");
 }
 
 void CellaMano(std::string& testo, std::string_view larghezza, std::string_view totale,
-               std::string_view carte)
+               const modCarte::Mano& mano)
 {
     Riga(testo, "  <td width=\"", larghezza, "\" align=\"center\">");
     Riga(testo, "      <table align=\"left\" class=\"norm\" width=\"95%\">");
     Riga(testo, "        <tr>");
     Riga(testo, "          <td width=\"20px\" align=\"left\"><p align=\"left\">", totale, "</td>");
     Riga(testo, "          <td width=\"20px\" align=\"left\">&nbsp;</td>");
-    CelleCarte(testo, carte);
+    for (const auto carta : mano) CellaCarta(testo, carta);
     Riga(testo, "         <td width=\"80%\" align=\"left\">&nbsp;</td>");
     Riga(testo, "        </tr>");
     Riga(testo, "      </table>");
@@ -138,15 +126,13 @@ void CellaMano(std::string& testo, std::string_view larghezza, std::string_view 
 
 void RigaColpo(std::string& testo, std::string_view record)
 {
-    const auto campi = modCarte::DividiColpo(record);
-    const auto esito = campi[modCarte::CampoEsito];
-    const auto colore = campi[modCarte::CampoColore];
+    const modCarte::RecordColpo colpo(record);
     Riga(testo, "<tr>");
-    Riga(testo, "  <td width=\"5%\" align=\"center\">", campi[modCarte::CampoNumero], "</td>");
-    CelleCoppia(testo, esito == "N", esito == "R");
-    CelleCoppia(testo, colore == "C", colore == "I");
-    CellaMano(testo, "37%", campi[modCarte::CampoTotaleNero], campi[modCarte::CampoCarteNero]);
-    CellaMano(testo, "38%", campi[modCarte::CampoTotaleRosso], campi[modCarte::CampoCarteRosso]);
+    Riga(testo, "  <td width=\"5%\" align=\"center\">", colpo.Numero(), "</td>");
+    CelleCoppia(testo, colpo.VinceNero(), colpo.VinceRosso());
+    CelleCoppia(testo, colpo.VinceColore(), colpo.VinceInverso());
+    CellaMano(testo, "37%", colpo.TotaleNero(), colpo.Nero());
+    CellaMano(testo, "38%", colpo.TotaleRosso(), colpo.Rosso());
     Riga(testo, "</tr>");
 }
 

@@ -174,12 +174,12 @@ void CellaNumero(clsPDFCreator& pdf, std::string_view numero)
     Cella(pdf, 1, AltezzaRiga, numero, CentroMezzo);
 }
 
-// A bullet of the Symbol font when the field is this one, a dash for a tie.
-void CellaEsito(clsPDFCreator& pdf, std::string_view campo, std::string_view vincente)
+// A bullet of the Symbol font for what won, a dash for a tie.
+void CellaEsito(clsPDFCreator& pdf, bool vince, bool pari)
 {
     constexpr std::string_view punto = "·"; // code 183, which Symbol draws as a bullet
     pdf.SetFont("Symbol", 10, Normale);
-    Cella(pdf, 1, AltezzaRiga, campo == vincente ? punto : campo == "E" ? "-" : "", CentroAlto);
+    Cella(pdf, 1, AltezzaRiga, vince ? punto : pari ? "-" : "", CentroAlto);
 }
 
 void Carta(clsPDFCreator& pdf, int posto, std::string_view carta)
@@ -188,46 +188,39 @@ void Carta(clsPDFCreator& pdf, int posto, std::string_view carta)
     constexpr double inizioValore = 0.2;
     constexpr double inizioSeme = 0.4; // where the value ends
     constexpr float altezzaSeme = 0.4F;
-    const auto valore = carta.substr(0, carta.empty() ? 0 : carta.size() - 1);
-    const bool rossa = !ClasseRossa(carta).empty();
     const double sinistra = passo * posto;
     pdf.SetFont("Verdana", 8, Normale);
-    pdf.DrawTextBox(static_cast<float>(sinistra + inizioValore), 0, 0.2F, AltezzaRiga, valore, 1, 0,
-                    DestraMezzo, 0);
-    if (rossa) pdf.SetColorFill("#FF0000", "");
+    pdf.DrawTextBox(static_cast<float>(sinistra + inizioValore), 0, 0.2F, AltezzaRiga,
+                    modCarte::ValoreScritto(carta), 1, 0, DestraMezzo, 0);
+    if (modCarte::CartaRossa(carta)) pdf.SetColorFill("#FF0000", "");
     pdf.SetFont("Symbol", 10, Normale);
     pdf.DrawTextBox(static_cast<float>(sinistra + inizioSeme), 0, 5, altezzaSeme, SemeSymbol(carta),
                     1, 0, SinistraMezzo, 0);
     pdf.SetColorFill("#000000", ""); // the next value is black again
 }
 
-void CellaMano(clsPDFCreator& pdf, std::string_view carte)
+void CellaMano(clsPDFCreator& pdf, const modCarte::Mano& mano)
 {
     constexpr float larghezza = 5;
     pdf.BeginColumn(larghezza, "", -1, "");
-    for (int posto = 0; !carte.empty(); ++posto) {
-        const auto fine = carte.find('#');
-        Carta(pdf, posto, carte.substr(0, fine));
-        carte.remove_prefix(fine == std::string_view::npos ? carte.size() : fine + 1);
-    }
+    int posto = 0;
+    for (const auto carta : mano) Carta(pdf, posto++, carta);
     pdf.EndColumn();
 }
 
-void RigaColpo(clsPDFCreator& pdf, std::int64_t colpo, std::string_view record)
+void RigaColpo(clsPDFCreator& pdf, std::int64_t numero, std::string_view record)
 {
-    const auto campi = modCarte::DividiColpo(record);
-    const auto esito = campi[modCarte::CampoEsito];
-    const auto colore = campi[modCarte::CampoColore];
+    const modCarte::RecordColpo colpo(record);
     pdf.BeginRow(AltezzaRiga, "", -1, "");
-    CellaNumero(pdf, TestoNumero(colpo));
-    CellaEsito(pdf, esito, "N");
-    CellaEsito(pdf, esito, "R");
-    CellaEsito(pdf, colore, "C");
-    CellaEsito(pdf, colore, "I");
-    CellaNumero(pdf, campi[modCarte::CampoTotaleNero]);
-    CellaMano(pdf, campi[modCarte::CampoCarteNero]);
-    CellaNumero(pdf, campi[modCarte::CampoTotaleRosso]);
-    CellaMano(pdf, campi[modCarte::CampoCarteRosso]);
+    CellaNumero(pdf, TestoNumero(numero));
+    CellaEsito(pdf, colpo.VinceNero(), colpo.Pari());
+    CellaEsito(pdf, colpo.VinceRosso(), colpo.Pari());
+    CellaEsito(pdf, colpo.VinceColore(), colpo.Pari());
+    CellaEsito(pdf, colpo.VinceInverso(), colpo.Pari());
+    CellaNumero(pdf, colpo.TotaleNero());
+    CellaMano(pdf, colpo.Nero());
+    CellaNumero(pdf, colpo.TotaleRosso());
+    CellaMano(pdf, colpo.Rosso());
     pdf.EndRow();
 }
 
@@ -316,8 +309,7 @@ bool InUso()
 
 std::string_view SemeSymbol(std::string_view carta)
 {
-    if (carta.empty()) return "";
-    switch (carta.back()) {
+    switch (modCarte::SemeScritto(carta)) {
     case 'C':
         return "©"; // codes 169, 168, 167 and 170, which Symbol draws as the suits
     case 'Q':

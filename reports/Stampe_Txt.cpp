@@ -36,16 +36,15 @@ std::string_view SegnoEsito(std::string_view esito)
 void RigaColpo(std::string& testo, std::string_view record)
 {
     constexpr std::size_t larghezzaNero = 31;
-    const auto campi = modCarte::DividiColpo(record);
-    const std::string nero = ConPunti(campi[modCarte::CampoCarteNero]);
+    const modCarte::RecordColpo colpo(record);
+    const std::string nero = ConPunti(colpo.Nero().Testo());
     // One shoe in some 200 has a longer hand: it is written without fill.
     const std::size_t vuoti = nero.size() < larghezzaNero ? larghezzaNero - nero.size() : 0;
-    const auto numero = static_cast<std::int64_t>(NumeroIniziale(campi[modCarte::CampoNumero]));
+    const auto numero = static_cast<std::int64_t>(NumeroIniziale(colpo.Numero()));
 
-    Riga(testo, "  ", DueCifre(numero), "  |  ", SegnoEsito(campi[modCarte::CampoEsito]), "   |  ",
-         SegnoEsito(campi[modCarte::CampoColore]), "   |  ", campi[modCarte::CampoTotaleNero],
-         " |  ", campi[modCarte::CampoTotaleRosso], " |", nero, std::string(vuoti, ' '), "|",
-         ConPunti(campi[modCarte::CampoCarteRosso]));
+    Riga(testo, "  ", DueCifre(numero), "  |  ", SegnoEsito(colpo.Esito()), "   |  ",
+         SegnoEsito(colpo.Colore()), "   |  ", colpo.TotaleNero(), " |  ", colpo.TotaleRosso(),
+         " |", nero, std::string(vuoti, ' '), "|", ConPunti(colpo.Rosso().Testo()));
 }
 
 void TabellaColpi(std::string& testo, std::int64_t ultimo)

@@ -34,9 +34,8 @@ int Peso(const Mazzo& mazzo)
     const auto colpi = DerivaCifre().ColpiPagina;
     int peso = 4 + 3;
     for (std::int64_t j = 1; j <= colpi; ++j) {
-        const auto campi = modCarte::DividiColpo(modCarte::Colpi[static_cast<std::size_t>(j)]);
-        peso += 3 + modCarte::ContaCarte(campi[modCarte::CampoCarteNero]) +
-                modCarte::ContaCarte(campi[modCarte::CampoCarteRosso]);
+        const auto& testo = modCarte::Colpi[static_cast<std::size_t>(j)];
+        peso += 3 + modCarte::RecordColpo(testo).NumeroCarte();
     }
     return peso;
 }
