@@ -11,15 +11,15 @@
 
 namespace {
 
-// The record at this index of the shoe, split; error 9 outside it.
-const std::string& Record(std::int16_t indice)
+// The record at this index of the shoe; error 9 outside it.
+modCarte::RecordColpo Record(std::int16_t indice)
 {
     const auto& colpi = modCarte::Colpi;
     const auto posto = static_cast<std::size_t>(indice);
     if (indice < 0 || posto >= colpi.size()) {
         throw ErroreRuntime(NumeroErrore::IndiceFuoriIntervallo);
     }
-    return colpi[posto];
+    return modCarte::RecordColpo(colpi[posto]);
 }
 
 bool EUltimo(std::int16_t indice)
@@ -51,7 +51,7 @@ void Form1::cmdColpo_Click()
         return;
     }
     m_tavolo->Pulisci();
-    schermate::Colpo(*m_tavolo, colpoCorrente, modCarte::DividiColpo(Record(colpoCorrente)));
+    schermate::Colpo(*m_tavolo, colpoCorrente, Record(colpoCorrente));
     m_tavolo->Aggiorna();
     ++colpoCorrente;
 }
@@ -61,8 +61,7 @@ void Form1::UltimoColpo()
     m_tavolo->Pulisci();
     cmdCancel->setFocus();
     cmdColpo->setEnabled(false);
-    schermate::FineTaglia(*m_tavolo, colpoCorrente, modCarte::DividiColpo(Record(colpoCorrente)),
-                          modCarte::Statistiche);
+    schermate::FineTaglia(*m_tavolo, colpoCorrente, Record(colpoCorrente), modCarte::Statistiche);
     m_tavolo->Aggiorna();
     ++colpoCorrente;
 }

@@ -16,9 +16,6 @@ constexpr std::int32_t YRosso = 210;
 constexpr int CarteComode = 7;
 constexpr std::int32_t PassoComodo = 60;
 
-// Above this sum of its totals the final record passes for a coup.
-constexpr int MassimoBreve = 61;
-
 void Titoletto(Superficie& tavolo, std::string_view testo, float x, float y)
 {
     constexpr std::int32_t altezza = 22;
@@ -38,39 +35,22 @@ void Nomi(Superficie& tavolo)
     PrintSemplice(tavolo, "ROSSO", 150, 4550, "Arial Black", altezza, VersoLAlto);
 }
 
-void Totali(Superficie& tavolo, const Campi& campi)
+void Totali(Superficie& tavolo, const modCarte::RecordColpo& record)
 {
     constexpr std::int32_t altezza = 28;
-    PrintSemplice(tavolo, campi[modCarte::CampoTotaleNero], 7600, 1650, "Arial", altezza);
-    PrintSemplice(tavolo, campi[modCarte::CampoTotaleRosso], 7600, 3700, "Arial", altezza);
+    PrintSemplice(tavolo, record.TotaleNero(), 7600, 1650, "Arial", altezza);
+    PrintSemplice(tavolo, record.TotaleRosso(), 7600, 3700, "Arial", altezza);
 }
 
-void Riga(Superficie& tavolo, std::string_view carte, std::int32_t y, std::int32_t passo)
+void Riga(Superficie& tavolo, const modCarte::Mano& mano, std::int32_t y, std::int32_t passo)
 {
     std::int32_t x = InizioRiga;
-    for (bool ancora = true; ancora; x += passo) {
-        const auto fine = carte.find('#');
-        const auto carta = carte.substr(0, fine);
+    for (const auto carta : mano) {
         const auto numero =
             modCarte::IndiceCarta(modCarte::ValoreDaTesto(carta), modCarte::SemeDaTesto(carta));
         tavolo.cdtDraw(x, y, numero, ModoFaccia, Angoli);
-        ancora = fine != std::string_view::npos;
-        if (ancora) carte.remove_prefix(fine + 1);
+        x += passo;
     }
-}
-
-void RigaColpo(Superficie& tavolo, std::string_view carte, std::int32_t y)
-{
-    Riga(tavolo, carte, y, PassoColpo(modCarte::ContaCarte(carte)));
-}
-
-// An empty field is a row that was never begun. Returns its number of cards.
-int RigaFinale(Superficie& tavolo, std::string_view carte, std::int32_t y)
-{
-    if (carte.empty()) return 0;
-    const int quante = modCarte::ContaCarte(carte);
-    Riga(tavolo, carte, y, PassoFinale(quante));
-    return quante;
 }
 
 std::string Numero(double valore)
@@ -93,11 +73,6 @@ std::string Riassunto(std::int16_t numero, int rimaste, const modCarte::Statisti
     return testo;
 }
 
-std::int16_t Intero(std::string_view totale)
-{
-    return Intero16(NumeroIniziale(totale));
-}
-
 } // namespace
 
 std::int32_t PassoColpo(int carte)
@@ -113,19 +88,14 @@ std::int32_t PassoFinale(int carte)
     return carte <= CarteComode ? PassoComodo : stretto;
 }
 
-std::string DidascaliaEsito(const Campi& campi, bool ultimo)
+std::string DidascaliaEsito(const modCarte::RecordColpo& record, bool ultimo)
 {
-    const std::string_view esito = campi[modCarte::CampoEsito];
-    if (esito == "E") {
-        const bool trentuno =
-            campi[modCarte::CampoTotaleNero] == "31" && campi[modCarte::CampoTotaleRosso] == "31";
-        return trentuno ? "31 APRES" : "Colpo PARI";
-    }
-    if (esito != "N" && esito != "R") return {};
+    if (record.Pari()) return record.Trentuno() ? "31 APRES" : "Colpo PARI";
+    if (!record.VinceNero() && !record.VinceRosso()) return {};
     std::string testo = ultimo ? "Vince " : "Vincono ";
-    testo.append(esito == "N" ? "NERO" : "ROSSO");
+    testo.append(record.VinceNero() ? "NERO" : "ROSSO");
     // Whatever is not Colore reads as Inverso.
-    return testo.append(campi[modCarte::CampoColore] == "C" ? " e COLORE" : " e INVERSO");
+    return testo.append(record.VinceColore() ? " e COLORE" : " e INVERSO");
 }
 
 void NuovaTaglia(Superficie& tavolo)
@@ -141,43 +111,39 @@ void NuovaTaglia(Superficie& tavolo)
     Nota(tavolo, "Premi 'Colpo successivo --->' per iniziare la partita", 1500, 5400);
 }
 
-void Colpo(Superficie& tavolo, std::int16_t numero, const Campi& campi)
+void Colpo(Superficie& tavolo, std::int16_t numero, const modCarte::RecordColpo& record)
 {
     Nomi(tavolo);
     Titoletto(tavolo, "Colpo della taglia: " + Numero(numero), 2000, 200);
-    RigaColpo(tavolo, campi[modCarte::CampoCarteNero], YNero);
-    RigaColpo(tavolo, campi[modCarte::CampoCarteRosso], YRosso);
-    Totali(tavolo, campi);
+    Riga(tavolo, record.Nero(), YNero, PassoColpo(record.Nero().NumeroCarte()));
+    Riga(tavolo, record.Rosso(), YRosso, PassoColpo(record.Rosso().NumeroCarte()));
+    Totali(tavolo, record);
 
-    const std::string esito = DidascaliaEsito(campi, false);
-    const bool pari = campi[modCarte::CampoEsito] == "E";
-    const float x = !pari ? 2200.0F : esito == "31 APRES" ? 3000.0F : 2700.0F;
+    const std::string esito = DidascaliaEsito(record, false);
+    const float x = record.Trentuno() ? 3000.0F : record.Pari() ? 2700.0F : 2200.0F;
     if (!esito.empty()) Titoletto(tavolo, esito, x, 4900);
     Nota(tavolo, "Premi 'Colpo successivo --->' per proseguire nella partita", 2000, 5400);
 }
 
-void FineTaglia(Superficie& tavolo, std::int16_t numero, const Campi& campi,
+void FineTaglia(Superficie& tavolo, std::int16_t numero, const modCarte::RecordColpo& record,
                 const modCarte::StatisticheTaglia& statistiche)
 {
-    const std::string_view totaleNero = campi[modCarte::CampoTotaleNero];
-    const std::string_view totaleRosso = campi[modCarte::CampoTotaleRosso];
     Nomi(tavolo);
-    const bool lungo = Intero(totaleNero) + Intero(totaleRosso) > MassimoBreve;
-    if (lungo) Titoletto(tavolo, "Colpo della taglia: " + Numero(numero) + " (ultimo)", 2000, 200);
-    else Titoletto(tavolo, "Fine taglia", 2600, 200);
+    if (record.Breve()) Titoletto(tavolo, "Fine taglia", 2600, 200);
+    else Titoletto(tavolo, "Colpo della taglia: " + Numero(numero) + " (ultimo)", 2000, 200);
 
-    int rimaste = RigaFinale(tavolo, campi[modCarte::CampoCarteNero], YNero);
-    rimaste += RigaFinale(tavolo, campi[modCarte::CampoCarteRosso], YRosso);
-    Totali(tavolo, campi);
+    Riga(tavolo, record.Nero(), YNero, PassoFinale(record.Nero().NumeroCarte()));
+    Riga(tavolo, record.Rosso(), YRosso, PassoFinale(record.Rosso().NumeroCarte()));
+    Totali(tavolo, record);
 
-    // The test above was made on whole numbers, this one is on the numbers as they are written;
-    // they agree on every record that the game makes.
-    if (NumeroIniziale(totaleRosso) + NumeroIniziale(totaleNero) > MassimoBreve) {
-        const std::string esito = DidascaliaEsito(campi, true);
-        if (!esito.empty()) Titoletto(tavolo, esito, 2400, 4900);
-    } else {
+    // The caption above was chosen by whole numbers, what follows by the numbers as written.
+    if (record.BreveComeScritto()) {
+        const int rimaste = record.NumeroCarte();
         Titoletto(tavolo, "Restano " + Numero(rimaste) + " carte", 2400, 4800);
         Nota(tavolo, Riassunto(numero, rimaste, statistiche), 400, 5160);
+    } else {
+        const std::string esito = DidascaliaEsito(record, true);
+        if (!esito.empty()) Titoletto(tavolo, esito, 2400, 4900);
     }
     Nota(tavolo, "Premi 'Annulla taglia' per iniziare una nuova partita", 1500, 5410);
 }

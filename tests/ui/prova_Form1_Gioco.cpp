@@ -255,15 +255,15 @@ TEST_F(Finestra, UnaTagliaInteraSiGiocaConLaBarraSpaziatrice)
         const std::size_t n = record.size() - 1;
         for (std::size_t i = 1; i < n; ++i) {
             QTest::keyClick(finestra->focusWidget(), Qt::Key_Space);
-            const auto campi = modCarte::DividiColpo(record[i]);
+            const modCarte::RecordColpo colpo(record[i]);
             const auto testi = registro->Testi();
             ASSERT_EQ(testi.size(), 7U);
-            EXPECT_EQ(testi[2], "Colpo della taglia: " + std::string(campi[0]));
-            EXPECT_EQ(testi[3], campi[3]);
-            EXPECT_EQ(testi[4], campi[4]);
-            EXPECT_EQ(testi[5], schermate::DidascaliaEsito(campi, false));
-            const auto carte = modCarte::ContaCarte(campi[5]) + modCarte::ContaCarte(campi[6]);
-            EXPECT_EQ(registro->UltimaSchermata().size(), 9U + static_cast<std::size_t>(carte));
+            EXPECT_EQ(testi[2], "Colpo della taglia: " + std::string(colpo.Numero()));
+            EXPECT_EQ(testi[3], colpo.TotaleNero());
+            EXPECT_EQ(testi[4], colpo.TotaleRosso());
+            EXPECT_EQ(testi[5], schermate::DidascaliaEsito(colpo, false));
+            const auto carte = static_cast<std::size_t>(colpo.NumeroCarte());
+            EXPECT_EQ(registro->UltimaSchermata().size(), 9U + carte);
             EXPECT_EQ(Gioco(), "011");
         }
         QTest::keyClick(finestra->focusWidget(), Qt::Key_Space);
