@@ -185,9 +185,4 @@ std::string GiocaColpo()
     return record;
 }
 
-int ContaCarte(std::string_view carte)
-{
-    return Mano(carte).NumeroCarte();
-}
-
 } // namespace modCarte

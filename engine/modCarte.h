@@ -13,12 +13,10 @@
 #include "Registro.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace modCarte {
@@ -99,19 +97,6 @@ void ImpostaSorgente(float (*sorgente)());
 
 // ---- Coups -----------------------------------------------------------------------------------
 
-// The seven fields of a coup record, in the order of the record.
-enum CampoColpo : std::uint8_t
-{
-    CampoNumero,
-    CampoEsito,
-    CampoColore,
-    CampoTotaleNero,
-    CampoTotaleRosso,
-    CampoCarteNero,
-    CampoCarteRosso,
-    NumeroCampi,
-};
-
 // Deals the next coup and returns its record: seven fields joined by "," (number, outcome "N",
 // "R" or "E", colour "C", "I" or "E", Nero total, Rosso total, Nero cards, Rosso cards; cards
 // joined by "#").
@@ -124,24 +109,6 @@ std::string GiocaColpo();
 
 // The same, into a text whose memory is used again.
 void GiocaColpo(std::string& record);
-
-// Splits a record at "," into its first Campi fields; missing fields are empty, further ones are
-// dropped. The views live as long as the record. Who needs no cards asks for fewer fields.
-template <std::size_t Campi = NumeroCampi>
-std::array<std::string_view, Campi> DividiColpo(std::string_view record)
-{
-    std::array<std::string_view, Campi> campi;
-    for (auto& campo : campi) {
-        const auto virgola = record.find(',');
-        campo = record.substr(0, virgola);
-        if (virgola == std::string_view::npos) break;
-        record.remove_prefix(virgola + 1);
-    }
-    return campi;
-}
-
-// Number of cards in a field of cards joined by "#"; 0 for an empty field.
-int ContaCarte(std::string_view carte);
 
 // ---- One whole shoe --------------------------------------------------------------------------
 

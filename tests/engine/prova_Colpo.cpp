@@ -146,9 +146,8 @@ TEST(GiocaColpo, UnaManoPuoAvereVentottoCarte)
     std::copy(altre.begin() + 5, altre.end(), posto);
     ImpostaMazzo(mazzo);
     const std::string record = GiocaColpo();
-    const auto campi = DividiColpo(record);
-    EXPECT_EQ(campi[CampoTotaleNero], "32");
-    EXPECT_EQ(ContaCarte(campi[CampoCarteNero]), 28);
+    EXPECT_EQ(RecordColpo(record).TotaleNero(), "32");
+    EXPECT_EQ(RecordColpo(record).Nero().NumeroCarte(), 28);
 }
 
 TEST(GiocaColpo, SenzaMazzoENegativoNonLeggeFuori)
@@ -166,29 +165,4 @@ TEST(GiocaColpo, SenzaMazzoENegativoNonLeggeFuori)
     EXPECT_THROW(GiocaColpo(), ErroreRuntime);
     Mazzo.fill(-1);
     EXPECT_THROW(GiocaColpo(), ErroreRuntime);
-}
-
-TEST(DividiColpo, SetteCampiAncheNelRecordFinale)
-{
-    const auto campi = DividiColpo("70,,,24,0,KP#9C#5F,");
-    EXPECT_EQ(campi[CampoNumero], "70");
-    EXPECT_EQ(campi[CampoEsito], "");
-    EXPECT_EQ(campi[CampoTotaleNero], "24");
-    EXPECT_EQ(campi[CampoCarteNero], "KP#9C#5F");
-    EXPECT_EQ(campi[CampoCarteRosso], "");
-}
-
-TEST(DividiColpo, CampiMancantiSonoVuotiEQuelliInPiuCadono)
-{
-    EXPECT_EQ(DividiColpo("1,N")[CampoEsito], "N");
-    EXPECT_EQ(DividiColpo("1,N")[CampoCarteRosso], "");
-    EXPECT_EQ(DividiColpo("1,2,3,4,5,6,7,8")[CampoCarteRosso], "7");
-    EXPECT_EQ(DividiColpo<2>("1,N,C")[1], "N");
-}
-
-TEST(ContaCarte, SeparateDaCancelletto)
-{
-    EXPECT_EQ(ContaCarte(""), 0);
-    EXPECT_EQ(ContaCarte("KP"), 1);
-    EXPECT_EQ(ContaCarte("KP#9C#5F"), 3);
 }

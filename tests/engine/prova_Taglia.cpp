@@ -29,12 +29,13 @@ TEST(SimulaTaglia, RecordNumeratiEFinaleSenzaEsito)
     ASSERT_GT(Colpi.size(), 20U);
     EXPECT_EQ(std::count(Colpi[0].begin(), Colpi[0].end(), ','), 5);
     for (std::size_t i = 1; i < Colpi.size(); ++i) {
-        const auto campi = DividiColpo(Colpi[i]);
-        EXPECT_EQ(campi[CampoNumero], std::to_string(i));
+        const RecordColpo record(Colpi[i]);
+        EXPECT_EQ(record.Numero(), std::to_string(i));
         EXPECT_EQ(std::count(Colpi[i].begin(), Colpi[i].end(), ','), 6);
         const bool finale = i + 1 == Colpi.size();
-        EXPECT_EQ(campi[CampoEsito].empty(), finale);
-        EXPECT_EQ(campi[CampoColore].empty(), finale);
+        EXPECT_EQ(record.Esito().empty(), finale);
+        EXPECT_EQ(record.Colore().empty(), finale);
+        EXPECT_EQ(record.Compiuto(), !finale);
     }
 }
 
@@ -44,9 +45,9 @@ TEST(SimulaTaglia, OgniCartaDopoLeAnnullateUnaVoltaSola)
     SimulaTaglia();
     std::string dalleMani;
     for (std::size_t i = 1; i < Colpi.size(); ++i) {
-        const auto campi = DividiColpo(Colpi[i]);
-        for (const auto carte : {campi[CampoCarteNero], campi[CampoCarteRosso]}) {
-            if (!carte.empty()) dalleMani.append(carte).append("#");
+        const RecordColpo record(Colpi[i]);
+        for (const auto& mano : {record.Nero(), record.Rosso()}) {
+            for (const auto carta : mano) dalleMani.append(carta).append("#");
         }
     }
     std::string dalMazzo;

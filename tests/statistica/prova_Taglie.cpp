@@ -31,15 +31,14 @@ constexpr std::size_t PrimaDelGioco = 5; // index of the first card that is not 
 using Conteggi = std::array<std::int64_t, NumeroEsiti>;
 
 // The outcomes of one coup as counts of 0 and 1.
-template <std::size_t Campi>
-Conteggi EsitiDelColpo(const std::array<std::string_view, Campi>& campi)
+Conteggi EsitiContati(const RecordColpo& record)
 {
-    const bool nero = campi[CampoEsito] == "N";
-    const bool rosso = campi[CampoEsito] == "R";
-    const bool pari = campi[CampoEsito] == "E";
-    const bool colore = campi[CampoColore] == "C";
-    const bool inverso = campi[CampoColore] == "I";
-    const bool trentuno = pari && campi[CampoTotaleNero] == "31";
+    const bool nero = record.Esito() == "N";
+    const bool rosso = record.Esito() == "R";
+    const bool pari = record.Esito() == "E";
+    const bool colore = record.Colore() == "C";
+    const bool inverso = record.Colore() == "I";
+    const bool trentuno = pari && record.TotaleNero() == "31";
     return {nero,     rosso,          colore,          inverso,         pari,
             trentuno, nero && colore, nero && inverso, rosso && colore, rosso && inverso};
 }
@@ -72,9 +71,9 @@ bool CarteTutteEUnaVolta()
     }
     const auto& colpi = Colpi;
     for (std::size_t i = 1; i < colpi.size(); ++i) {
-        const auto campi = DividiColpo(colpi[i]);
-        for (const auto carte : {campi[CampoCarteNero], campi[CampoCarteRosso]}) {
-            if (!carte.empty()) daiColpi.append(carte).append(1, '#');
+        const RecordColpo record(colpi[i]);
+        for (const auto& mano : {record.Nero(), record.Rosso()}) {
+            if (!mano.Testo().empty()) daiColpi.append(mano.Testo()).append(1, '#');
         }
     }
     return daiColpi == dalMazzo;
@@ -91,7 +90,7 @@ bool NumeriInFila()
 {
     const auto& colpi = Colpi;
     for (std::size_t i = 0; i < colpi.size(); ++i) {
-        if (DividiColpo<1>(colpi[i])[CampoNumero] != std::to_string(i)) return false;
+        if (RecordColpo(colpi[i]).Numero() != std::to_string(i)) return false;
     }
     return true;
 }
@@ -102,7 +101,7 @@ bool ContiDaiRecord()
     Conteggi conti{};
     const auto& colpi = Colpi;
     for (std::size_t i = 1; i < colpi.size(); ++i) {
-        const Conteggi colpo = EsitiDelColpo(DividiColpo<CampoCarteNero>(colpi[i]));
+        const Conteggi colpo = EsitiContati(RecordColpo(colpi[i]));
         const bool completo = colpo[0] + colpo[1] + colpo[4] == 1; // Nero, Rosso or Pari
         if (completo != (i + 1 < colpi.size())) return false;
         for (std::size_t j = 0; j < conti.size(); ++j) conti[j] += colpo[j];
@@ -174,7 +173,7 @@ struct PrimiColpi
     std::array<std::int64_t, quote::kTotali> TotaliRosso{};
     std::array<std::int64_t, quote::kMaxCarteColpo + 1> Carte{};
 
-    void Conta(std::string_view record);
+    void Conta(std::string_view testo);
     void Controlla(const quote::QuotePrimoColpo& quote) const;
 };
 
@@ -183,16 +182,15 @@ std::size_t IndiceTotale(std::string_view totale)
     return static_cast<std::size_t>(std::stoul(std::string(totale))) - quote::kPrimoTotale;
 }
 
-void PrimiColpi::Conta(std::string_view record)
+void PrimiColpi::Conta(std::string_view testo)
 {
-    const auto campi = DividiColpo(record);
-    const Conteggi esiti = EsitiDelColpo(campi);
+    const RecordColpo record(testo);
+    const Conteggi esiti = EsitiContati(record);
     for (std::size_t i = 0; i < esiti.size(); ++i) Esiti[i] += esiti[i];
     ++Colpi;
-    ++TotaliNero.at(IndiceTotale(campi[CampoTotaleNero]));
-    ++TotaliRosso.at(IndiceTotale(campi[CampoTotaleRosso]));
-    const int carte = ContaCarte(campi[CampoCarteNero]) + ContaCarte(campi[CampoCarteRosso]);
-    ++Carte.at(static_cast<std::size_t>(carte));
+    ++TotaliNero.at(IndiceTotale(record.TotaleNero()));
+    ++TotaliRosso.at(IndiceTotale(record.TotaleRosso()));
+    ++Carte.at(static_cast<std::size_t>(record.NumeroCarte()));
 }
 
 void PrimiColpi::Controlla(const quote::QuotePrimoColpo& q) const
