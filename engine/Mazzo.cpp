@@ -1,3 +1,6 @@
+// The shoe and its shuffle: positions drawn one by one from an ordered list. The random numbers
+// come from Casuale.h, the coups are dealt in Colpo.cpp.
+
 #include "modCarte.h"
 
 #include "Casuale.h"
@@ -7,6 +10,8 @@
 #include <algorithm>
 #include <bitset>
 #include <cstddef>
+#include <cstring>
+#include <numeric>
 
 namespace modCarte {
 
@@ -27,41 +32,44 @@ void IniziaTaglia()
 // The position drawn from a list that has rimasti elements left, 1 to rimasti.
 std::int16_t EstraiPosto(casuale::Stato& stato, int rimasti)
 {
-    // The bounds are swapped on purpose: a small r picks a late position.
+    // The bounds are swapped on purpose: a small r picks a late position, and every seed deals the
+    // shoe that it is known for.
     const std::int16_t oltre = Intero16(std::int64_t{rimasti} + 1);
     const std::int16_t posto = casuale::Casuale(stato, 0, oltre);
     if (posto < 1 || posto > rimasti) throw ErroreRuntime(NumeroErrore::IndiceFuoriIntervallo);
     return posto;
 }
 
-// Every element taken out of the list closes its gap, so that the position drawn at turn j counts
-// only the elements that were left. Going back from the last turn, each position at or past one
-// taken earlier moves up by one: then all of them are positions in the full list. This is the
-// removal from an ordered list without the list, and several times as fast.
-void RiportaAllaListaIntera(std::vector<std::int16_t>& posti)
+std::vector<std::int16_t> TuttiDa(std::int16_t minimo, int quanti)
 {
-    for (std::size_t j = posti.size(); j-- > 0;) {
-        const std::int16_t tolto = posti[j];
-        std::int16_t* const poi = posti.data();
-        for (std::size_t i = j + 1; i < posti.size(); ++i) {
-            poi[i] = static_cast<std::int16_t>(poi[i] + (poi[i] >= tolto ? 1 : 0));
-        }
-    }
+    std::vector<std::int16_t> numeri(static_cast<std::size_t>(quanti));
+    std::iota(numeri.begin(), numeri.end(), minimo);
+    return numeri;
+}
+
+// Takes the element at a position, 1 to rimasti, out of the list; those behind it close the gap.
+// The list is short and its elements are small: moving them on by one step costs a few instructions
+// of the processor, less than any bookkeeping that would spare it.
+std::int16_t Togli(std::vector<std::int16_t>& lista, std::int16_t posto, int rimasti)
+{
+    std::int16_t* const tolto = lista.data() + (posto - 1);
+    const std::int16_t numero = *tolto;
+    std::memmove(tolto, tolto + 1, static_cast<std::size_t>(rimasti - posto) * sizeof numero);
+    return numero;
 }
 
 std::vector<std::int16_t> Estrai(std::int16_t massimo, std::int16_t minimo, std::size_t quanti,
                                  bool unici)
 {
     auto& stato = casuale::StatoPronto();
-    std::vector<std::int16_t> estratti(quanti);
     int rimasti = std::max(massimo - minimo + 1, 0);
+    std::vector<std::int16_t> lista = TuttiDa(minimo, rimasti);
+    std::vector<std::int16_t> estratti(quanti);
     for (auto& estratto : estratti) {
-        estratto = EstraiPosto(stato, rimasti);
-        if (unici) --rimasti;
+        const std::int16_t posto = EstraiPosto(stato, rimasti);
+        estratto =
+            unici ? Togli(lista, posto, rimasti--) : lista[static_cast<std::size_t>(posto) - 1];
     }
-    if (unici) RiportaAllaListaIntera(estratti);
-    // Element 1 of the full list is minimo.
-    for (auto& estratto : estratti) estratto = static_cast<std::int16_t>(estratto + minimo - 1);
     return estratti;
 }
 
