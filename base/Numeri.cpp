@@ -1,3 +1,5 @@
+// Reading, rounding and writing numbers without a locale; the promises stand in Numeri.h.
+
 #include "Numeri.h"
 
 #include "ErroreRuntime.h"
@@ -10,7 +12,8 @@
 #include <limits>
 #include <utility>
 
-// Sums and quotients that are wider in registers than in memory would make other reports.
+// Where sums and quotients have more digits in registers than in memory, they round differently,
+// and reports would show other numbers than elsewhere.
 static_assert(FLT_EVAL_METHOD == 0);
 
 namespace {
@@ -20,7 +23,8 @@ bool Cifra(char c)
     return c >= '0' && c <= '9';
 }
 
-// The power of ten of the first digit that is not 0; which way a number is out of range.
+// The power of ten of the first digit that is not 0. from_chars tells that a number is out of
+// range, not whether it is too large or too small: the sign of this does.
 std::int64_t OrdineDiGrandezza(std::string_view numero)
 {
     const auto e = std::min(numero.find_first_of("eE"), numero.size());
@@ -47,12 +51,6 @@ std::int16_t Intero16(double valore)
                        intero <= std::numeric_limits<std::int16_t>::max();
     if (!entra) throw ErroreRuntime(NumeroErrore::Overflow);
     return static_cast<std::int16_t>(intero);
-}
-
-std::int16_t Intero16(std::int64_t valore)
-{
-    if (!std::in_range<std::int16_t>(valore)) throw ErroreRuntime(NumeroErrore::Overflow);
-    return static_cast<std::int16_t>(valore);
 }
 
 double NumeroIniziale(std::string_view testo)
