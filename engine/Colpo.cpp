@@ -1,3 +1,6 @@
+// Dealing one coup, deciding it and writing its record: the rules stand above GiocaColpo in
+// modCarte.h. Records are read by RecordColpo.h.
+
 #include "modCarte.h"
 
 #include "ErroreRuntime.h"
@@ -53,15 +56,18 @@ const Carta& CartaDi(std::int16_t codice)
     return Carte[indice];
 }
 
-// A row as dealt: the cards from index primo up to, not including, index fine, and their texts.
+// A row while it is dealt: the cards from index primo up to, not including, index fine, and their
+// texts.
 struct ManoInGioco
 {
     int primo;
     int fine;
     int totale;
     bool completa;
-    std::size_t lunghezza;                                // of testo, its trailing "#" left out
-    std::array<char, std::size_t{4} * CarteTaglia> testo; // left unset: any row fits
+    std::size_t lunghezza; // of testo, its trailing "#" left out
+    // Room for the longest row. Not initialised on purpose: clearing 1,248 bytes a hand costs more
+    // than dealing it.
+    std::array<char, std::size_t{4} * CarteTaglia> testo;
 
     explicit ManoInGioco(int indice)
         : primo(indice)

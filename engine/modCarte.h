@@ -1,9 +1,9 @@
-// The game: cards, the shuffled shoe, the rules of a coup, the simulation of one whole shoe and
-// its statistics.
+// The game: the shuffled shoe, the rules of a coup, the simulation of one whole shoe and its
+// statistics. Next: Carte.h (cards), RecordColpo.h (what a coup's record says), Esiti.h (the
+// outcomes that are counted).
 //
 // Plain procedures over module state. Every thread has a shoe of its own: all state below is
-// thread_local, written only by this module (and by ImpostaMazzo's callers through it) and read
-// by everybody else.
+// thread_local. Only the procedures of this module write it; everybody else reads it.
 #pragma once
 
 #include "Carte.h"
@@ -97,6 +97,21 @@ void ImpostaSorgente(float (*sorgente)());
 
 // ---- Coups -----------------------------------------------------------------------------------
 
+// The rules. A coup is two rows of cards, Nero and then Rosso, dealt one card after the other. A
+// row ends with the card that takes its points past 30, so that it has 31 to 40; an ace is one
+// point, face cards are ten. The row with fewer points wins; equal points are a tie ("pari"), which
+// at 31 is called "31 apres". The coup's first card decides the colour: Colore wins when it has the
+// colour of the winning row (black for Nero, red for Rosso), else Inverso does; a tie has no
+// colour.
+//
+// One coup by hand, on a shoe whose cards from Posizione 5 on are KP 9C 5F 8Q 10F QC 7P 6Q:
+//
+//   Nero    KP 10, 9C 19, 5F 24, 8Q 32: past 30, the row ends
+//   Rosso   10F 10, QC 20, 7P 27, 6Q 33: past 30, the row ends
+//
+// 32 is less than 33: Nero wins. The first card KP is black as Nero is: Colore. The record is
+// "1,N,C,32,33,KP#9C#5F#8Q,10F#QC#7P#6Q", and the next coup begins at Posizione 13.
+//
 // Deals the next coup and returns its record: seven fields joined by "," (number, outcome "N",
 // "R" or "E", colour "C", "I" or "E", Nero total, Rosso total, Nero cards, Rosso cards; cards
 // joined by "#").
