@@ -1,3 +1,5 @@
+// The texts of the error numbers and the one line that an error is shown as. See ErroreRuntime.h.
+
 #include "ErroreRuntime.h"
 
 #include <utility>

@@ -1,4 +1,4 @@
-// The 16-bit yes/no values of the program.
+// The yes/no values that the interfaces of game, reports and window hand on; inside, plain bool.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,6 @@
+// The two ways between UTF-8 and Windows-1252, character by character; the promises stand in
+// Windows1252.h.
+
 #include "Windows1252.h"
 
 #include <algorithm>
@@ -32,7 +35,8 @@ std::optional<Sequenza> SequenzaDa(unsigned char primo)
     return std::nullopt;
 }
 
-// Takes one character off the front of testo; a malformed sequence takes one byte.
+// Takes one character off the front of testo. A malformed sequence takes one byte only: the bytes
+// after it may begin a good character.
 char32_t PrendiCarattere(std::string_view& testo)
 {
     const auto sequenza = SequenzaDa(static_cast<unsigned char>(testo.front()));

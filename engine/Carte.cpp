@@ -1,3 +1,5 @@
+// Card texts, written and read; the promises stand in Carte.h.
+
 #include "Carte.h"
 
 #include "ErroreRuntime.h"

@@ -1,3 +1,6 @@
+// One whole shoe: shuffled, dealt into Colpi and counted. A single coup is dealt in Colpo.cpp, the
+// counting stands in Statistiche.cpp.
+
 #include "modCarte.h"
 
 #include "ErroreRuntime.h"
@@ -38,8 +41,9 @@ std::string CarteAnnullate()
     return record;
 }
 
-// The shoe is dealt twice on purpose, as the program always did: the first pass only finds n, so
-// that Colpi has its size before any record is stored.
+// The shoe is dealt twice on purpose: the first pass only finds n, so that Colpi has its size
+// before any record is stored, and a shoe that fails to be dealt leaves the records of the last one
+// alone.
 void GiocaTaglia()
 {
     auto& colpi = Colpi.Lista();
