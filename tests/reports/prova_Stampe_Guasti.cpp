@@ -1,6 +1,6 @@
 // Reports whose writes and closes fail, each in its turn.
 
-#include "prova_Guasti.h"
+#include "prova_Stampe_Guasti.h"
 
 #include <cerrno>
 

@@ -1,6 +1,6 @@
 // Report folders in which a folder or a read-only file has the name of a report.
 
-#include "prova_GuastiCartella.h"
+#include "prova_Stampe_Cartella.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 // What the tests of spoiled report folders share.
 #pragma once
 
-#include "prova_Guasti.h"
+#include "prova_Stampe_Guasti.h"
 
 namespace guasti {
 

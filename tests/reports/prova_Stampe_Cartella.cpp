@@ -1,7 +1,7 @@
 // Report folders in which somebody has put something else; the removal of reports; and numbers of
 // shoes that are refused before any file is touched.
 
-#include "prova_GuastiCartella.h"
+#include "prova_Stampe_Cartella.h"
 
 #include <cmath>
 #include <limits>

@@ -1,6 +1,6 @@
 // Runs that are asked to stop.
 
-#include "prova_Guasti.h"
+#include "prova_Stampe_Guasti.h"
 
 using namespace guasti;
 using aiuti::Byte;

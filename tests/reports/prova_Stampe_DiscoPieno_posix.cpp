@@ -1,6 +1,6 @@
 // Reports on a device that is really full.
 
-#include "prova_Guasti.h"
+#include "prova_Stampe_Guasti.h"
 
 #include "Utente.h"
 

@@ -1,6 +1,6 @@
 // Runs that are killed in the middle.
 
-#include "prova_Guasti.h"
+#include "prova_Stampe_Guasti.h"
 
 #include "Utente.h"
 

@@ -1,7 +1,7 @@
 // Report folders in which somebody has planted links, FIFOs or files of another user, or into which
 // one may not write.
 
-#include "prova_GuastiCartella.h"
+#include "prova_Stampe_Cartella.h"
 
 #include "Utente.h"
 
