@@ -25,6 +25,12 @@ private:
     std::string m_messaggio;
 };
 
+// Ends the command because of what was typed.
+[[noreturn]] inline void RifiutaUso(const std::string& cosa, const std::string& perche)
+{
+    throw ErroreComando(UscitaUso, cosa, perche);
+}
+
 // Ends the command as stopped by the user, with what was done until then.
 [[noreturn]] inline void Interrompi(const std::string& fatto)
 {

@@ -2,6 +2,7 @@
 // FileDati.cpp, and the reports' own sources.
 #include "FileRichiesti.h"
 
+#include "Argomenti.h"
 #include "ErroreComando.h"
 #include "ErroreSistema.h"
 #include "FileDati.h"
@@ -40,16 +41,15 @@ void RifiutaFileDoppi(const Opzioni& opzioni, const std::string& percorsoReport)
         std::string nome;
         const std::string& file;
     };
-    const Ruolo ruoli[] = {{"--salva-mazzi", opzioni.SalvaMazzi},
-                           {"--colpi", opzioni.Colpi},
-                           {"--mazzi", opzioni.Mazzi == "-" ? std::string() : opzioni.Mazzi},
+    const Ruolo ruoli[] = {{opzione::SalvaMazzi, opzioni.SalvaMazzi},
+                           {opzione::Colpi, opzioni.Colpi},
+                           {opzione::Mazzi, opzioni.Mazzi == "-" ? std::string() : opzioni.Mazzi},
                            {"il report", percorsoReport}};
     for (const auto& uno : ruoli) {
         for (const auto& altro : ruoli) {
             if (&uno >= &altro || uno.file.empty() || altro.file.empty()) continue;
             if (StessoNome(uno.file, altro.file)) {
-                throw ErroreComando(UscitaUso, uno.file,
-                                    "è lo stesso file per " + uno.nome + " e per " + altro.nome);
+                RifiutaUso(uno.file, "è lo stesso file per " + uno.nome + " e per " + altro.nome);
             }
         }
     }

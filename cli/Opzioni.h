@@ -51,6 +51,6 @@ struct Opzioni
 
 // Reads the arguments (without the program's name). ErroreComando with UscitaUso for anything
 // unknown, malformed or contradictory, with UscitaRifiuto for more than 2^53 shoes.
-Opzioni LeggiOpzioni(const std::vector<std::string>& argomenti);
+Opzioni LeggiOpzioni(const std::vector<std::string>& testi);
 
 } // namespace cli

@@ -193,8 +193,12 @@ class ValoriDelleOpzioni(Prova):
 
 class Aiuto(Prova):
     def test_l_aiuto_elenca_esattamente_le_opzioni_che_si_possono_dare(self):
-        sorgente = (SORGENTI / "cli/Opzioni.cpp").read_text("utf-8")
-        dichiarate = re.findall(r'\badd_(?:option|flag)\("(-[^"]+)"', sorgente)
+        nomi = dict(re.findall(r'(\w+) = "(--[\w-]+)"',
+                               (SORGENTI / "cli/Argomenti.h").read_text("utf-8")))
+        righe = re.findall(r'\{"(-\w|)", (?:opzione::(\w+)|"(--[\w-]+)"), &',
+                           (SORGENTI / "cli/Argomenti.cpp").read_text("utf-8"))
+        dichiarate = [f"{breve},{lungo}" if breve else lungo for breve, lungo in
+                      ((breve, lungo or nomi[nome]) for breve, nome, lungo in righe)]
         self.assertGreater(len(dichiarate), 10)
         aiuto = self.fa("--help").uscita.decode("utf-8")
         elencate = re.findall(r"^ +((?:-\w, )?--[\w-]+)", aiuto, re.MULTILINE)
