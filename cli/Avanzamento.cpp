@@ -1,3 +1,4 @@
+// What the progress line says and when it is written; the clock: platform/Orologio.h.
 #include "Avanzamento.h"
 
 #include "FormatiNumero.h"

@@ -1,4 +1,4 @@
-// The progress line on standard error.
+// The progress line on standard error. Who feeds it: Corsa.cpp, once a shoe.
 #pragma once
 
 #include <cstddef>

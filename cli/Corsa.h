@@ -1,4 +1,5 @@
-// One run of the command: shoes, report, files and data as the options ask for.
+// One run of the command: shoes, report, files and data as the options ask for. Next: Opzioni.h and
+// reports/Stampe.h.
 #pragma once
 
 #include "Opzioni.h"

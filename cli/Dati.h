@@ -1,4 +1,5 @@
-// The totals of a run for other programs: JSON and CSV. The fields are described in docs/dati.md.
+// The totals of a run for other programs: JSON and CSV. The fields are described in
+// docs/dati.md; the figures come from reports/Studio.h.
 #pragma once
 
 #include "CorsaTaglie.h"

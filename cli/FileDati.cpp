@@ -1,3 +1,5 @@
+// Keeps whole shoes back until enough of them are worth a write; how the file itself is made:
+// platform/FileNuovo.h.
 #include "FileDati.h"
 
 #include "ErroreRuntime.h"

@@ -1,4 +1,4 @@
-// The raw data files of --salva-mazzi and --colpi.
+// The raw data files of --salva-mazzi and --colpi; which are wanted: Corsa.cpp.
 #pragma once
 
 #include "FileNuovo.h"

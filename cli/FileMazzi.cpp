@@ -1,3 +1,5 @@
+// Reads shoes from lines, refuses with the reason, and reads a shoe again when it is dealt. Where
+// each stands in the file: IndiceMazzi.cpp; lines and their places: platform/LetturaFile.h.
 #include "FileMazzi.h"
 
 #include "ErroreRuntime.h"

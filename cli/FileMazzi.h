@@ -1,4 +1,4 @@
-// Shoe files: recorded shoes, one per line.
+// Shoe files: recorded shoes, one per line. Who plays them: SorgenteTaglie.h.
 //
 // A line holds 312 cards separated by commas, semicolons or blanks: either all as codes 1 to 312,
 // each once, or all as texts ("AC", "10F"), each of the 52 six times. "#" starts a comment; empty

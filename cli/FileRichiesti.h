@@ -1,4 +1,5 @@
-// The files that a run is to write, looked at before the first of them is replaced.
+// The files that a run is to write, looked at before the first of them is replaced. Who
+// writes them: FileDati.h and the reports.
 #pragma once
 
 #include "Opzioni.h"

@@ -1,4 +1,5 @@
-// Where the shoes of a file stand and what each is known by, in few bytes a shoe.
+// Where the shoes of a file stand and what each is known by, in few bytes a shoe. Who reads
+// them: FileMazzi.h.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// The arguments of the command "taglie", checked.
+// What the command was asked for, checked. Next: Argomenti.h (how it was typed), Corsa.h (the run).
 #pragma once
 
 #include "Separatori.h"

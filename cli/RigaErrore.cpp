@@ -1,3 +1,4 @@
+// Makes any text harmless and short enough for one line; who decides what is told: Comando.cpp.
 #include "RigaErrore.h"
 
 #include <algorithm>
@@ -66,7 +67,8 @@ bool GiraORompe(std::string_view carattere)
     return carattere.starts_with("\xE2\x81") && ultimo >= 0xA6 && ultimo <= 0xA9;
 }
 
-bool Comando(std::string_view carattere)
+// Control characters and the above: what a terminal would obey instead of showing it.
+bool DiControllo(std::string_view carattere)
 {
     constexpr unsigned char cancella = 0x7F;
     const auto primo = static_cast<unsigned char>(carattere.front());
@@ -81,7 +83,7 @@ void AggiungiInnocuo(Riga& riga, std::string_view testo) noexcept
     while (!testo.empty()) {
         const auto carattere = testo.substr(0, LunghezzaCarattere(testo));
         testo.remove_prefix(carattere.size());
-        if (Comando(carattere)) riga.Aggiungi('?');
+        if (DiControllo(carattere)) riga.Aggiungi('?');
         else
             for (const char c : carattere) riga.Aggiungi(c);
     }

@@ -1,4 +1,5 @@
-// The one line that the command writes to standard error when something went wrong.
+// The one line that the command writes to standard error when something went wrong; who calls it
+// last: Comando.cpp.
 #pragma once
 
 #include <initializer_list>

@@ -1,4 +1,5 @@
-// The shoes of a run: those of a file, repeatable ones of a seed, or freshly shuffled ones.
+// The shoes of a run: those of a file, repeatable ones of a seed, or freshly shuffled ones. How a
+// shoe file is read: FileMazzi.h.
 #pragma once
 
 #include "FileMazzi.h"

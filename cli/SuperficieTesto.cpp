@@ -1,3 +1,4 @@
+// Turns places in twips into lines and columns; what is drawn: reports/Stampe_Video.cpp.
 #include "SuperficieTesto.h"
 
 #include <algorithm>

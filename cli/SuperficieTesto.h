@@ -1,4 +1,5 @@
-// A picture made of lines of text: the statistics of the card table, on a terminal.
+// A picture made of lines of text: the statistics of the card table, on a terminal. What it
+// stands in for: reports/Superficie.h.
 #pragma once
 
 #include "Superficie.h"

@@ -1,3 +1,4 @@
+// The program taglie: nothing but the way into Comando.cpp, made safe before anything can fail.
 #include "Comando.h"
 
 namespace {
