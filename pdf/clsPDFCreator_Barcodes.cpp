@@ -150,7 +150,7 @@ void clsPDFCreator::DrawEAN13(std::string_view Code, float X, float Y, bool Show
     m->prRequire(X, Y, BarHeight, ModuleWidth);
     const std::string digits = WithCheckDigit(std::string(Code));
     const std::size_t font = ShowText ? m->prBarcodeFont() : 0;
-    const double module = m->prUnits(ModuleOf(ModuleWidth));
+    const double module = m->prInUnits(ModuleOf(ModuleWidth));
     const double height = BarHeight > 0 ? BarHeight : usualHeight * module;
     const double guards = height + guardReach * module;
     const auto halves = EanHalves(digits);
@@ -178,7 +178,7 @@ void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float He
     const std::string text(Code); // ASCII is the same in every encoding, and all else is refused
     const std::string data = Code39Data(text);
     const std::size_t font = ShowText ? m->prBarcodeFont() : 0;
-    const double narrow = m->prUnits(ModuleOf(ModuleWidth));
+    const double narrow = m->prInUnits(ModuleOf(ModuleWidth));
     const double wide = narrow * (Ratio > 0 ? static_cast<double>(Ratio) : usualRatio);
     const double height = Height > 0 ? Height : usualHeight * narrow;
 

@@ -144,7 +144,7 @@ float clsPDFCreator::TextLength(std::string_view Text) const
 
 float clsPDFCreator::TextHeight() const
 {
-    return m->prInUnits(m->FontSize);
+    return pdf::prFloat(m->prInUnits(m->FontSize));
 }
 
 clsPDFCreator::State::FontRequest& clsPDFCreator::State::prRequestOf(std::string_view family,

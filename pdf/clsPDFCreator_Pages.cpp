@@ -52,12 +52,12 @@ void clsPDFCreator::EndPage()
 
 float clsPDFCreator::GetX() const
 {
-    return m->prInUnits(m->Current.X);
+    return pdf::prFloat(m->prInUnits(m->Current.X));
 }
 
 float clsPDFCreator::GetY() const
 {
-    return m->prInUnits(m->Current.Y);
+    return pdf::prFloat(m->prInUnits(m->Current.Y));
 }
 
 // With the defaults each page starts a range of its own and so is labelled 1, on purpose.

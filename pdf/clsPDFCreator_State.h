@@ -246,11 +246,7 @@ struct clsPDFCreator::State
     void prKeepObjects(std::int32_t more);
 
     // Points to user units; 0 while the unit has no length.
-    float prInUnits(float points) const
-    {
-        return Scale == 0 ? 0 : pdf::prFloat(points / static_cast<double>(Scale));
-    }
-    double prUnits(double points) const { return Scale == 0 ? 0 : points / Scale; }
+    double prInUnits(double points) const { return Scale == 0 ? 0 : points / Scale; }
     double prInPoints(double units) const { return units * Scale; }
     void prSetCurrent(double x, double y) { Current = {pdf::prFloat(x), pdf::prFloat(y)}; }
 

@@ -8,8 +8,10 @@ void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, flo
                                std::string_view LineColor)
 {
     m->prRequire(X, Y, LineWidth);
-    const State::Style present = {
-        m->FillChosen ? m->FillColor : "", m->prInUnits(m->LineWidth), m->LineColor, {}};
+    const State::Style present = {m->FillChosen ? m->FillColor : "",
+                                  pdf::prFloat(m->prInUnits(m->LineWidth)),
+                                  m->LineColor,
+                                  {}};
     auto style =
         State::prStyleOf(FillColor, LineWidth, LineColor, std::make_shared<State::Style>(present));
     auto& table = m->Table;
