@@ -187,7 +187,7 @@ void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float He
         for (const char element : Code39Patterns[Code39Characters.find(c)]) {
             const double width = element == 'B' || element == 'W' ? wide : narrow;
             const bool bar = element == 'B' || element == 'b';
-            if (bar) m->prRectangle(x, Y, width, height, 4);
+            if (bar) m->prRectangle(x, Y, width, height, State::FillPath);
             x += width;
         }
         x += narrow; // between two characters
@@ -208,7 +208,7 @@ void clsPDFCreator::State::prDrawModules(double x, double y, std::string_view mo
          from = modules.find('1', from)) {
         const std::size_t to = std::min(modules.find('0', from), modules.size());
         prRectangle(x + module * static_cast<double>(from), y,
-                    module * static_cast<double>(to - from), height, 4);
+                    module * static_cast<double>(to - from), height, FillPath);
         from = to;
     }
 }

@@ -73,21 +73,20 @@ void clsPDFCreator::DrawArc(float X, float Y, float Ray, float StartAngle, float
 
 void clsPDFCreator::State::prPaintOp(std::int32_t options)
 {
-    constexpr std::int32_t known = 7;
-    switch (options & known) {
-    case 7:
+    switch (options & (StrokePath | ClosePath | FillPath)) {
+    case StrokePath | ClosePath | FillPath:
         return Out.prWriteRaw("b");
-    case 6:
-    case 4:
+    case ClosePath | FillPath:
+    case FillPath:
         return Out.prWriteRaw("f"); // filling closes the path itself
-    case 5:
+    case StrokePath | FillPath:
         return Out.prWriteRaw("B");
-    case 3:
+    case StrokePath | ClosePath:
         Out.prWriteRaw("h");
         return Out.prWriteRaw("S");
-    case 2:
+    case ClosePath:
         return Out.prWriteRaw("h");
-    case 1:
+    case StrokePath:
         return Out.prWriteRaw("S");
     default:
         return;
@@ -143,14 +142,14 @@ void clsPDFCreator::State::prRoundRectangle(double x, double y, double width, do
     const double bottom = y + height;
     Out.prWriteRaw("n");
     prMove(x + r, y);
-    prLineTo(right - r, y, 0);
-    prCurve(right - r + c, y, right, y + r - c, right, y + r, 0);
-    prLineTo(right, bottom - r, 0);
-    prCurve(right, bottom - r + c, right - r + c, bottom, right - r, bottom, 0);
-    prLineTo(x + r, bottom, 0);
-    prCurve(x + r - c, bottom, x, bottom - r + c, x, bottom - r, 0);
-    prLineTo(x, y + r, 0);
-    prCurve(x, y + r - c, x + r - c, y, x + r, y, 0);
+    prLineTo(right - r, y, OpenPath);
+    prCurve(right - r + c, y, right, y + r - c, right, y + r, OpenPath);
+    prLineTo(right, bottom - r, OpenPath);
+    prCurve(right, bottom - r + c, right - r + c, bottom, right - r, bottom, OpenPath);
+    prLineTo(x + r, bottom, OpenPath);
+    prCurve(x + r - c, bottom, x, bottom - r + c, x, bottom - r, OpenPath);
+    prLineTo(x, y + r, OpenPath);
+    prCurve(x, y + r - c, x + r - c, y, x + r, y, OpenPath);
     prPaintOp(options);
 }
 
@@ -162,10 +161,10 @@ void clsPDFCreator::State::prEllipse(double x, double y, double rayX, double ray
     const double kx = k * rayX;
     const double ky = k * rayY;
     prMove(x + rayX, y);
-    prCurve(x + rayX, y + ky, x + kx, y + rayY, x, y + rayY, 0);
-    prCurve(x - kx, y + rayY, x - rayX, y + ky, x - rayX, y, 0);
-    prCurve(x - rayX, y - ky, x - kx, y - rayY, x, y - rayY, 0);
-    prCurve(x + kx, y - rayY, x + rayX, y - ky, x + rayX, y, 0);
+    prCurve(x + rayX, y + ky, x + kx, y + rayY, x, y + rayY, OpenPath);
+    prCurve(x - kx, y + rayY, x - rayX, y + ky, x - rayX, y, OpenPath);
+    prCurve(x - rayX, y - ky, x - kx, y - rayY, x, y - rayY, OpenPath);
+    prCurve(x + kx, y - rayY, x + rayX, y - ky, x + rayX, y, OpenPath);
     prPaintOp(options);
 }
 
@@ -192,7 +191,7 @@ void clsPDFCreator::State::prArc(double x, double y, double ray, double start, d
         const double next = start * degree + step * static_cast<double>(i);
         const auto [toX, toY] = onCircle(next);
         prCurve(fromX - k * std::sin(angle), fromY - k * std::cos(angle), toX + k * std::sin(next),
-                toY + k * std::cos(next), toX, toY, 0);
+                toY + k * std::cos(next), toX, toY, OpenPath);
         angle = next;
         fromX = toX;
         fromY = toY;

@@ -148,6 +148,15 @@ struct clsPDFCreator::State
         bool CellOpen = false;
     };
 
+    // How a path is painted, added up; an open path goes on with the next operation.
+    enum PaintOption : std::int32_t
+    {
+        OpenPath = 0,
+        StrokePath = 1,
+        ClosePath = 2,
+        FillPath = 4,
+    };
+
     // The first numbers belong to what every document has: the information dictionary, which
     // BeginDoc writes, and the catalog and its like, which EndDoc writes.
     static constexpr std::int32_t FixedObjects = 6;

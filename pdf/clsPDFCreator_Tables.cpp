@@ -127,7 +127,7 @@ void clsPDFCreator::State::prPaintFrame(Style& style, double width, double heigh
     if (!style.Fill.empty()) {
         Out.prRepeat(frame.Background, [&] {
             Out.prWriteRaw(style.Fill);
-            prRectangle(line / 2, line / 2, width - line, height - line, 4);
+            prRectangle(line / 2, line / 2, width - line, height - line, FillPath);
         });
         Out.prWriteRaw(FillColor);
     }
@@ -136,7 +136,7 @@ void clsPDFCreator::State::prPaintFrame(Style& style, double width, double heigh
             if (line > 0) Out.prPrint(prInPoints(line), " w");
             Out.prWriteRaw("[ ] 0 d");
             Out.prWriteRaw(style.LineColor);
-            prRectangle(0, 0, width, height, 1);
+            prRectangle(0, 0, width, height, StrokePath);
         });
         Out.prPrint(LineWidth, " w\r\n[ ] 0 d\r\n", LineColor);
     }
