@@ -1,14 +1,7 @@
 // Axes: changes of the coordinate system (ISO 32000-1, 8.3.4).
 
+#include "Angle.h"
 #include "clsPDFCreator_State.h"
-
-#include <numbers>
-
-namespace {
-
-constexpr double Degree = std::numbers::pi / 180;
-
-} // namespace
 
 void clsPDFCreator::MakeAxisTranslation(float DX, float DY)
 {
@@ -31,7 +24,8 @@ void clsPDFCreator::MakeAxisRotation(float Angle)
 void clsPDFCreator::MakeAxisSkewing(float AngleX, float AngleY)
 {
     m->prRequire(AngleX, AngleY);
-    m->Out.prPrint("1 ", std::tan(AngleX * Degree), " ", std::tan(AngleY * Degree), " 1 0 0 cm");
+    m->Out.prPrint("1 ", std::tan(pdf::prRadians(AngleX)), " ", std::tan(pdf::prRadians(AngleY)),
+                   " 1 0 0 cm");
 }
 
 void clsPDFCreator::BeginGraphicSpace(float X, float Y, float ScalingX, float ScalingY)
@@ -49,10 +43,9 @@ void clsPDFCreator::EndGraphicSpace()
 // Clockwise as seen, because y grows downward.
 void clsPDFCreator::State::prRotate(double angle)
 {
-    constexpr double turn = 360;
-    if (std::fmod(std::nearbyint(angle), turn) == 0) return;
-    const double cosine = std::cos(angle * Degree);
-    const double sine = std::sin(angle * Degree);
+    if (std::fmod(std::nearbyint(angle), pdf::FullTurn) == 0) return;
+    const double cosine = std::cos(pdf::prRadians(angle));
+    const double sine = std::sin(pdf::prRadians(angle));
     Out.prPrint(cosine, " ", sine, " ", -sine, " ", cosine, " 0 0 cm");
 }
 

@@ -1,5 +1,6 @@
 // Paths: straight lines, rectangles and curves (ISO 32000-1, 8.5).
 
+#include "Angle.h"
 #include "clsPDFCreator_State.h"
 
 #include <algorithm>
@@ -172,23 +173,22 @@ void clsPDFCreator::State::prEllipse(double x, double y, double rayX, double ray
 void clsPDFCreator::State::prArc(double x, double y, double ray, double start, double end,
                                  std::int32_t options)
 {
-    constexpr double quarter = 90;
-    constexpr double turn = 360;
-    constexpr double degree = std::numbers::pi / 180;
-    if (end < start) end += turn * std::ceil((start - end) / turn);
+    constexpr double quarter = pdf::FullTurn / 4;
+    if (end < start) end += pdf::FullTurn * std::ceil((start - end) / pdf::FullTurn);
     const double pieces = std::max(1.0, std::ceil((end - start) / quarter));
-    const double step = (end - start) / pieces * degree;
+    const double step = pdf::prRadians((end - start) / pieces);
     const double k = 4.0 / 3 * std::tan(step / 4) * ray;
     const auto onCircle = [&](double angle) {
         return std::pair{x + ray * std::cos(angle), y - ray * std::sin(angle)};
     };
     // As many turns as asked for would draw the same circle again; no more than fill the page.
     const auto count = static_cast<std::int64_t>(std::min(pieces, MostArcPieces));
-    double angle = start * degree;
+    const double first = pdf::prRadians(start);
+    double angle = first;
     auto [fromX, fromY] = onCircle(angle);
     prMove(fromX, fromY);
     for (std::int64_t i = 1; i <= count; ++i) {
-        const double next = start * degree + step * static_cast<double>(i);
+        const double next = first + step * static_cast<double>(i);
         const auto [toX, toY] = onCircle(next);
         prCurve(fromX - k * std::sin(angle), fromY - k * std::cos(angle), toX + k * std::sin(next),
                 toY + k * std::cos(next), toX, toY, OpenPath);

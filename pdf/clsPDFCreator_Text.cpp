@@ -1,9 +1,8 @@
 // Text: single lines, boxes, and the text state (ISO 32000-1, 9).
 
+#include "Angle.h"
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
-
-#include <numbers>
 
 namespace {
 
@@ -23,12 +22,6 @@ enum : std::int32_t
     Overline = 8,
     StrikeOut = 16,
 };
-
-double Radians(double degrees)
-{
-    constexpr double straight = 180;
-    return degrees * std::numbers::pi / straight;
-}
 
 } // namespace
 
@@ -125,8 +118,8 @@ void clsPDFCreator::State::prWriteText(double x, double y, std::string_view text
 void clsPDFCreator::State::prTextMatrix(double x, double y, double angle)
 {
     if (angle == 0) return Out.prPart("1 0 0 -1 ", x, " ", y, " Tm");
-    const double cosine = std::cos(Radians(angle));
-    const double sine = std::sin(Radians(angle));
+    const double cosine = std::cos(pdf::prRadians(angle));
+    const double sine = std::sin(pdf::prRadians(angle));
     Out.prPart(cosine, " ", -sine, " ", -sine, " ", -cosine, " ", x, " ", y, " Tm");
 }
 
