@@ -19,6 +19,27 @@ constexpr std::uint64_t LargestPosition = 9999999999;
     throw ErroreRuntime(NumeroErrore::Overflow, std::move(reason), "clsPDFCreator");
 }
 
+// Ends data that are written as one run.
+constexpr std::string_view EndOfRun = "\r\r\n";
+
+// A line for each letter and an empty one after every 80, which decoders skip as white space. Three
+// times the room on purpose: the same pictures make the same bytes in every version of the writer.
+std::string InRows(std::string_view bytes, ByteRows kind)
+{
+    constexpr std::size_t rowsApart = 80;
+    std::string rows;
+    rows.reserve(3 * bytes.size() + 3 * (bytes.size() / rowsApart) + 3);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        rows.push_back(bytes[i]);
+        const bool pair = kind == ByteRows::LettersAndPair && i + 2 == bytes.size();
+        if (pair) rows.push_back(bytes[++i]);
+        rows.append("\r\n");
+        const bool full = (i + 1) % rowsApart == 0 || (pair && i % rowsApart == 0);
+        if (full) rows.append("\r\r\n");
+    }
+    return rows;
+}
+
 } // namespace
 
 void prNoRoom(std::string_view what)
@@ -131,6 +152,18 @@ void Objects::prWriteStreamLength()
     prInitObj(0);
     prWriteRaw(std::to_string(m_streamLength));
     prEndObj();
+}
+
+void Objects::prWriteBytes(std::string_view bytes, ByteRows rows)
+{
+    if (rows == ByteRows::None) return prPart(bytes, EndOfRun);
+    prPart(InRows(bytes, rows));
+}
+
+std::size_t Objects::prLengthOfBytes(std::string_view bytes, ByteRows rows)
+{
+    if (rows == ByteRows::None) return bytes.size() + EndOfRun.size();
+    return InRows(bytes, rows).size();
 }
 
 void Objects::prWriteCrossReferences()

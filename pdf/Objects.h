@@ -44,6 +44,15 @@ struct TenDigits
     std::uint64_t Number; // with zeros at its front
 };
 
+// How data stand in a stream: one run, or a line for each letter of an ASCII encoding. Of base-85
+// data the two letters of the end, "~>", share a line, because not every decoder knows them apart.
+enum class ByteRows : std::uint8_t
+{
+    None,
+    Letters,
+    LettersAndPair,
+};
+
 // Writes one file from front to back. Every failed write is an ErroreRuntime; after one, every
 // further write to this file fails with the same error, so that nothing is ever left out.
 class Objects
@@ -123,6 +132,10 @@ public:
         write();
         if (m_flushed == flushed) known.assign(m_buffer.get() + start, m_used - start);
     }
+
+    // Writes data as what stands between "stream" and "endstream"; the length that they take there.
+    void prWriteBytes(std::string_view bytes, ByteRows rows = ByteRows::None);
+    static std::size_t prLengthOfBytes(std::string_view bytes, ByteRows rows);
 
     // The cross-reference table of all objects (ISO 32000-1, 7.5.4).
     void prWriteCrossReferences();

@@ -278,8 +278,7 @@ void clsPDFCreator::State::prWriteWidths(std::int32_t object, const TrueType& fo
     Out.prWriteRaw("]");
 }
 
-// The descriptor and, where the font is embedded, the file, its length in the document and its
-// length before encoding.
+// The descriptor and, where the font is embedded, its file.
 void clsPDFCreator::State::prWriteDescriptor(std::int32_t object, const TrueType& font)
 {
     Out.prInitObj(object);
@@ -291,11 +290,17 @@ void clsPDFCreator::State::prWriteDescriptor(std::int32_t object, const TrueType
     }
     Out.prPrint("/FontFile2 ", object + 1, " 0 R >>");
     Out.prEndObj();
-    Out.prInitObj(object + 1);
-    Out.prPrint("<< /Filter /LZWDecode /Length ", object + 2, " 0 R /Length1 ", object + 3,
+    prEmbedFile(object + 1, font);
+}
+
+// The file (ISO 32000-1, 9.9), its length in the document and its length before encoding.
+void clsPDFCreator::State::prEmbedFile(std::int32_t object, const TrueType& font)
+{
+    Out.prInitObj(object);
+    Out.prPrint("<< /Filter /LZWDecode /Length ", object + 1, " 0 R /Length1 ", object + 2,
                 " 0 R >>");
     Out.prBeginStream();
-    Out.prPart(font.Encoded, "\r\r\n");
+    Out.prWriteBytes(font.Encoded);
     Out.prEndStream();
     for (const std::size_t length : {font.Encoded.size(), font.Length}) {
         Out.prInitObj(0);

@@ -31,8 +31,7 @@ struct Encoded
 {
     std::string Bytes;
     std::string Filters;
-    bool Rows = false;       // letters, written one a line
-    bool EndsInPair = false; // "~>" ends them
+    pdf::ByteRows Rows = pdf::ByteRows::None;
 
     void Apply(bool wanted, std::string (*encoder)(std::string_view), std::string_view name)
     {
@@ -51,37 +50,10 @@ Encoded Encode(std::string bytes, std::string_view ownFilter, std::int32_t filte
     encoded.Apply(raw && asked(LZW), pdf::prLZWEncode, "/LZWDecode ");
     encoded.Apply(asked(ASCII85), pdf::prToASCII85, "/ASCII85Decode ");
     encoded.Apply(asked(ASCIIHex), pdf::prToASCIIHex, "/ASCIIHexDecode ");
-    encoded.Rows = asked(ASCII85) || asked(ASCIIHex);
-    encoded.EndsInPair = asked(ASCII85) && !asked(ASCIIHex);
+    if (asked(ASCII85)) encoded.Rows = pdf::ByteRows::LettersAndPair;
+    if (asked(ASCIIHex)) encoded.Rows = pdf::ByteRows::Letters; // applied last
     if (!encoded.Filters.empty()) encoded.Filters = "/Filter [\r" + encoded.Filters + "] ";
     return encoded;
-}
-
-// The letters of encoded data a line each and, on purpose, an empty one after every 80: decoders
-// skip the white space. Only the two letters that end base-85 data stay together, because not
-// every decoder knows them apart.
-std::string InRows(const Encoded& encoded)
-{
-    constexpr std::size_t rowsApart = 80;
-    const std::string_view bytes = encoded.Bytes;
-    std::string rows;
-    rows.reserve(3 * bytes.size() + 3 * (bytes.size() / rowsApart) + 3);
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        rows.push_back(bytes[i]);
-        const bool pair = encoded.EndsInPair && i + 2 == bytes.size();
-        if (pair) rows.push_back(bytes[++i]);
-        rows.append("\r\n");
-        const bool full = (i + 1) % rowsApart == 0 || (pair && i % rowsApart == 0);
-        if (full) rows.append("\r\r\n");
-    }
-    return rows;
-}
-
-// What stands between "stream" and "endstream".
-std::string StreamOf(Encoded encoded)
-{
-    if (encoded.Rows) return InRows(encoded);
-    return std::move(encoded.Bytes.append("\r\r\n"));
 }
 
 } // namespace
@@ -142,7 +114,7 @@ void clsPDFCreator::State::prWriteImage(std::int32_t number, std::int32_t object
                                         pdf::Picture& picture)
 {
     const bool indexed = picture.Space == pdf::ColorSpace::Indexed;
-    auto encoded =
+    const auto encoded =
         Encode(std::move(picture.Pixels), picture.IsJpeg ? "/DCTDecode " : "", ImageFilters);
     Out.prPrint("<< /Type /XObject /Subtype /Image /Name /_IMG_", number, " /Width ", picture.Width,
                 " /Height ", picture.Height, " ", encoded.Filters, " ");
@@ -158,7 +130,7 @@ void clsPDFCreator::State::prWriteImage(std::int32_t number, std::int32_t object
     if (picture.InvertedCMYK) Out.prWriteRaw("/Decode [1 0 1 0 1 0 1 0]");
     Out.prWriteRaw(">>");
     Out.prBeginStream();
-    Out.prPart(StreamOf(std::move(encoded)));
+    Out.prWriteBytes(encoded.Bytes, encoded.Rows);
     Out.prEndStream();
     Out.prWriteStreamLength();
     if (indexed) prWritePalette(std::move(picture.Palette));
@@ -168,10 +140,9 @@ void clsPDFCreator::State::prWritePalette(std::string palette)
 {
     Out.prInitObj(0);
     const auto encoded = Encode(std::move(palette), "", ImageFilters);
-    const std::string stream = StreamOf(encoded);
-    Out.prPrint("<< ", encoded.Filters, " /Length ", static_cast<std::int32_t>(stream.size()),
-                " >>");
+    const std::size_t length = pdf::Objects::prLengthOfBytes(encoded.Bytes, encoded.Rows);
+    Out.prPrint("<< ", encoded.Filters, " /Length ", static_cast<std::int32_t>(length), " >>");
     Out.prBeginStream();
-    Out.prPart(stream);
+    Out.prWriteBytes(encoded.Bytes, encoded.Rows);
     Out.prEndStream();
 }

@@ -329,6 +329,7 @@ struct clsPDFCreator::State
     void prWriteFontNames();
     void prWriteWidths(std::int32_t object, const TrueType& font);
     void prWriteDescriptor(std::int32_t object, const TrueType& font);
+    void prEmbedFile(std::int32_t object, const TrueType& font);
     std::int32_t prFontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
     pdf::TextMetrics prMetrics() const;
     double prTextWidth(std::string_view text) const;
