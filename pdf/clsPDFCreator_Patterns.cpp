@@ -60,7 +60,7 @@ void clsPDFCreator::SetLinearFill(const std::vector<std::string>& Colors, float 
 {
     m->prRequire(X0, Y0, X1, Y1);
     const auto points = [this](double units) { return m->prInPoints(units); };
-    m->prUseGradient({"2", "/N 1 >>]"}, {points(X0), points(Y0), points(X1), points(Y1)}, Colors,
+    m->prUseGradient({"2", "1"}, {points(X0), points(Y0), points(X1), points(Y1)}, Colors,
                      ExtendStart, ExtendEnd);
 }
 
@@ -70,7 +70,7 @@ void clsPDFCreator::SetRadialFill(const std::vector<std::string>& Colors, float 
 {
     m->prRequire(X0, Y0, R0, X1, Y1, R1);
     const auto points = [this](double units) { return m->prInPoints(units); };
-    m->prUseGradient({"3", "/N 1.000 >>]"},
+    m->prUseGradient({"3", "1.000"},
                      {points(X0), points(Y0), points(R0), points(X1), points(Y1), points(R1)},
                      Colors, ExtendStart, ExtendEnd);
 }
@@ -97,7 +97,9 @@ void clsPDFCreator::State::prUseGradient(const GradientKind& kind,
     text.append("/Function << /FunctionType 3 \r/Domain [0.000 1.000] \r"
                 "/Functions [<< /FunctionType 2 \r/Domain [0.000 1.000]\r/C0 ");
     text.append(Components(colors.front())).append("\r/C1 ").append(Components(colors.back()));
-    text.append("\r").append(kind.Exponent).append("\r/Bounds [] /Encode [0 1 ]\r>>\r>>\r>>");
+    text.append("\r/N ")
+        .append(kind.Exponent)
+        .append(" >>]\r/Bounds [] /Encode [0 1 ]\r>>\r>>\r>>");
     Gradients.push_back(std::move(text));
     prSetFill("SHAD_" + std::to_string(Gradients.size()) + "_ING");
     FillChosen = true;

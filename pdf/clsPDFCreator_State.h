@@ -76,8 +76,8 @@ struct clsPDFCreator::State
 
     struct GradientKind
     {
-        std::string_view ShadingType;
-        std::string_view Exponent; // and the end of its function
+        std::string_view ShadingType; // ISO 32000-1, 8.7.4.5
+        std::string_view Exponent;    // 1, a blend in even steps, as this type writes it
     };
 
     // What a family and style lead to, kept because the same few are asked for again and again.
