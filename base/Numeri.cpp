@@ -2,6 +2,7 @@
 
 #include "Numeri.h"
 
+#include "Cifre.h"
 #include "ErroreRuntime.h"
 
 #include <algorithm>
@@ -17,11 +18,6 @@
 static_assert(FLT_EVAL_METHOD == 0);
 
 namespace {
-
-bool Cifra(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 // The power of ten of the first digit that is not 0. from_chars tells that a number is out of
 // range, not whether it is too large or too small: the sign of this does.

@@ -3,6 +3,7 @@
 #include "Opzioni.h"
 
 #include "Argomenti.h"
+#include "Cifre.h"
 #include "ErroreComando.h"
 #include "Numeri.h"
 
@@ -32,8 +33,7 @@ void LeggiTaglie(Opzioni& opzioni, const std::string& testo)
 {
     constexpr std::uint64_t massimo = std::uint64_t{1} << 53;
     constexpr const char* numero = "numero di taglie";
-    const auto cifra = [](char c) { return c >= '0' && c <= '9'; };
-    if (testo.empty() || !std::all_of(testo.begin(), testo.end(), cifra)) {
+    if (testo.empty() || !SoloCifre(testo)) {
         RifiutaUso(numero, NonIntero(testo));
     }
     std::uint64_t taglie = 0;

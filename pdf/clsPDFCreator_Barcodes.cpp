@@ -1,5 +1,6 @@
-// Barcodes: EAN-13 (ISO/IEC 15420) and Code 39 (ISO/IEC 16388).
+// Barcodes: EAN-13 (ISO/IEC 15420) and Code 39 (ISO/IEC 16388), drawn as rectangles by _Paths.cpp.
 
+#include "Cifre.h"
 #include "clsPDFCreator_State.h"
 
 #include <algorithm>
@@ -53,9 +54,7 @@ std::size_t DigitOf(char c)
 // The thirteen digits of a code of twelve; a thirteenth given is replaced by the right one.
 std::string WithCheckDigit(const std::string& code)
 {
-    const bool digits =
-        std::all_of(code.begin(), code.end(), [](char c) { return c >= '0' && c <= '9'; });
-    if (!digits || code.size() < EanDigits - 1 || code.size() > EanDigits) {
+    if (!SoloCifre(code) || code.size() < EanDigits - 1 || code.size() > EanDigits) {
         Refuse("un EAN-13 vuole 12 o 13 cifre", code);
     }
     std::string full = code.substr(0, EanDigits - 1);

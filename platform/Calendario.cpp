@@ -1,5 +1,6 @@
 #include "Calendario.h"
 
+#include "Cifre.h"
 #include "Entropia.h"
 #include "ErroreRuntime.h"
 #include "Numeri.h"
@@ -38,7 +39,7 @@ std::optional<std::uint64_t> MomentoImposto()
     std::uint64_t secondi = 0;
     if (LeggiInteroSenzaSegno(testo, secondi) && secondi <= ultimo) return secondi;
     const std::string_view cifre = testo;
-    const bool numero = cifre.find_first_not_of("0123456789") == std::string_view::npos;
+    const bool numero = SoloCifre(cifre);
     throw ErroreRuntime(
         NumeroErrore::TipoNonCorrispondente,
         "\"" + std::string(cifre) +

@@ -1,5 +1,6 @@
 #include "NumeroUtente.h"
 
+#include "Cifre.h"
 #include "ErroreRuntime.h"
 #include "Numeri.h"
 
@@ -7,9 +8,9 @@
 
 namespace {
 
-bool Cifra(std::string_view testo)
+bool ConCifra(std::string_view testo)
 {
-    return !testo.empty() && testo.front() >= '0' && testo.front() <= '9';
+    return !testo.empty() && Cifra(testo.front());
 }
 
 bool Mangia(std::string_view& testo, std::string_view segno)
@@ -31,12 +32,12 @@ std::string_view SenzaMargini(std::string_view testo)
 int PrendiCifre(std::string_view& testo, std::string& piano, std::string_view migliaia)
 {
     int quante = 0;
-    while (Cifra(testo)) {
+    while (ConCifra(testo)) {
         piano.push_back(testo.front());
         testo.remove_prefix(1);
         ++quante;
         // A mark of thousands counts only with a digit after it.
-        if (testo.starts_with(migliaia) && Cifra(testo.substr(migliaia.size()))) {
+        if (testo.starts_with(migliaia) && ConCifra(testo.substr(migliaia.size()))) {
             testo.remove_prefix(migliaia.size());
         }
     }
