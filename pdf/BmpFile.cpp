@@ -1,3 +1,6 @@
+// Reads a Windows bitmap: its header, its palette, its pixels. Compressed ones go on to
+// BmpFile_Rle.cpp; Picture.h says what comes of them.
+
 #include "BmpFile.h"
 
 #include "BmpFile_Rle.h"

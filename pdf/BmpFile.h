@@ -1,4 +1,4 @@
-// Windows bitmaps, read into pictures.
+// Windows bitmaps, read into pictures (Picture.h). InputFile.h chooses among the readers.
 #pragma once
 
 #include "Picture.h"

@@ -1,3 +1,5 @@
+// Undoes the run-length forms of Windows bitmaps for BmpFile.cpp.
+
 #include "BmpFile_Rle.h"
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// The run-length forms of Windows bitmaps.
+// The run-length forms of Windows bitmaps, for BmpFile.cpp.
 #pragma once
 
 #include "ByteReader.h"

@@ -1,4 +1,5 @@
-// Reads of a file that was read whole: no offset or length is trusted.
+// Reads of a file that was read whole: no offset or length is trusted. All readers of files stand
+// on it; BmpFile.cpp is the plainest.
 #pragma once
 
 #include "ErroreRuntime.h"

@@ -1,3 +1,6 @@
+// Reads colours that callers name, and writes them as PDF wants them; clsPDFCreator_Colors.cpp
+// chooses them.
+
 #include "ColorText.h"
 
 #include "LetterCase.h"

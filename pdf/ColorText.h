@@ -1,4 +1,5 @@
-// Colours as texts: names, "#" and hexadecimal digits, "%" and a grey.
+// Colours as texts: names, "#" and hexadecimal digits, "%" and a grey; clsPDFCreator_Colors.cpp
+// chooses them.
 #pragma once
 
 #include <array>

@@ -1,3 +1,5 @@
+// The four stream encoders, one after the other; clsPDFCreator_Images.cpp puts them in a row.
+
 #include "Encoders.h"
 
 #include <array>

@@ -1,4 +1,6 @@
-// Where the widths come from. tests/pdf/controlla_larghezze.py compares every code of every table
+// The widths of FontWidths.h as tables.
+//
+// Where they come from: tests/pdf/controlla_larghezze.py compares every code of every table
 // with the font files named here.
 //
 // Arial and Times New Roman: Liberation Sans and Liberation Serif 2.1.5 (fonts-liberation2), free

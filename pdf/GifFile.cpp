@@ -1,3 +1,6 @@
+// Reads the first frame of a GIF: its header, the code table that unpacks it, its rows.
+// Picture.h says what comes of it.
+
 #include "GifFile.h"
 
 #include "ByteReader.h"

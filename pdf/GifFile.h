@@ -1,4 +1,4 @@
-// GIF pictures, read into pictures.
+// GIF files, read into pictures (Picture.h). InputFile.h chooses among the readers.
 #pragma once
 
 #include "Picture.h"

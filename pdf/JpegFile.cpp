@@ -1,3 +1,6 @@
+// Walks through the segments of a JPEG as far as its size; the rest goes into the document as it
+// is. Picture.h says what comes of it.
+
 #include "JpegFile.h"
 
 #include "ByteReader.h"

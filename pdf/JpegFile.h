@@ -1,4 +1,4 @@
-// JPEG pictures: measured, not decoded.
+// JPEG pictures: measured, not decoded. InputFile.h chooses among the readers.
 #pragma once
 
 #include "Picture.h"

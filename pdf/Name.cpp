@@ -1,3 +1,5 @@
+// Checks and escapes the names of reusable objects and patterns.
+
 #include "Name.h"
 
 #include "ErroreRuntime.h"

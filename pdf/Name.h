@@ -1,4 +1,5 @@
-// Names that a caller's text becomes (ISO 32000-1, 7.3.5).
+// Names that a caller's text becomes (ISO 32000-1, 7.3.5): of reusable objects, tilings and the
+// patterns that colours are.
 #pragma once
 
 #include <cstddef>

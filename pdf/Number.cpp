@@ -1,3 +1,6 @@
+// Writes numbers for content streams, most of them from a table of three digits: a page is mostly
+// numbers.
+
 #include "Number.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The only source of the library that writes bytes.
+// The only source of the library that writes bytes to a file; Objects.h says how others call it.
 
 #include "Objects.h"
 
@@ -103,7 +103,9 @@ void Objects::Flush()
     m_used = 0;
 }
 
-// Also where every write ends up that must not be: then there is no room for anything.
+// A write comes here when the buffer has no room for it. While no file is open, and after a write
+// that failed, it never has any: that is how every write then ends in the error of prRequireOpen,
+// and all others need not ask.
 void Objects::MakeRoom(std::size_t bytes)
 {
     prRequireOpen();

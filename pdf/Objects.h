@@ -1,4 +1,5 @@
-// The indirect objects of the file being written: numbers, positions, lines and bytes.
+// The indirect objects of the file being written: numbers, positions, lines and bytes. All that the
+// clsPDFCreator_*.cpp write goes through here.
 #pragma once
 
 #include "ErroreRuntime.h"

@@ -1,3 +1,5 @@
+// Packs the palette indices that BmpFile.cpp and GifFile.cpp read.
+
 #include "Picture.h"
 
 #include <algorithm>

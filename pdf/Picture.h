@@ -1,4 +1,5 @@
-// A picture as the readers hand it to the writer, ready for an image object.
+// A picture as the readers hand it to the writer, ready for an image object, which
+// clsPDFCreator_Images.cpp writes.
 #pragma once
 
 #include <cstddef>

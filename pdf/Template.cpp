@@ -1,3 +1,5 @@
+// Fills templates and escapes texts; clsPDFCreator_Core.cpp fills the information dictionary.
+
 #include "Template.h"
 
 #include "ErroreRuntime.h"

@@ -1,4 +1,4 @@
-// Measuring texts and breaking them into lines; see TextLayout.h.
+// Measures texts and breaks them into lines; clsPDFCreator_Text.cpp writes them.
 
 #include "TextLayout.h"
 

@@ -1,4 +1,4 @@
-// Measuring text and breaking it into lines.
+// Measuring text and breaking it into lines; clsPDFCreator_Text.cpp writes them.
 #pragma once
 
 #include <array>

@@ -1,3 +1,6 @@
+// Reads a TrueType font table by table: its name by TrueTypeFile_Name.cpp, its characters by
+// TrueTypeFile_CharMap.cpp.
+
 #include "TrueTypeFile.h"
 
 #include "ByteReader.h"

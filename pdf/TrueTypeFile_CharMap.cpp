@@ -1,3 +1,5 @@
+// Finds the best character map of a TrueType font and looks characters up in it.
+
 #include "TrueTypeFile_CharMap.h"
 
 #include <algorithm>

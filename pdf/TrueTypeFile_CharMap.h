@@ -1,4 +1,4 @@
-// The character maps of TrueType fonts.
+// The character maps of TrueType fonts, for TrueTypeFile.cpp.
 #pragma once
 
 #include "ByteReader.h"

@@ -1,3 +1,5 @@
+// Finds the name of a TrueType font for TrueTypeFile.cpp.
+
 #include "TrueTypeFile_Name.h"
 
 #include <algorithm>

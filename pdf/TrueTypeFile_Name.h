@@ -1,4 +1,4 @@
-// The name of a TrueType font.
+// The name of a TrueType font, for TrueTypeFile.cpp.
 #pragma once
 
 #include "ByteReader.h"

@@ -34,7 +34,7 @@
 // 0 or of more than 127 bytes.
 //
 // Errors are of the one type ErroreRuntime: error 5 for an operation that needs an open document
-// when there is none (such operations are all that draw or write, and say so by nothing else) and
+// when there is none (all operations that draw or write need one; they do not repeat it below) and
 // for text without a font; error 6 (Overflow) for a number that is not finite, for the 32768th line
 // of a box and for anything that the 32767 objects of a document have no room for (a page takes 4
 // of them, a font 1; the manual has a table); the system's failures to open, write or close the
@@ -204,7 +204,8 @@ public:
     void SetTextHorizontalScaling(float W);
 
     // How letters are painted by W: 0 filled, 1 stroked, 2 both, 3 invisible, 4 to 7 the same and
-    // added to the clipping path (ISO 32000-1, 9.3.6). Readers judge any other number.
+    // added to the clipping path (ISO 32000-1, 9.3.6). Any other number is written as it is;
+    // readers differ in what they show.
     void SetTextRenderingMode(std::int32_t W);
 
     // Writes Text as one line with its baseline at Y. Options: 1 (or none) starts at X, 2 ends
@@ -438,8 +439,8 @@ public:
     // Ends the cell; does nothing where none is begun.
     void EndColumn();
 
-    // Ends the table begun last: line and fill are those of before it, and the table in whose cell
-    // it stood goes on.
+    // Ends the table begun last. Line and fill are what they were when it was begun, and the table
+    // in whose cell it stood goes on.
     void EndTable();
 
     // ---- Patterns ------------------------------------------------------------------------------
@@ -517,7 +518,8 @@ public:
     // added up: 1 bold, 2 italic, 4 underline, 8 overline, 16 strike out.
     //
     // Only plain Arial, Symbol and ZapfDingbats are found again; every other call adds a font to
-    // the document, the same one included, on purpose (see ShareFonts).
+    // the document, the same one included, on purpose: fonts are shared only when ShareFonts asks
+    // for it.
     void SetFont(std::string_view FontFamily, float Size = 0, std::int32_t Style = 0);
 
     // Changes the Size alone, in points. Needs neither font nor document.

@@ -1,4 +1,5 @@
-// Axes: changes of the coordinate system (ISO 32000-1, 8.3.4).
+// Axes: changes of the coordinate system (ISO 32000-1, 8.3.4). Tables, pictures and decorations of
+// text draw in spaces that are opened here.
 
 #include "Angle.h"
 #include "clsPDFCreator_State.h"

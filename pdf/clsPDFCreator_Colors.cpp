@@ -1,4 +1,5 @@
-// Colours and the state of lines.
+// Colours and the state of lines. ColorText.cpp reads colours, _Patterns.cpp makes what is chosen
+// like one.
 
 #include "ColorText.h"
 #include "Windows1252.h"

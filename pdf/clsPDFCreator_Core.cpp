@@ -1,4 +1,5 @@
-// The document: settings, opening, closing, what belongs to all of it.
+// The document: settings, opening, closing, what belongs to all of it. Where to begin reading; a
+// page goes on in _Pages.cpp.
 
 #include "ApriConShell.h"
 #include "Calendario.h"
@@ -27,9 +28,11 @@ enum : std::int32_t
 
 constexpr std::int32_t CustomPaper = 255;
 
+// Whole points on purpose: exact sizes would move all that is placed by the lower edge by a part of
+// one.
 struct Paper
 {
-    float Width, Height; // whole points on purpose
+    float Width, Height; // points
 };
 
 constexpr std::array<Paper, 17> Papers = {{

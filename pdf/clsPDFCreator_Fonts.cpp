@@ -1,4 +1,5 @@
-// Fonts: the table of those that the document uses, and measuring with the present one.
+// Fonts: the table of those that the document uses, and measuring with the present one. Files of
+// fonts are read in TrueTypeFile.cpp.
 
 #include "Encoders.h"
 #include "InputFile.h"

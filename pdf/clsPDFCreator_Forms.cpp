@@ -1,4 +1,5 @@
-// Reusable objects: form XObjects (ISO 32000-1, 8.10) that pages play by name.
+// Reusable objects: form XObjects (ISO 32000-1, 8.10) that pages play by name; some play by
+// themselves where _Pages.cpp begins and ends a page.
 
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
@@ -53,7 +54,8 @@ void clsPDFCreator::State::prPlayObject(std::string_view name)
     Out.prPrint("/", pdf::Name{name}, " Do");
 }
 
-// Bit 1 alone selects nothing, and with all of 1, 2 and 4 bit 8 has no effect, on purpose.
+// Bit 1 alone selects nothing, and with all of 1, 2 and 4 bit 8 has no effect. On purpose: 7 means
+// every page whatever is added, and its bits mean nothing else by themselves but 2 and 4.
 void clsPDFCreator::State::prPlayAutoObjects(bool atEnd)
 {
     enum : std::int32_t

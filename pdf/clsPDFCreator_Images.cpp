@@ -1,4 +1,5 @@
-// Images: pictures read from files, written as image XObjects (ISO 32000-1, 8.9).
+// Images: pictures read by InputFile.cpp, encoded by Encoders.cpp, written as image XObjects (ISO
+// 32000-1, 8.9).
 
 #include "Encoders.h"
 #include "InputFile.h"

@@ -82,8 +82,8 @@ std::string clsPDFCreator::State::prPacketOfLength(std::size_t length) const
     packet.Line("<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'");
     packet.Line(" xmlns:iX='http://ns.adobe.com/iX/1.0/'>");
 
-    // The dates keep their PDF form on purpose, and author, creator and producer are the writer's
-    // own whatever the document's properties are.
+    // Author, creator and producer are the writer's own on purpose, and dates keep their PDF form:
+    // the packet tells what made the file, whatever the document's properties say.
     packet.BeginDescription("pdf", "http://ns.adobe.com/pdf/1.3/");
     packet.Element("Producer", ClassBanner);
     packet.Element("Author", DefaultAuthor);

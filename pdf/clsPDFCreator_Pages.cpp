@@ -60,7 +60,8 @@ float clsPDFCreator::GetY() const
     return pdf::prFloat(m->prInUnits(m->Current.Y));
 }
 
-// With the defaults each page starts a range of its own and so is labelled 1, on purpose.
+// With the defaults each page starts a range of its own. On purpose: readers then show 1 for each,
+// and only who asks for labels gets others.
 void clsPDFCreator::State::prAppendPageLabel(std::int32_t style, std::string_view prefix,
                                              std::int32_t firstValue)
 {

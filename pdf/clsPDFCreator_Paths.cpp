@@ -1,4 +1,5 @@
-// Paths: straight lines, rectangles and curves (ISO 32000-1, 8.5).
+// Paths: straight lines, rectangles and curves (ISO 32000-1, 8.5); _Colors.cpp says what they are
+// painted with.
 
 #include "Angle.h"
 #include "clsPDFCreator_State.h"
@@ -22,7 +23,8 @@ void clsPDFCreator::DrawLine(float X1, float Y1, float X2, float Y2, std::int32_
 {
     m->prRequire(X1, Y1, X2, Y2);
     const auto points = [this](float units) { return m->prInPoints(units); };
-    m->prSetCurrent(points(X1), points(Y1)); // the start on purpose, unlike DrawLineTo
+    // The start on purpose, unlike DrawLineTo: lines of their own leave the point where they began.
+    m->prSetCurrent(points(X1), points(Y1));
     m->Out.prPrint(points(X1), " ", points(Y1), " m ", points(X2), " ", points(Y2), " l");
     m->prPaintOp(Options);
 }
@@ -136,7 +138,9 @@ void clsPDFCreator::State::prRectangle(double x, double y, double width, double 
 void clsPDFCreator::State::prRoundRectangle(double x, double y, double width, double height,
                                             double radius, std::int32_t options)
 {
-    constexpr double towardsCorner = 0.55; // not quite a circle, on purpose
+    // 0.5523 would come nearer to a circle. Not so on purpose: round corners keep the numbers that
+    // they have in documents made before.
+    constexpr double towardsCorner = 0.55;
     const double r = std::min({radius, width / 2, height / 2});
     const double c = towardsCorner * r;
     const double right = x + width;

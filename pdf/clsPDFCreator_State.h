@@ -1,4 +1,5 @@
-// What a clsPDFCreator keeps between two calls, and the procedures that its sources share.
+// What a clsPDFCreator keeps between two calls, and the procedures that its sources share, by the
+// source that has them: "_Core" is clsPDFCreator_Core.cpp.
 // Numbers that the writer keeps are 32 bits wide; products and sums are formed in double.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Tables: nested frames, each with a coordinate system of its own.
+// Tables: nested frames, each with a coordinate system of its own, opened in _Axes.cpp.
 
 #include "clsPDFCreator_State.h"
 
@@ -37,7 +37,8 @@ void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float Lin
     table.RowStyle = State::prStyleOf(FillColor, LineWidth, LineColor, table.OwnStyle);
     table.RowHeight = Height;
     m->prOpenSpace(table.RowPosition.X, table.RowPosition.Y);
-    // As wide as the cell begun last, not as all of the row's, on purpose.
+    // As wide as the cell begun last, not as all of the row's, on purpose: how wide they will be is
+    // not known yet, and they paint themselves over it.
     m->prPaintFrame(*table.RowStyle, table.CellWidth, Height);
     table.CellX = 0;
     m->Current = {};

@@ -1,4 +1,5 @@
-// Text: single lines, boxes, and the text state (ISO 32000-1, 9).
+// Text: single lines, boxes, and the text state (ISO 32000-1, 9). TextLayout.cpp breaks lines,
+// _Fonts.cpp chooses what they are written with.
 
 #include "Angle.h"
 #include "Windows1252.h"
