@@ -151,21 +151,27 @@ float clsPDFCreator::TextHeight() const
 clsPDFCreator::State::FontRequest& clsPDFCreator::State::prRequestOf(std::string_view family,
                                                                      std::int32_t style)
 {
-    constexpr std::size_t mostKept = 64;
     const std::int32_t face = style & (Bold | Italic);
     for (auto& request : FontRequests) {
         if (request.Style == face && request.Family == family) return request;
     }
+    return prAddRequest(family, face);
+}
+
+clsPDFCreator::State::FontRequest& clsPDFCreator::State::prAddRequest(std::string_view family,
+                                                                      std::int32_t face)
+{
+    constexpr std::size_t mostKept = 64;
     if (FontRequests.size() == mostKept) FontRequests.clear();
-    const bool bold = (style & Bold) != 0;
-    const bool italic = (style & Italic) != 0;
+    const bool bold = (face & Bold) != 0;
+    const bool italic = (face & Italic) != 0;
     std::string key = NormalizedFamily(family);
     const StandardFont& standard = StandardOf(key);
     if (standard.Key == key) key += StyleSuffix(bold, italic);
     const std::string_view baseFont = standard.BaseFonts[static_cast<std::size_t>(face)];
     const Font font = {baseFont, pdf::prMetricsOf(standard.Family, bold, italic), nullptr};
     FontRequests.push_back(
-        {std::string(family), face, font, std::move(key), Upper(baseFont), 0, 0, false});
+        {std::string(family), face, font, std::move(key), Upper(baseFont), 0, 0, 0, false});
     return FontRequests.back();
 }
 
@@ -179,8 +185,11 @@ std::size_t clsPDFCreator::State::prFindFont(FontRequest& request) const
         if (found != FontKeys.end()) request.Found = found->second;
     }
     if (request.Found != 0 || !ShareFonts) return request.Found;
-    const auto shared = BaseFonts.find(request.Standard.BaseFont);
-    return shared != BaseFonts.end() ? shared->second : 0;
+    if (request.Shared == 0) {
+        const auto shared = BaseFonts.find(request.Standard.BaseFont);
+        if (shared != BaseFonts.end()) request.Shared = shared->second;
+    }
+    return request.Shared;
 }
 
 std::size_t clsPDFCreator::State::prAddStandardFont(FontRequest& request)
@@ -194,21 +203,10 @@ std::size_t clsPDFCreator::State::prAddStandardFont(FontRequest& request)
     return Fonts.size();
 }
 
-void clsPDFCreator::State::prRequireFont() const
+void clsPDFCreator::State::prNoFont()
 {
-    if (CurrentFont != 0) return;
     throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "nessun carattere scelto: manca SetFont",
                         "clsPDFCreator");
-}
-
-pdf::TextMetrics clsPDFCreator::State::prMetrics() const
-{
-    return {Fonts[CurrentFont - 1].Metrics.Widths,
-            FontSize,
-            CharSpacing,
-            WordSpacing,
-            HorizontalScaling,
-            Scale};
 }
 
 double clsPDFCreator::State::prTextWidth(std::string_view text) const

@@ -90,6 +90,7 @@ struct clsPDFCreator::State
         std::string SearchKey;
         std::string StoredKey;
         std::size_t Found;     // number of the font that the search finds, 0 for none
+        std::size_t Shared;    // number of the font that all calls share, 0 while there is none
         std::size_t KnownKeys; // how many keys there were when none was found
         bool Added;            // a font of these keys is in the table
     };
@@ -324,6 +325,7 @@ struct clsPDFCreator::State
 
     // ---- _Fonts
     FontRequest& prRequestOf(std::string_view family, std::int32_t style);
+    FontRequest& prAddRequest(std::string_view family, std::int32_t face);
     std::size_t prFindFont(FontRequest& request) const;
     std::size_t prAddStandardFont(FontRequest& request);
     void prWriteFonts();
@@ -332,9 +334,21 @@ struct clsPDFCreator::State
     void prWriteDescriptor(std::int32_t object, const TrueType& font);
     void prEmbedFile(std::int32_t object, const TrueType& font);
     std::int32_t prFontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
-    pdf::TextMetrics prMetrics() const;
+    pdf::TextMetrics prMetrics() const
+    {
+        return {Fonts[CurrentFont - 1].Metrics.Widths,
+                FontSize,
+                CharSpacing,
+                WordSpacing,
+                HorizontalScaling,
+                Scale};
+    }
     double prTextWidth(std::string_view text) const;
-    void prRequireFont() const;
+    void prRequireFont() const
+    {
+        if (CurrentFont == 0) prNoFont();
+    }
+    [[noreturn]] static void prNoFont();
 
     // ---- _Text. Texts in Windows-1252
     void prWriteText(double x, double y, std::string_view text, double angle);
