@@ -69,6 +69,14 @@ std::optional<char> Codice(char32_t carattere)
     return static_cast<char>(static_cast<unsigned char>(0x80 + (posto - DaOttanta.begin())));
 }
 
+bool SoloAscii(std::string_view testo)
+{
+    for (const char c : testo) {
+        if (static_cast<unsigned char>(c) >= 0x80) return false;
+    }
+    return true;
+}
+
 } // namespace
 
 std::string InWindows1252(std::string_view utf8)
@@ -86,6 +94,13 @@ std::string InWindows1252(std::string_view utf8)
             byte.push_back(Codice(PrendiCarattere(utf8)).value_or('?'));
         }
     }
+    return byte;
+}
+
+std::string_view InWindows1252(std::string_view utf8, std::string& byte)
+{
+    if (SoloAscii(utf8)) return utf8;
+    byte = InWindows1252(utf8);
     return byte;
 }
 

@@ -8,6 +8,10 @@
 // no valid UTF-8, becomes "?". The five undefined codes (81, 8D, 8F, 90, 9D) map to themselves.
 std::string InWindows1252(std::string_view utf8);
 
+// The same without a copy where there is nothing to turn: then the result is utf8 itself, else what
+// byte holds from now on.
+std::string_view InWindows1252(std::string_view utf8, std::string& byte);
+
 // Whether the whole text has a place in Windows-1252.
 bool EntraInWindows1252(std::string_view utf8);
 

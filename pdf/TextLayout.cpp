@@ -36,12 +36,6 @@ std::string_view TakePiece(std::string_view& text, std::string_view separator, b
     return piece;
 }
 
-// Whether there is anything to break or to normalise: most texts are single words.
-bool SingleWord(std::string_view text)
-{
-    return std::none_of(text.begin(), text.end(), [](char c) { return c == ' ' || c == '\r'; });
-}
-
 class LineBreaker
 {
 public:
@@ -131,7 +125,6 @@ double TextMetrics::WidthOf(const TextSum& sum) const
 
 void prNormalizeText(std::string& text)
 {
-    if (SingleWord(text)) return;
     while (text.find("  ") != std::string::npos) text = Replaced(text, "  ", " ");
     while (text.find("\r\n\r\n") != std::string::npos) {
         text = Replaced(text, "\r\n\r\n", "\r\n \r\n");
@@ -142,13 +135,22 @@ void prBreakLines(std::string_view text, float width, float indent, const TextMe
                   std::vector<TextLine>& lines)
 {
     lines.clear();
-    if (SingleWord(text)) {
-        lines.push_back({text, indent + metrics.WidthOf(text), 0, true, true});
-        return;
-    }
     LineBreaker breaker(width, indent, metrics, lines);
     bool done = false;
     while (!done) breaker.Break(TakePiece(text, LineEnd, done));
+}
+
+bool prLayOutWord(std::string_view text, float indent, const TextMetrics& metrics,
+                  std::vector<TextLine>& lines)
+{
+    TextSum sum = {0, static_cast<std::int64_t>(text.size()), 0};
+    for (const char c : text) {
+        if (c == ' ' || c == '\r') return false;
+        sum.Widths += (*metrics.Widths)[static_cast<unsigned char>(c)];
+    }
+    lines.clear();
+    lines.push_back({text, indent + metrics.WidthOf(sum), 0, true, true});
+    return true;
 }
 
 } // namespace pdf

@@ -62,4 +62,9 @@ void prNormalizeText(std::string& text);
 void prBreakLines(std::string_view text, float width, float indent, const TextMetrics& metrics,
                   std::vector<TextLine>& lines);
 
+// Lays a single word out on a line of its own, which is all that most texts in tables need; lines
+// refers to text. False, and lines as it was, for a text that has something to normalise or break.
+bool prLayOutWord(std::string_view text, float indent, const TextMetrics& metrics,
+                  std::vector<TextLine>& lines);
+
 } // namespace pdf

@@ -58,7 +58,8 @@ void clsPDFCreator::DrawText(float X, float Y, std::string_view Text, std::int32
 {
     m->prRequire(X, Y, Angle);
     m->prRequireFont();
-    const std::string text = InWindows1252(Text);
+    std::string bytes;
+    const std::string_view text = InWindows1252(Text, bytes);
     double x = X;
     const std::int32_t alignment = Options & LineAlignment;
     if (alignment == AlignRight) x -= m->prTextWidth(text);
@@ -77,10 +78,14 @@ std::int16_t clsPDFCreator::DrawTextBox(float X, float Y, float Width, float Hei
 {
     m->prRequire(X, Y, Width, Height, LineSpacing, Indent, Angle);
     m->prRequireFont();
-    std::string text = InWindows1252(Text);
-    pdf::prNormalizeText(text);
+    std::string bytes;
+    const std::string_view text = InWindows1252(Text, bytes);
     auto& lines = m->Lines;
-    pdf::prBreakLines(text, Width, Indent, m->prMetrics(), lines);
+    if (!pdf::prLayOutWord(text, Indent, m->prMetrics(), lines)) {
+        bytes = std::string(text);
+        pdf::prNormalizeText(bytes);
+        pdf::prBreakLines(bytes, Width, Indent, m->prMetrics(), lines);
+    }
     pdf::prRequireRoom(
         static_cast<std::int32_t>(std::min<std::size_t>(lines.size() - 1, pdf::LargestCount)),
         "righe in un riquadro di testo");

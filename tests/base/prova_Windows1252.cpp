@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -38,6 +39,17 @@ TEST(InWindows1252, AsciiEDaA0InPoiIlCodiceStesso)
     EXPECT_EQ(InWindows1252("31 après"), "31 apr\xE8s");
     EXPECT_EQ(InWindows1252("\u00A0ÀÿÈ"), "\xA0\xC0\xFF\xC8");
     EXPECT_EQ(InWindows1252(""), "");
+}
+
+TEST(InWindows1252, SenzaCopiaDoveNonCENullaDaTradurre)
+{
+    std::string byte = "di prima";
+    const std::string_view ascii = "Colpo\x7F";
+    EXPECT_EQ(InWindows1252(ascii, byte).data(), ascii.data());
+    EXPECT_EQ(InWindows1252("", byte), "");
+    EXPECT_EQ(byte, "di prima");
+    EXPECT_EQ(InWindows1252("31 après", byte), "31 apr\xE8s");
+    EXPECT_EQ(byte, "31 apr\xE8s");
 }
 
 TEST(InWindows1252, UnCarattereEstraneoEUnPuntoInterrogativo)

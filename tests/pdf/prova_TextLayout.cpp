@@ -187,3 +187,28 @@ TEST(PrBreakLines, ContaIBianchiESegnaIParagrafi)
     EXPECT_TRUE(!righe[1].FirstOfParagraph && righe[1].LastOfParagraph);
     EXPECT_TRUE(righe[2].FirstOfParagraph && righe[2].LastOfParagraph);
 }
+
+TEST(PrLayOutWord, UnaParolaSolaStaSuUnaRigaSua)
+{
+    for (const std::string_view parola : {"", "abc", "a\nb", "troppolarga"}) {
+        std::vector<TextLine> righe(2);
+        ASSERT_TRUE(pdf::prLayOutWord(parola, 2, Uno, righe));
+        const auto attese = RigheDi(parola, 5, 2);
+        ASSERT_EQ(righe.size(), 1U);
+        ASSERT_EQ(attese.size(), 1U);
+        EXPECT_EQ(righe[0].Text.data(), parola.data()); // not copied
+        EXPECT_EQ(righe[0].Text, attese[0].Text);
+        EXPECT_EQ(righe[0].Width, attese[0].Width);
+        EXPECT_EQ(righe[0].Blanks, 0);
+        EXPECT_TRUE(righe[0].FirstOfParagraph && righe[0].LastOfParagraph);
+    }
+}
+
+TEST(PrLayOutWord, IlRestoNonEUnaParola)
+{
+    std::vector<TextLine> righe(2);
+    for (const std::string_view testo : {"a b", " ", "a\r\nb", "a\r"}) {
+        EXPECT_FALSE(pdf::prLayOutWord(testo, 0, Uno, righe)) << testo;
+        EXPECT_EQ(righe.size(), 2U);
+    }
+}
