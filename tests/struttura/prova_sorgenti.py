@@ -2,7 +2,8 @@
 
 import unittest
 
-from sorgenti import apertura, dichiarazioni, funzioni, spoglia
+from sorgenti import (aiuti_prestati, apertura, dichiarazioni, fonte_della_prova, funzioni,
+                      spoglia)
 
 
 def lunghezze(testo):
@@ -80,6 +81,26 @@ class Dichiarazioni(unittest.TestCase):
             (("pdf",), "prFai"): True, (("pdf",), "Aiuto"): True,
             (classe, "Objects"): True, (classe, "Scrivi"): True, (classe, "prNumero"): True,
             (classe, "Nascosta"): False, (("pdf", "Valore"), "Vuoto"): True})
+
+    def test_un_header_presta_cio_che_altri_possono_chiamare(self):
+        """Neither constructors, nor what is private, nor members of plain values."""
+        self.assertEqual(list(aiuti_prestati(self.TESTO)), ["prFai", "Aiuto", "Scrivi", "prNumero"])
+
+
+class FonteDellaProva(unittest.TestCase):
+    FONTI = {"Orologio", "clsPDFCreator_Text", "Stampe", "Stampe_Pdf"}
+
+    def test_il_nome_porta_alla_fonte(self):
+        for prova, fonte in [("prova_Orologio.cpp", "Orologio"), ("prova_Orologio_posix.cpp", "Orologio"),
+                             ("prova_Text.cpp", "clsPDFCreator_Text"),
+                             ("prova_Text_Righe.cpp", "clsPDFCreator_Text"),
+                             ("prova_Stampe_Pdf_windows.cpp", "Stampe_Pdf"),
+                             ("prova_Stampe_Guasti.cpp", "Stampe")]:
+            self.assertEqual(fonte_della_prova(prova, self.FONTI), fonte)
+
+    def test_un_altro_nome_non_porta_da_nessuna_parte(self):
+        for prova in ["prova_Orologi.cpp", "prova_Guasti.cpp", "prova_StampePdf.cpp"]:
+            self.assertIsNone(fonte_della_prova(prova, self.FONTI), prova)
 
 
 if __name__ == "__main__":

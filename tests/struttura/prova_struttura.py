@@ -1,5 +1,5 @@
 """The house plan, checked: who includes whom, who asks the system, who may know Qt; that sources
-open with what they are for, functions stay short, helpers of the PDF writer bear their prefix."""
+open with what they are for, functions stay short, tests and helpers bear the names they shall."""
 
 import os
 import pathlib
@@ -23,6 +23,8 @@ PUO_INCLUDERE = {
 }
 RIGHE_MASSIME = 500
 RIGHE_DI_FUNZIONE = 60
+# Tests of pdf/ that try all of its operations in one way.
+PROVE_DI_TUTTO = {"Capienza", "Copioni", "Limiti", "UsoErrato"}
 INTORNO = ("tests", "bench", "fuzz", "docs")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 
@@ -36,15 +38,6 @@ def sorgenti(*cartelle):
 
 def inclusioni(percorso):
     return INCLUDE.findall(percorso.read_text(encoding="utf-8"))
-
-
-def aiuti_prestati(testo):
-    """The procedures that a header of pdf/ lends to other sources."""
-    for luogo, nome, pubblica, _ in lettura.dichiarazioni(testo):
-        classe = luogo[-1].split("::")[-1] if luogo else ""
-        proprio = nome.lstrip("~") == classe or nome.startswith("operator")
-        if luogo == ("pdf",) or classe in {"State", "Objects"} and pubblica and not proprio:
-            yield nome
 
 
 class Struttura(unittest.TestCase):
@@ -124,6 +117,18 @@ class Struttura(unittest.TestCase):
                 if not lettura.apertura(percorso.read_text(encoding="utf-8"))]
         self.assertEqual([nome for nome in muti if nome not in elenco], [])
 
+    def test_le_prove_portano_il_nome_delle_fonti(self):
+        aiuti = {p.stem for p in (RADICE / "tests/aiuti").glob("*.cpp")}
+        orfane, quante = [], 0
+        for cartella in PUO_INCLUDERE:
+            fonti = {lettura.senza_sistema(p.name) for c, p in self.prodotto if c == cartella}
+            for prova in sorted((RADICE / "tests" / cartella).glob("prova_*.cpp")):
+                quante += 1
+                if lettura.fonte_della_prova(prova.name, fonti | aiuti | PROVE_DI_TUTTO) is None:
+                    orfane.append(str(prova))
+        self.assertEqual(orfane, [])
+        self.assertGreater(quante, 100)
+
     def test_le_funzioni_restano_corte(self):
         lunghe, quante = [], 0
         for _, percorso in self.prodotto + list(sorgenti(*INTORNO)):
@@ -140,7 +145,7 @@ class Struttura(unittest.TestCase):
         for cartella, percorso in self.prodotto:
             if cartella != "pdf" or percorso.suffix != ".h" or percorso.name == "clsPDFCreator.h":
                 continue
-            for nome in aiuti_prestati(percorso.read_text(encoding="utf-8")):
+            for nome in lettura.aiuti_prestati(percorso.read_text(encoding="utf-8")):
                 prestati += 1
                 if not nome.startswith("pr"):
                     senza.append(f"{percorso}: {nome}")

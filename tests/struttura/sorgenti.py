@@ -16,6 +16,21 @@ MEMBRO = re.compile(r"\)\s*(?:noexcept\s*)?[:,](?!:)[^;]*\w(?<!const)(?<!noexcep
 NOME = re.compile(r"(operator\s*(?:\(\)|[^\s(]+)|[\w:~]+)\s*\(")
 
 
+def senza_sistema(nome):
+    """A source's name without its ending and its system: Orologio_posix.cpp is Orologio."""
+    return re.sub(r"(_posix|_windows)?\.\w+$", "", nome)
+
+
+def fonte_della_prova(prova, fonti):
+    """The source that a test is named after, or None. What stands after it says what is tried; the
+    name of a class spread over several sources may be left out: prova_Text_Righe.cpp for
+    clsPDFCreator_Text.cpp."""
+    case = {nome.split("_", 1)[-1]: nome for nome in fonti} | {nome: nome for nome in fonti}
+    parti = senza_sistema(prova).removeprefix("prova_").split("_")
+    nomi = ("_".join(parti[:quante]) for quante in range(len(parti), 0, -1))
+    return next((case[nome] for nome in nomi if nome in case), None)
+
+
 class Funzione(NamedTuple):
     nome: str
     riga: int      # of its opening brace
@@ -145,3 +160,13 @@ def funzioni(testo):
 def dichiarazioni(testo):
     """Every function that stands in namespaces and classes, with a body or without."""
     return _Lettura(testo).dichiarazioni
+
+
+def aiuti_prestati(testo):
+    """The procedures that a header of pdf/ lends to other sources: those of namespace pdf, and public
+    ones of the two that own state."""
+    for luogo, nome, pubblica, _ in dichiarazioni(testo):
+        classe = luogo[-1].split("::")[-1] if luogo else ""
+        proprio = nome.lstrip("~") == classe or nome.startswith("operator")
+        if luogo == ("pdf",) or classe in {"State", "Objects"} and pubblica and not proprio:
+            yield nome
