@@ -63,6 +63,8 @@ function(scalvino_libreria nome)
             POSITION_INDEPENDENT_CODE ON
             CXX_VISIBILITY_PRESET hidden
             VISIBILITY_INLINES_HIDDEN ON)
+        # Constants of headers would stay visible to the whole process otherwise.
+        target_compile_options(${nome} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
     endif()
     target_include_directories(${nome} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${nome} PUBLIC ${ARG_USA} PRIVATE scalvino_opzioni)
