@@ -5,6 +5,7 @@
 #include "FileVecchio.h"
 #include "FormatiNumero.h"
 #include "RigheGenerali.h"
+#include "Scritte.h"
 #include "Stampe.h"
 
 #include <cmath>
@@ -15,11 +16,13 @@ namespace Stampe {
 
 namespace {
 
-constexpr std::string_view Faccia = "Verdana";
+constexpr std::string_view Faccia = scritte::Verdana;
 constexpr std::int32_t AltezzaTitoletto = 20; // pixels
 constexpr std::int32_t AltezzaRiga = 16;
 
 // Columns and rows, in twips.
+constexpr float XNome = 1100;
+constexpr float YNome = 160;
 constexpr float XTitoletto = 2500;
 constexpr float XEtichetta = 1000;
 constexpr float XValore = 3500;
@@ -53,22 +56,6 @@ std::vector<RigaVideo> Tabella(double numeroTaglie, const TotaliReport& totali)
     return tabella;
 }
 
-void DisegnaTitolo(Superficie& superficie)
-{
-    constexpr Colore grigio{127, 127, 127};
-    constexpr Colore rosso{255, 0, 0};
-    constexpr Colore nero{0, 0, 0};
-    constexpr std::int32_t punti = 20;
-    superficie.ImpostaFont("Arial Black", punti, Vero);
-    superficie.ImpostaPosizione(1120, 180);
-    superficie.ImpostaColoreTesto(grigio);
-    superficie.Stampa("SCALVINO");
-    superficie.ImpostaPosizione(1100, 160);
-    superficie.ImpostaColoreTesto(rosso);
-    superficie.Stampa("SCALVINO");
-    superficie.ImpostaColoreTesto(nero);
-}
-
 // Column after column: all labels, all values, all shares.
 void DisegnaTabella(Superficie& superficie, const std::vector<RigaVideo>& righe)
 {
@@ -99,7 +86,7 @@ std::optional<TotaliReport> StatisticheVideo(double numeroTaglie, Superficie& su
     // All numbers before the first stroke: a percentage of nothing leaves the picture alone.
     const auto righe = Tabella(numeroTaglie, *totali);
     superficie.Pulisci();
-    DisegnaTitolo(superficie);
+    scritte::StampaNome(superficie, XNome, YNome);
     DisegnaTabella(superficie, righe);
     superficie.Aggiorna();
     return totali;

@@ -1,5 +1,9 @@
+// Fonts for captions: measured as the wanted face, drawn by it or by a substitute. Quadro.cpp
+// prints with them.
+
 #include "Caratteri.h"
 
+#include "Scritte.h"
 #include "Testi.h"
 
 #include <QFontDatabase>
@@ -24,9 +28,9 @@ struct Metrica
 
 constexpr double UnitaPerEm = 2048;
 constexpr std::array<Metrica, 3> Metriche = {{
-    {"Arial", 1854, 434},
-    {"Verdana", 2059, 430},
-    {"Arial Black", 2254, 634},
+    {scritte::Arial, 1854, 434},
+    {scritte::Verdana, 2059, 430},
+    {scritte::ArialBlack, 2254, 634},
 }};
 
 // An unknown face is measured like the first.
@@ -53,10 +57,10 @@ struct Sostituto
 
 constexpr int PesoMassimo = 900;
 constexpr std::array<Sostituto, 4> Sostituti = {{
-    {"Arial", "Liberation Sans", 0},
-    {"Arial", "Arimo", 0},
-    {"Verdana", "DejaVu Sans", 0},
-    {"Arial Black", "DejaVu Sans", PesoMassimo},
+    {scritte::Arial, "Liberation Sans", 0},
+    {scritte::Arial, "Arimo", 0},
+    {scritte::Verdana, "DejaVu Sans", 0},
+    {scritte::ArialBlack, "DejaVu Sans", PesoMassimo},
 }};
 
 QFont Trova(const std::string& faccia, int peso)

@@ -47,7 +47,7 @@ public:
 
     // Start-up before the window shows: system menu, card library, title screen. False when the
     // card pictures are missing: the message has been shown and the program must end at once. Any
-    // other failure is swallowed, on purpose.
+    // other failure is swallowed on purpose: the window opens and can be used without its title.
     bool Carica();
 
     // Makes this window the surroundings of the reports: folder, the user's marks in numbers, the

@@ -4,6 +4,7 @@
 #include "Caratteri.h"
 #include "Form1.h"
 #include "Misure.h"
+#include "Scritte.h"
 #include "Testi.h"
 
 #include <QStyle>
@@ -205,7 +206,7 @@ void Form1::Controllo::CreaIn(Form1& finestra) const
 
 void Form1::CreaControlli()
 {
-    setFont(caratteri::Font("Arial", PesoNormale, PixelControlli));
+    setFont(caratteri::Font(scritte::Arial, PesoNormale, PixelControlli));
     for (const auto& controllo : Controllo::Tutti) controllo.CreaIn(*this);
 
     // These two captions alone are a little wider than their places.

@@ -1,13 +1,32 @@
+// What stands where on each screen. When one is shown: Form1_Gioco.cpp and Form1_Titolo.cpp.
+
 #include "Schermate.h"
 
 #include "LibreriaCarte.h"
 #include "Numeri.h"
+#include "Scritte.h"
+#include "Testi.h"
+
+#include <array>
 
 namespace schermate {
 
 namespace {
 
-constexpr Colore Angoli{127, 127, 127};
+constexpr Colore Sfondo{105, 230, 0}; // a bright green
+constexpr Colore Angoli = scritte::Grigio;
+
+// Names of the rows, which are those of the winners.
+constexpr std::string_view Nero = "NERO";
+constexpr std::string_view Rosso = "ROSSO";
+
+// Twips.
+constexpr float XColpo = 2000;
+constexpr float XTaglia = 2600;
+constexpr float XNomi = 150;
+constexpr float XTotali = 7600;
+constexpr float YTitoletto = 200;
+constexpr float YEsito = 4900;
 
 // Pixels.
 constexpr std::int32_t InizioRiga = 60;
@@ -16,30 +35,61 @@ constexpr std::int32_t YRosso = 210;
 constexpr int CarteComode = 7;
 constexpr std::int32_t PassoComodo = 60;
 
+struct CartaDelTitolo
+{
+    std::int32_t X;
+    std::int32_t Y;
+    std::int32_t Carta;
+};
+
+// Two fans of four, each with two red cards and two black ones, as the game has two colours. The
+// numbers are the card library's, four to a value: 36 is the ten of clubs, 44 the queen.
+constexpr std::array<CartaDelTitolo, 8> Ventagli = {{
+    {90, 80, 1},
+    {110, 100, 51},
+    {130, 120, 42},
+    {150, 140, 36},
+    {300, 80, 44},
+    {320, 100, 51},
+    {340, 120, 45},
+    {360, 140, 2},
+}};
+
 void Titoletto(Superficie& tavolo, std::string_view testo, float x, float y)
 {
     constexpr std::int32_t altezza = 22;
-    PrintSemplice(tavolo, testo, x, y, "Arial", altezza);
+    PrintSemplice(tavolo, testo, x, y, scritte::Arial, altezza);
 }
 
 void Nota(Superficie& tavolo, std::string_view testo, float x, float y)
 {
     constexpr std::int32_t altezza = 14;
-    PrintSemplice(tavolo, testo, x, y, "Arial", altezza);
+    PrintSemplice(tavolo, testo, x, y, scritte::Arial, altezza);
+}
+
+// "Premi 'Annulla taglia' per ...": what the user may do next.
+std::string Premi(std::string_view pulsante, std::string_view perche)
+{
+    return "Premi '" + std::string(pulsante) + "' per " + std::string(perche);
+}
+
+std::string NomeColpo(std::int16_t numero)
+{
+    return "Colpo della taglia: " + TestoNumero(std::int64_t{numero});
 }
 
 void Nomi(Superficie& tavolo)
 {
     constexpr std::int32_t altezza = 32;
-    PrintSemplice(tavolo, "NERO", 150, 2450, "Arial Black", altezza, VersoLAlto);
-    PrintSemplice(tavolo, "ROSSO", 150, 4550, "Arial Black", altezza, VersoLAlto);
+    PrintSemplice(tavolo, Nero, XNomi, 2450, scritte::ArialBlack, altezza, VersoLAlto);
+    PrintSemplice(tavolo, Rosso, XNomi, 4550, scritte::ArialBlack, altezza, VersoLAlto);
 }
 
 void Totali(Superficie& tavolo, const modCarte::RecordColpo& record)
 {
     constexpr std::int32_t altezza = 28;
-    PrintSemplice(tavolo, record.TotaleNero(), 7600, 1650, "Arial", altezza);
-    PrintSemplice(tavolo, record.TotaleRosso(), 7600, 3700, "Arial", altezza);
+    PrintSemplice(tavolo, record.TotaleNero(), XTotali, 1650, scritte::Arial, altezza);
+    PrintSemplice(tavolo, record.TotaleRosso(), XTotali, 3700, scritte::Arial, altezza);
 }
 
 void Riga(Superficie& tavolo, const modCarte::Mano& mano, std::int32_t y, std::int32_t passo)
@@ -81,7 +131,8 @@ std::int32_t PassoColpo(int carte)
     return carte <= CarteComode ? PassoComodo : stretto;
 }
 
-// Not the step of the coup screen, on purpose.
+// On purpose wider than on the coup screen: more is seen of each card that was left, although from
+// the ninth on the row runs on under its total.
 std::int32_t PassoFinale(int carte)
 {
     constexpr std::int32_t stretto = 50;
@@ -93,9 +144,21 @@ std::string DidascaliaEsito(const modCarte::RecordColpo& record, bool ultimo)
     if (record.Pari()) return record.Trentuno() ? "31 APRES" : "Colpo PARI";
     if (!record.VinceNero() && !record.VinceRosso()) return {};
     std::string testo = ultimo ? "Vince " : "Vincono ";
-    testo.append(record.VinceNero() ? "NERO" : "ROSSO");
+    testo.append(record.VinceNero() ? Nero : Rosso);
     // Whatever is not Colore reads as Inverso.
     return testo.append(record.VinceColore() ? " e COLORE" : " e INVERSO");
+}
+
+void Titolo(Superficie& tavolo)
+{
+    tavolo.ImpostaSfondo(Sfondo);
+    scritte::StampaNome(tavolo, 1200, 250);
+    for (const auto& carta : Ventagli) {
+        tavolo.cdtDraw(carta.X, carta.Y, carta.Carta, ModoFaccia, Angoli);
+    }
+    Titoletto(tavolo, "Simulazione gioco e statistiche del Scalvino", 700, 4000);
+    Nota(tavolo, TestoVersione(), 3500, 5000);
+    Nota(tavolo, "Realizzato da Vellarmo", 2700, 5300);
 }
 
 void NuovaTaglia(Superficie& tavolo)
@@ -106,31 +169,31 @@ void NuovaTaglia(Superficie& tavolo)
     for (std::int32_t i = 0; i < modCarte::NumeroCarteAnnullate; ++i) {
         tavolo.cdtDraw(inizio + passoX * i, inizio + passoY * i, DorsoCarta, ModoDorso, Angoli);
     }
-    Titoletto(tavolo, "Nuova taglia", 2600, 200);
-    Titoletto(tavolo, "5 carte annullate", 2400, 4900);
-    Nota(tavolo, "Premi 'Colpo successivo --->' per iniziare la partita", 1500, 5400);
+    Titoletto(tavolo, "Nuova taglia", XTaglia, YTitoletto);
+    Titoletto(tavolo, "5 carte annullate", 2400, YEsito);
+    Nota(tavolo, Premi(ColpoSuccessivo, "iniziare la partita"), 1500, 5400);
 }
 
 void Colpo(Superficie& tavolo, std::int16_t numero, const modCarte::RecordColpo& record)
 {
     Nomi(tavolo);
-    Titoletto(tavolo, "Colpo della taglia: " + Numero(numero), 2000, 200);
+    Titoletto(tavolo, NomeColpo(numero), XColpo, YTitoletto);
     Riga(tavolo, record.Nero(), YNero, PassoColpo(record.Nero().NumeroCarte()));
     Riga(tavolo, record.Rosso(), YRosso, PassoColpo(record.Rosso().NumeroCarte()));
     Totali(tavolo, record);
 
     const std::string esito = DidascaliaEsito(record, false);
     const float x = record.Trentuno() ? 3000.0F : record.Pari() ? 2700.0F : 2200.0F;
-    if (!esito.empty()) Titoletto(tavolo, esito, x, 4900);
-    Nota(tavolo, "Premi 'Colpo successivo --->' per proseguire nella partita", 2000, 5400);
+    if (!esito.empty()) Titoletto(tavolo, esito, x, YEsito);
+    Nota(tavolo, Premi(ColpoSuccessivo, "proseguire nella partita"), 2000, 5400);
 }
 
 void FineTaglia(Superficie& tavolo, std::int16_t numero, const modCarte::RecordColpo& record,
                 const modCarte::StatisticheTaglia& statistiche)
 {
     Nomi(tavolo);
-    if (record.Breve()) Titoletto(tavolo, "Fine taglia", 2600, 200);
-    else Titoletto(tavolo, "Colpo della taglia: " + Numero(numero) + " (ultimo)", 2000, 200);
+    if (record.Breve()) Titoletto(tavolo, "Fine taglia", XTaglia, YTitoletto);
+    else Titoletto(tavolo, NomeColpo(numero) + " (ultimo)", XColpo, YTitoletto);
 
     Riga(tavolo, record.Nero(), YNero, PassoFinale(record.Nero().NumeroCarte()));
     Riga(tavolo, record.Rosso(), YRosso, PassoFinale(record.Rosso().NumeroCarte()));
@@ -143,9 +206,9 @@ void FineTaglia(Superficie& tavolo, std::int16_t numero, const modCarte::RecordC
         Nota(tavolo, Riassunto(numero, rimaste, statistiche), 400, 5160);
     } else {
         const std::string esito = DidascaliaEsito(record, true);
-        if (!esito.empty()) Titoletto(tavolo, esito, 2400, 4900);
+        if (!esito.empty()) Titoletto(tavolo, esito, 2400, YEsito);
     }
-    Nota(tavolo, "Premi 'Annulla taglia' per iniziare una nuova partita", 1500, 5410);
+    Nota(tavolo, Premi(AnnullaTaglia, "iniziare una nuova partita"), 1500, 5410);
 }
 
 } // namespace schermate

@@ -1,4 +1,4 @@
-// The three screens of a game: what they show and where. No widget is known here.
+// The title and the three screens of a game: what they show and where. No widget is known here.
 #pragma once
 
 #include "Superficie.h"
@@ -11,6 +11,10 @@
 namespace schermate {
 
 // Each draws its elements on a cleared surface, which is not refreshed here.
+
+// The program's name, two fans of cards, the version. Leaves a green background, black text and the
+// name's font to every later screen.
+void Titolo(Superficie& tavolo);
 
 // Five backs and the captions of a new shoe.
 void NuovaTaglia(Superficie& tavolo);

@@ -6,6 +6,7 @@
 #include "Caratteri.h"
 #include "Generale.h"
 #include "Racconto.h"
+#include "Scritte.h"
 #include "Testi.h"
 
 #include <QAccessible>
@@ -33,7 +34,7 @@ TavoloCarte::TavoloCarte(QWidget* padre)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(QStringLiteral("Tavolo da gioco"));
-    TavoloCarte::ImpostaFont("Arial", PuntiIniziali, Falso);
+    TavoloCarte::ImpostaFont(scritte::Arial, PuntiIniziali, Falso);
 }
 
 void TavoloCarte::Pulisci()
