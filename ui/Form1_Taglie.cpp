@@ -4,6 +4,7 @@
 
 #include "Ambiente.h"
 #include "ErroreRuntime.h"
+#include "FormatiNumero.h"
 #include "Generale.h"
 #include "Messaggi.h"
 #include "Numeri.h"
@@ -22,19 +23,23 @@ namespace {
 // What a full report may hold at most.
 struct Limite
 {
-    double Massimo;
-    const char* Messaggio;
-    const char* Testo;
+    const char* Nome;
+    int Massimo;
 };
 
-// By report form.
-constexpr std::array<Limite, 3> Limiti = {{
-    {50, "Il numero massimo di taglie visualizzabili in HTML è 50", "50"},
-    {20, "Il numero massimo di taglie visualizzabili in PDF è 20", "20"},
-    {500, "Il numero massimo di taglie visualizzabili in TXT è 500", "500"},
-}};
+// By report form; the one on screen is never full.
+constexpr std::array<Limite, 3> Limiti = {{{"HTML", 50}, {"PDF", 20}, {"TXT", 500}}};
 
-constexpr double TaglieSenzaDomanda = 10000;
+// Statistics of more are worth a question.
+constexpr int TaglieSenzaDomanda = 10000;
+
+// "Oltre le 10.000 taglie ...", with the Italian mark whatever the user's is, like all of the text.
+std::string DomandaPerTante()
+{
+    return "Oltre le " + Stampe::MigliaiaConZero(TaglieSenzaDomanda, {",", "."}) +
+           " taglie si rischiano lunghi tempi di attesa e si stressa la memoria.\r"
+           "Vuoi comunque continuare?";
+}
 
 // The pointer of the whole screen, for as long as this lives.
 class Clessidra
@@ -63,15 +68,17 @@ Flag Form1::ControllaLimiti()
     if (ValoreStat() == 0) {
         const std::size_t forma = FormaScelta();
         if (forma >= Limiti.size() || !(numero > Limiti[forma].Massimo)) return Falso;
-        MsgBox(this, Limiti[forma].Messaggio, QMessageBox::Warning);
-        numTaglie->setText(QString::fromLatin1(Limiti[forma].Testo));
+        const std::string massimo = TestoNumero(std::int64_t{Limiti[forma].Massimo});
+        MsgBox(this,
+               "Il numero massimo di taglie visualizzabili in " + std::string(Limiti[forma].Nome) +
+                   " è " + massimo,
+               QMessageBox::Warning);
+        numTaglie->setText(InQt(massimo));
         return Vero;
     }
     if (ValoreStat() == 1 && numero > TaglieSenzaDomanda) {
-        const auto risposta = MsgBox(this,
-                                     "Oltre le 10.000 taglie si rischiano lunghi tempi di attesa "
-                                     "e si stressa la memoria.\rVuoi comunque continuare?",
-                                     QMessageBox::Question, QMessageBox::Yes | QMessageBox::No);
+        const auto risposta = MsgBox(this, DomandaPerTante(), QMessageBox::Question,
+                                     QMessageBox::Yes | QMessageBox::No);
         return ComeFlag(risposta != QMessageBox::Yes);
     }
     return Falso;
