@@ -1,3 +1,6 @@
+// The application object: language, failures, signals. What a failure's box says stands in
+// Messaggi.cpp.
+
 #include "Applicazione.h"
 
 #include "Messaggi.h"

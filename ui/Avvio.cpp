@@ -1,3 +1,6 @@
+// What main.cpp does before the window: answers, the scale, a display. Why each is needed stands in
+// Avvio.h.
+
 #include "Avvio.h"
 
 #include "Applicazione.h"

@@ -1,3 +1,6 @@
+// Cards out of resources/carte.svg, drawn once for each density and kept. Quadro.cpp lays them
+// down.
+
 #include "LibreriaCarte.h"
 
 #include "ErroreRuntime.h"

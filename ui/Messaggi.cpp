@@ -1,3 +1,6 @@
+// Message boxes, the texts of failures, and the one line that goes to standard error. Who shows
+// them: Applicazione.cpp and Form1_*.cpp.
+
 #include "Messaggi.h"
 
 #include "MisuraFissa.h"

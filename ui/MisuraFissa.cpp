@@ -1,3 +1,5 @@
+// A guard that brings a window back to its size; why it is needed stands in MisuraFissa.h.
+
 #include "MisuraFissa.h"
 
 #include <QEvent>

@@ -1,3 +1,5 @@
+// Reads a number with the user's marks by writing it anew without them; base/Numeri.h reads that.
+
 #include "NumeroUtente.h"
 
 #include "Cifre.h"

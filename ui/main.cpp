@@ -1,3 +1,5 @@
+// The program: from the arguments to the window and back to the exit code. Next: Avvio.h, Form1.h.
+
 #include "Ambiente.h"
 #include "Applicazione.h"
 #include "Avvio.h"
