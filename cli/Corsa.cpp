@@ -89,6 +89,7 @@ private:
     void DopoTaglia(std::int64_t fatte);
     std::optional<Stampe::TotaliReport> FaiReport();
     void ChiudiFile();
+    double Taglie() const { return static_cast<double>(m_sorgente.Quante()); } // exact below 2^53
     std::string DescriviInterruzione() const;
     std::string Risultati(const Stampe::TotaliReport& totali) const;
 
@@ -135,7 +136,7 @@ void Corsa::ImpostaAmbiente()
 void Corsa::PretendiSpazio() const
 {
     if (m_opzioni.FormaReport == Stampe::FormaPdf && m_opzioni.Piena()) {
-        Stampe::PretendiSpazioPdf(static_cast<double>(m_sorgente.Quante()));
+        Stampe::PretendiSpazioPdf(Stampe::NumeroTaglie(Taglie()));
     }
 }
 
@@ -165,7 +166,7 @@ void Corsa::DopoTaglia(std::int64_t fatte)
 std::optional<Stampe::TotaliReport> Corsa::FaiReport()
 {
     const auto& forma = Stampe::Forme.at(m_opzioni.FormaReport);
-    const auto taglie = static_cast<double>(m_sorgente.Quante());
+    const double taglie = Taglie();
     return m_opzioni.Piena() ? forma.Stampa(taglie) : forma.Statistiche(taglie, m_schermo, {});
 }
 

@@ -53,18 +53,33 @@ void TotaliReport::Aggiungi(const TotaliReport& altri)
     modCarte::AggiungiConti<std::int64_t, std::int64_t>(*this, altri);
 }
 
-std::int64_t TaglieDaFare(double numeroTaglie)
+namespace {
+
+std::int64_t Intere(double chieste)
 {
     constexpr double massimo = 9007199254740992.0; // 2^53: above it not every number exists
-    if (!(numeroTaglie >= 1)) {
+    if (!(chieste >= 1)) {
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "deve essere almeno 1",
                             "numero di taglie");
     }
-    if (numeroTaglie > massimo) {
+    if (chieste > massimo) {
         throw ErroreRuntime(NumeroErrore::Overflow, "può essere al massimo 9007199254740992",
                             "numero di taglie");
     }
-    return static_cast<std::int64_t>(std::nearbyint(numeroTaglie));
+    return static_cast<std::int64_t>(std::nearbyint(chieste));
+}
+
+} // namespace
+
+NumeroTaglie::NumeroTaglie(double chieste)
+    : m_chieste(chieste)
+    , m_daFare(Intere(chieste))
+{
+}
+
+std::int64_t NumeroTaglie::Mostrate() const
+{
+    return std::llround(m_chieste);
 }
 
 namespace {
@@ -203,12 +218,12 @@ std::optional<TotaliReport> InParallelo(std::int64_t taglie, int quantiFili,
 } // namespace
 
 std::optional<TotaliReport>
-EseguiPiene(std::int64_t taglie,
+EseguiPiene(const NumeroTaglie& chieste,
             const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia,
             const std::function<void(std::int64_t taglia)>& primaDi)
 {
     Conti conti;
-    for (std::int64_t taglia = 1; taglia <= taglie; ++taglia) {
+    for (std::int64_t taglia = 1; taglia <= chieste.DaFare(); ++taglia) {
         if (primaDi) primaDi(taglia);
         const CifreTaglia cifre = GiocaUna(taglia, conti);
         perTaglia(taglia, cifre);
@@ -219,12 +234,13 @@ EseguiPiene(std::int64_t taglie,
 }
 
 std::optional<TotaliReport>
-EseguiStatistiche(std::int64_t taglie, const std::function<void(std::int64_t fatte)>& perTaglia)
+EseguiStatistiche(const NumeroTaglie& chieste,
+                  const std::function<void(std::int64_t fatte)>& perTaglia)
 {
-    const auto utili = std::min<std::int64_t>(AmbienteInUso.Fili, taglie);
-    if (utili > 1) return InParallelo(taglie, static_cast<int>(utili), perTaglia);
+    const auto utili = std::min<std::int64_t>(AmbienteInUso.Fili, chieste.DaFare());
+    if (utili > 1) return InParallelo(chieste.DaFare(), static_cast<int>(utili), perTaglia);
     return EseguiPiene(
-        taglie, [&perTaglia](std::int64_t taglia, const CifreTaglia&) { perTaglia(taglia); });
+        chieste, [&perTaglia](std::int64_t taglia, const CifreTaglia&) { perTaglia(taglia); });
 }
 
 } // namespace Stampe

@@ -39,15 +39,36 @@ struct TotaliReport : modCarte::ContiEsiti<std::int64_t>
     bool operator==(const TotaliReport&) const = default;
 };
 
-// The whole number of shoes to run for what the user asked: halves to even. Error 5 below 1 (or no
-// number), error 6 above 2^53.
-std::int64_t TaglieDaFare(double numeroTaglie);
+// How many shoes a run was asked for. Every operation makes this of the number it is given before
+// it touches anything: here it is checked, and here alone it becomes whole.
+class NumeroTaglie
+{
+public:
+    // Error 5 below 1 (or no number), error 6 above 2^53.
+    explicit NumeroTaglie(double chieste);
 
-// Runs the shoes of a full report, 1 to taglie: before each one primaDi, if there is one; after it
+    // As asked for: what reports divide by, and what the progress shows.
+    double Chieste() const { return m_chieste; }
+
+    // The shoes that are played: halves to even.
+    std::int64_t DaFare() const { return m_daFare; }
+
+    // The number that reports print: halves up. So it can differ from DaFare.
+    std::int64_t Mostrate() const;
+
+    // Whether a report is one of several shoes, as it is for 1.2 although one is played.
+    bool PiuDiUna() const { return m_chieste > 1; }
+
+private:
+    double m_chieste;
+    std::int64_t m_daFare;
+};
+
+// Runs the shoes of a full report, from 1 on: before each one primaDi, if there is one; after it
 // perTaglia, with modCarte still holding the shoe, then the question whether to stop. Nothing is
 // returned when stopped.
 std::optional<TotaliReport>
-EseguiPiene(std::int64_t taglie,
+EseguiPiene(const NumeroTaglie& chieste,
             const std::function<void(std::int64_t taglia, const CifreTaglia&)>& perTaglia,
             const std::function<void(std::int64_t taglia)>& primaDi = {});
 
@@ -56,6 +77,7 @@ EseguiPiene(std::int64_t taglie,
 // done so far, once for each shoe that this thread played itself. A failure in any thread ends the
 // others and surfaces here.
 std::optional<TotaliReport>
-EseguiStatistiche(std::int64_t taglie, const std::function<void(std::int64_t fatte)>& perTaglia);
+EseguiStatistiche(const NumeroTaglie& chieste,
+                  const std::function<void(std::int64_t fatte)>& perTaglia);
 
 } // namespace Stampe

@@ -5,7 +5,7 @@
 
 namespace Stampe {
 
-std::vector<RigaGenerale> RigheGenerali(double numeroTaglie, const TotaliReport& totali,
+std::vector<RigaGenerale> RigheGenerali(const NumeroTaglie& chieste, const TotaliReport& totali,
                                         const Separatori& separatori)
 {
     const auto quota = [&separatori](const Quoziente& quoziente) {
@@ -14,9 +14,9 @@ std::vector<RigaGenerale> RigheGenerali(double numeroTaglie, const TotaliReport&
     std::vector<RigaGenerale> righe;
     righe.reserve(PrimoEsito + EtichetteEsiti.size());
     righe.push_back({"Colpi totali:", totali.Colpi,
-                     DueDecimali(Rapporto(totali.Colpi, numeroTaglie), separatori)});
+                     DueDecimali(Rapporto(totali.Colpi, chieste.Chieste()), separatori)});
     righe.push_back({"Carte utilizzate:", totali.CarteUsate,
-                     quota(Rapporto(totali.CarteUsate, numeroTaglie, modCarte::CarteTaglia))});
+                     quota(Rapporto(totali.CarteUsate, chieste.Chieste(), modCarte::CarteTaglia))});
     for (std::size_t posto = 0; posto < EtichetteEsiti.size(); ++posto) {
         const std::int64_t totale =
             modCarte::Conto<std::int64_t>(totali, modCarte::OrdineReport[posto]);

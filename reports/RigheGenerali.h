@@ -46,7 +46,7 @@ inline constexpr std::size_t PrimaCombinata = PrimoEsito + modCarte::PrimoCombin
 
 // The rows that follow the number of shoes: coups, cards, then the outcomes in the order of
 // modCarte::OrdineReport. Error 11 when there are no coups.
-std::vector<RigaGenerale> RigheGenerali(double numeroTaglie, const TotaliReport& totali,
+std::vector<RigaGenerale> RigheGenerali(const NumeroTaglie& chieste, const TotaliReport& totali,
                                         const Separatori& separatori);
 
 } // namespace Stampe

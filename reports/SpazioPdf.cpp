@@ -4,7 +4,6 @@
 #include "SpazioPdf.h"
 
 #include "Ambiente.h"
-#include "CorsaTaglie.h"
 #include "ErroreRuntime.h"
 #include "Stampe.h"
 #include "modCarte.h"
@@ -48,10 +47,10 @@ std::int64_t CaratteriTaglia()
 }
 
 // Whether a report fits whose shoes show so many fonts in all, not counting those of the pages.
-bool Entra(double numeroTaglie, std::int64_t caratteriTaglie)
+bool Entra(const NumeroTaglie& chieste, std::int64_t caratteriTaglie)
 {
     // The page of general statistics follows the number as it was given.
-    const std::int64_t pagine = TaglieDaFare(numeroTaglie) + (numeroTaglie > 1 ? 1 : 0);
+    const std::int64_t pagine = chieste.DaFare() + (chieste.PiuDiUna() ? 1 : 0);
     const std::int64_t caratteri =
         AmbienteInUso.CaratteriUnici ? CaratteriUnici
                                      : CaratteriFissi + pagine * CaratteriPagina + caratteriTaglie;
@@ -83,23 +82,23 @@ void TroppePerUnPdf()
                         PercorsoReport(NomePdf));
 }
 
-void PretendiPdfPossibile(double numeroTaglie)
+void PretendiPdfPossibile(const NumeroTaglie& chieste)
 {
-    const std::int64_t taglie = TaglieDaFare(numeroTaglie);
+    const std::int64_t taglie = chieste.DaFare();
     // Beyond this many no product of theirs is asked for, which could leave 64 bits.
-    if (taglie > MassimoOggetti || !Entra(numeroTaglie, taglie * MinimoCaratteriTaglia)) {
+    if (taglie > MassimoOggetti || !Entra(chieste, taglie * MinimoCaratteriTaglia)) {
         TroppePerUnPdf();
     }
 }
 
-void PretendiSpazioPdf(double numeroTaglie)
+void PretendiSpazioPdf(const NumeroTaglie& chieste)
 {
-    PretendiPdfPossibile(numeroTaglie);
-    const std::int64_t taglie = TaglieDaFare(numeroTaglie);
-    if (Entra(numeroTaglie, taglie * MassimoCaratteriTaglia)) return;
+    PretendiPdfPossibile(chieste);
+    const std::int64_t taglie = chieste.DaFare();
+    if (Entra(chieste, taglie * MassimoCaratteriTaglia)) return;
     std::int64_t caratteri = 0;
     auto mazzi = GiocaTutte(taglie, caratteri);
-    if (!Entra(numeroTaglie, caratteri)) TroppePerUnPdf();
+    if (!Entra(chieste, caratteri)) TroppePerUnPdf();
     AmbienteInUso.PreparaTaglia = [mazzi = std::move(mazzi)](std::int64_t taglia) {
         modCarte::ImpostaMazzo(mazzi.at(static_cast<std::size_t>(taglia) - 1));
     };

@@ -36,12 +36,12 @@ std::string PercorsoReport(std::string_view nome)
     return std::string(AmbienteInUso.Cartella).append(nome);
 }
 
-std::optional<TotaliReport> EseguiConAvanzamento(double numeroTaglie,
+std::optional<TotaliReport> EseguiConAvanzamento(const NumeroTaglie& chieste,
                                                  const EtichettaStato& etichettaStato)
 {
-    const std::string diTutte = " di " + TestoNumero(numeroTaglie);
+    const std::string diTutte = " di " + TestoNumero(chieste.Chieste());
     std::string didascalia;
-    return EseguiStatistiche(TaglieDaFare(numeroTaglie), [&](std::int64_t taglia) {
+    return EseguiStatistiche(chieste, [&](std::int64_t taglia) {
         if (etichettaStato) {
             didascalia = "Elaborazione in corso. Attendere... Taglia ";
             didascalia.append(TestoNumero(taglia)).append(diTutte);
@@ -68,7 +68,7 @@ std::array<std::string, 2> RigheRiassunto(const CifreTaglia& cifre, const Separa
 
 std::optional<TotaliReport> SoloTotali(double numeroTaglie, const EtichettaStato& etichettaStato)
 {
-    return EseguiConAvanzamento(numeroTaglie, etichettaStato);
+    return EseguiConAvanzamento(NumeroTaglie(numeroTaglie), etichettaStato);
 }
 
 void EliminaReport()

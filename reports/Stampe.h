@@ -123,7 +123,7 @@ void Riga(std::string& testo, const Pezzi&... pezzi)
 std::array<std::string, 2> RigheRiassunto(const CifreTaglia& cifre, const Separatori& separatori);
 
 // Runs the shoes of a statistics-only form: after each the progress text and one yield.
-std::optional<TotaliReport> EseguiConAvanzamento(double numeroTaglie,
+std::optional<TotaliReport> EseguiConAvanzamento(const NumeroTaglie& chieste,
                                                  const EtichettaStato& etichettaStato);
 
 } // namespace Stampe

@@ -12,7 +12,6 @@
 #include "Stampe_Stile.h"
 #include "Windows1252.h"
 
-#include <cmath>
 #include <span>
 
 namespace Stampe {
@@ -62,17 +61,17 @@ void Scarica(FileNuovo& file, std::string& testo)
 }
 
 // False when asked to stop: the links of very many shoes take a while.
-bool CimaPagina(FileNuovo& file, std::string& testo, double numeroTaglie, std::int64_t taglie)
+bool CimaPagina(FileNuovo& file, std::string& testo, const NumeroTaglie& chieste)
 {
     constexpr std::size_t pieno = 64 * 1024; // any number of links takes no more memory than this
     Riga(testo,
          "<a name=\"top\"></a><div id=\"su\"><a href=\"#statistiche\">Statistiche</a></div>");
     Riga(testo, "<div align=\"center\">");
     Riga(testo, "<font face=\"Tahoma\" size=\"5\"><b>SCALVINO</b></font><br><br>");
-    if (numeroTaglie > 1) {
+    if (chieste.PiuDiUna()) {
         Riga(testo, "Vai alla taglia: ");
         // The first shoe follows at once and has no link on purpose.
-        for (std::int64_t i = 2; i <= taglie; ++i) {
+        for (std::int64_t i = 2; i <= chieste.DaFare(); ++i) {
             const std::string numero = TestoNumero(i);
             Riga(testo, "<a href=\"#", numero, "\">", numero, "</a>");
             if (testo.size() > pieno) {
@@ -152,14 +151,14 @@ void IntestazioneTabella(std::string& testo)
     Riga(testo, "    </tr>");
 }
 
-std::string Sezione(std::int64_t taglia, double numeroTaglie, const CifreTaglia& cifre,
+std::string Sezione(std::int64_t taglia, const NumeroTaglie& chieste, const CifreTaglia& cifre,
                     const Separatori& separatori)
 {
     const std::string numero = TestoNumero(taglia);
     std::string testo;
     Riga(testo, "<a name=\"", numero, "\"><div id=\"su\"><a href=\"#top\">Torna su</a></div>");
     Riga(testo, "<div align=\"center\">");
-    Riga(testo, "<font face=\"arial\" size=\"4\"><b>Taglia", numeroTaglie > 1 ? " " + numero : "",
+    Riga(testo, "<font face=\"arial\" size=\"4\"><b>Taglia", chieste.PiuDiUna() ? " " + numero : "",
          "</b></font><br><br>");
     const auto riassunto = RigheRiassunto(cifre, separatori);
     Riga(testo, riassunto[0], "<br>");
@@ -192,11 +191,11 @@ void Terna(std::string& testo, bool prima, std::string_view etichetta, std::stri
 }
 
 // A row of three: the number of shoes, coups and cards.
-void RigaTotali(std::string& testo, double numeroTaglie, std::span<const RigaGenerale> righe,
-                const Separatori& separatori)
+void RigaTotali(std::string& testo, const NumeroTaglie& chieste,
+                std::span<const RigaGenerale> righe, const Separatori& separatori)
 {
     Riga(testo, "    <tr>");
-    Terna(testo, true, "Numero taglie:", Migliaia(std::llround(numeroTaglie), separatori), "");
+    Terna(testo, true, "Numero taglie:", Migliaia(chieste.Mostrate(), separatori), "");
     for (const auto& riga : righe) {
         Terna(testo, false, riga.Etichetta, Migliaia(riga.Totale, separatori), riga.Quota);
     }
@@ -217,7 +216,7 @@ void RigaEsiti(std::string& testo, std::span<const RigaGenerale> righe,
     Riga(testo, "    </tr>");
 }
 
-void Generali(std::string& testo, double numeroTaglie, const TotaliReport& totali,
+void Generali(std::string& testo, const NumeroTaglie& chieste, const TotaliReport& totali,
               const Separatori& separatori)
 {
     Riga(testo, "<div align=\"center\">");
@@ -227,9 +226,9 @@ void Generali(std::string& testo, double numeroTaglie, const TotaliReport& total
         testo,
         "      <td width=\"100%\" colspan=\"9\" align=\"center\"><b>Statistiche generali</b></td>");
     Riga(testo, "    </tr>");
-    const auto righe = RigheGenerali(numeroTaglie, totali, separatori);
+    const auto righe = RigheGenerali(chieste, totali, separatori);
     const std::span<const RigaGenerale> tutte(righe);
-    RigaTotali(testo, numeroTaglie, tutte.first(PrimoEsito), separatori);
+    RigaTotali(testo, chieste, tutte.first(PrimoEsito), separatori);
     RigaEsiti(testo, tutte.subspan(PrimoEsito, 3), separatori);
     RigaEsiti(testo, tutte.subspan(PrimoEsito + 3, 3), separatori);
     Riga(testo, "    <tr>");
@@ -255,24 +254,24 @@ void Finisci(FileNuovo& file, std::string& testo)
 
 std::optional<TotaliReport> StampaHtml(double numeroTaglie)
 {
-    const std::int64_t taglie = TaglieDaFare(numeroTaglie);
+    const NumeroTaglie chieste(numeroTaglie);
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
     FileNuovo file(PercorsoReport(NomeHtml));
     std::string testo;
     Testa(testo, FoglioStile::Completo);
-    if (!CimaPagina(file, testo, numeroTaglie, taglie)) return std::nullopt;
+    if (!CimaPagina(file, testo, chieste)) return std::nullopt;
     Scarica(file, testo);
 
-    const auto totali = EseguiPiene(taglie, [&](std::int64_t taglia, const CifreTaglia& cifre) {
-        file.Scrivi(InWindows1252(Sezione(taglia, numeroTaglie, cifre, separatori)));
+    const auto totali = EseguiPiene(chieste, [&](std::int64_t taglia, const CifreTaglia& cifre) {
+        file.Scrivi(InWindows1252(Sezione(taglia, chieste, cifre, separatori)));
     });
     if (!totali) return std::nullopt;
 
-    if (numeroTaglie > 1) {
+    if (chieste.PiuDiUna()) {
         Riga(testo,
              "<a name=\"statistiche\"></a><div id=\"su\"><a href=\"#top\">Torna su</a></div>");
         Riga(testo, "<br>");
-        Generali(testo, numeroTaglie, *totali, separatori);
+        Generali(testo, chieste, *totali, separatori);
     }
     Coda(testo);
     Finisci(file, testo);
@@ -282,7 +281,7 @@ std::optional<TotaliReport> StampaHtml(double numeroTaglie)
 std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
                                             const EtichettaStato& etichettaStato)
 {
-    TaglieDaFare(numeroTaglie); // refuses a bad number before the old report is gone
+    const NumeroTaglie chieste(numeroTaglie); // refuses a bad number before the old report is gone
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
     FileNuovo file(PercorsoReport(NomeHtml));
     std::string testo;
@@ -295,10 +294,10 @@ std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
     Riga(testo, "<br>");
     Scarica(file, testo);
 
-    const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);
+    const auto totali = EseguiConAvanzamento(chieste, etichettaStato);
     if (!totali) return std::nullopt;
 
-    Generali(testo, numeroTaglie, *totali, separatori);
+    Generali(testo, chieste, *totali, separatori);
     Coda(testo);
     Finisci(file, testo);
     return totali;

@@ -15,7 +15,6 @@
 #include "Stampe.h"
 #include "clsPDFCreator.h"
 
-#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -224,10 +223,10 @@ void RigaColpo(clsPDFCreator& pdf, std::int64_t numero, std::string_view record)
     pdf.EndRow();
 }
 
-void CorpoTaglia(clsPDFCreator& pdf, std::int64_t taglia, double numeroTaglie,
+void CorpoTaglia(clsPDFCreator& pdf, std::int64_t taglia, const NumeroTaglie& chieste,
                  const CifreTaglia& cifre, const Separatori& separatori)
 {
-    const std::string titolo = numeroTaglie > 1 ? "Taglia " + TestoNumero(taglia) : "Taglia";
+    const std::string titolo = chieste.PiuDiUna() ? "Taglia " + TestoNumero(taglia) : "Taglia";
     const auto riassunto = RigheRiassunto(cifre, separatori);
     pdf.SetFontSize(12);
     pdf.DrawText(Mezzeria, 2, titolo, Centro, 0);
@@ -278,13 +277,13 @@ void RigaTitolo(clsPDFCreator& pdf, std::string_view titolo)
     pdf.EndRow();
 }
 
-void Generali(clsPDFCreator& pdf, double numeroTaglie, const TotaliReport& totali,
+void Generali(clsPDFCreator& pdf, const NumeroTaglie& chieste, const TotaliReport& totali,
               const Separatori& separatori)
 {
     pdf.SetFont("Verdana", 8, Normale);
     pdf.BeginTable(4.5F, 4, "White", 0.01F, "Gray");
-    RigaGenerali(pdf, "Numero taglie:", Migliaia(std::llround(numeroTaglie), separatori), "");
-    const auto righe = RigheGenerali(numeroTaglie, totali, separatori);
+    RigaGenerali(pdf, "Numero taglie:", Migliaia(chieste.Mostrate(), separatori), "");
+    const auto righe = RigheGenerali(chieste, totali, separatori);
     for (std::size_t i = 0; i < righe.size(); ++i) {
         if (i == PrimaCombinata) RigaTitolo(pdf, "Altre combinazioni vincenti");
         RigaGenerali(pdf, righe[i].Etichetta, Migliaia(righe[i].Totale, separatori),
@@ -325,7 +324,7 @@ std::string_view SemeSymbol(std::string_view carta)
 
 namespace {
 
-std::optional<TotaliReport> ScriviPieno(double numeroTaglie)
+std::optional<TotaliReport> ScriviPieno(const NumeroTaglie& chieste)
 {
     constexpr float titoloTaglia = 1.3F;
     constexpr float titoloGenerali = 2;
@@ -334,18 +333,18 @@ std::optional<TotaliReport> ScriviPieno(double numeroTaglie)
     auto& pdf = documento.Pdf;
 
     const auto totali = EseguiPiene(
-        TaglieDaFare(numeroTaglie),
+        chieste,
         [&](std::int64_t taglia, const CifreTaglia& cifre) {
-            CorpoTaglia(pdf, taglia, numeroTaglie, cifre, separatori);
+            CorpoTaglia(pdf, taglia, chieste, cifre, separatori);
         },
         [&](std::int64_t) { TestaPagina(pdf, titoloTaglia); });
     if (!totali) return std::nullopt;
 
-    if (numeroTaglie > 1) {
+    if (chieste.PiuDiUna()) {
         TestaPagina(pdf, titoloGenerali);
         pdf.SetFontSize(12);
         pdf.DrawText(Mezzeria, 3, "Statistiche generali", Centro, 0);
-        Generali(pdf, numeroTaglie, *totali, separatori);
+        Generali(pdf, chieste, *totali, separatori);
     }
     documento.Finisci();
     return totali;
@@ -355,11 +354,12 @@ std::optional<TotaliReport> ScriviPieno(double numeroTaglie)
 
 std::optional<TotaliReport> StampaPdf(double numeroTaglie)
 {
-    PretendiPdfPossibile(numeroTaglie);
+    const NumeroTaglie chieste(numeroTaglie);
+    PretendiPdfPossibile(chieste);
     PretendiData();
     if (InUso()) return std::nullopt;
     try {
-        return ScriviPieno(numeroTaglie);
+        return ScriviPieno(chieste);
     } catch (const ErroreRuntime& errore) {
         // The writer tells which of its own limits was met; the user counts shoes.
         const bool limite = errore.Numero() == NumeroErrore::Overflow;
@@ -372,11 +372,11 @@ std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
                                            const EtichettaStato& etichettaStato)
 {
     constexpr float titolo = 1.3F;
-    TaglieDaFare(numeroTaglie); // refuses a bad number before anything is asked or touched
+    const NumeroTaglie chieste(numeroTaglie); // a bad number is refused before anything is asked
     PretendiData();
     if (InUso()) return std::nullopt;
     PretendiSostituibile(PercorsoReport(NomePdf)); // not only when all the shoes are played
-    const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);
+    const auto totali = EseguiConAvanzamento(chieste, etichettaStato);
     if (!totali) return std::nullopt;
 
     Documento documento;
@@ -386,7 +386,7 @@ std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
     pdf.DrawText(Mezzeria, 3, "Simulazione taglie", Centro, 0);
     pdf.SetFontSize(10);
     pdf.DrawText(Mezzeria, 3.5F, "Statistiche generali", Centro, 0);
-    Generali(pdf, numeroTaglie, *totali, SeparatoriPerFile(AmbienteInUso.Cifre));
+    Generali(pdf, chieste, *totali, SeparatoriPerFile(AmbienteInUso.Cifre));
     documento.Finisci();
     return totali;
 }

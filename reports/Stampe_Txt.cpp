@@ -10,7 +10,6 @@
 #include "Windows1252.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 
 namespace Stampe {
@@ -117,12 +116,11 @@ std::string Sezione(std::int64_t taglia, const CifreTaglia& cifre, const Separat
     return testo;
 }
 
-void Generali(std::string& testo, double numeroTaglie, const TotaliReport& totali,
+void Generali(std::string& testo, const NumeroTaglie& chieste, const TotaliReport& totali,
               const Separatori& separatori)
 {
-    Riga(testo, FinoAColonna("Taglie:", ColonnaGenerale),
-         Migliaia(std::llround(numeroTaglie), separatori));
-    const auto righe = RigheGenerali(numeroTaglie, totali, separatori);
+    Riga(testo, FinoAColonna("Taglie:", ColonnaGenerale), Migliaia(chieste.Mostrate(), separatori));
+    const auto righe = RigheGenerali(chieste, totali, separatori);
     for (std::size_t i = 0; i < righe.size(); ++i) {
         if (i == PrimaCombinata) Riga(testo);
         Riga(testo, FinoAColonna(righe[i].Etichetta, ColonnaGenerale),
@@ -142,7 +140,7 @@ void Accoda(FileNuovo& file, const std::string& testo)
 
 std::optional<TotaliReport> StampaTxt(double numeroTaglie)
 {
-    const std::int64_t taglie = TaglieDaFare(numeroTaglie);
+    const NumeroTaglie chieste(numeroTaglie);
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
     FileNuovo file(PercorsoReport(NomeTxt));
     std::string testo;
@@ -152,7 +150,7 @@ std::optional<TotaliReport> StampaTxt(double numeroTaglie)
     file.Chiudi();
     file.Conserva();
 
-    const auto totali = EseguiPiene(taglie, [&](std::int64_t taglia, const CifreTaglia& cifre) {
+    const auto totali = EseguiPiene(chieste, [&](std::int64_t taglia, const CifreTaglia& cifre) {
         Accoda(file, Sezione(taglia, cifre, separatori));
     });
     if (!totali) return std::nullopt;
@@ -162,7 +160,7 @@ std::optional<TotaliReport> StampaTxt(double numeroTaglie)
     Riga(testo);
     Riga(testo, TitoloGenerali);
     Riga(testo);
-    Generali(testo, numeroTaglie, *totali, separatori);
+    Generali(testo, chieste, *totali, separatori);
     Accoda(file, testo);
     file.PretendiNostro(); // nobody else's file is opened as the report
     AmbienteInUso.Apri(file.Percorso(), StileFinestra::NormaleConFuoco);
@@ -172,10 +170,10 @@ std::optional<TotaliReport> StampaTxt(double numeroTaglie)
 std::optional<TotaliReport> StatisticheTxt(double numeroTaglie,
                                            const EtichettaStato& etichettaStato)
 {
-    TaglieDaFare(numeroTaglie); // refuses a bad number before the old report is gone
+    const NumeroTaglie chieste(numeroTaglie); // refuses a bad number before the old report is gone
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
     TogliFile(PercorsoReport(NomeTxt));
-    const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);
+    const auto totali = EseguiConAvanzamento(chieste, etichettaStato);
     if (!totali) return std::nullopt;
 
     std::string testo;
@@ -185,7 +183,7 @@ std::optional<TotaliReport> StatisticheTxt(double numeroTaglie,
     Riga(testo);
     Riga(testo, TitoloGenerali);
     Riga(testo);
-    Generali(testo, numeroTaglie, *totali, separatori);
+    Generali(testo, chieste, *totali, separatori);
 
     FileNuovo file(PercorsoReport(NomeTxt));
     file.Scrivi(InWindows1252(testo));

@@ -8,7 +8,6 @@
 #include "Scritte.h"
 #include "Stampe.h"
 
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -41,13 +40,13 @@ struct RigaVideo
     std::string Quota;
 };
 
-std::vector<RigaVideo> Tabella(double numeroTaglie, const TotaliReport& totali)
+std::vector<RigaVideo> Tabella(const NumeroTaglie& chieste, const TotaliReport& totali)
 {
     const Separatori& cifre = AmbienteInUso.Cifre;
     std::vector<RigaVideo> tabella;
     float y = PrimaRiga;
-    tabella.push_back({y, "Taglie:", MigliaiaConZero(std::llround(numeroTaglie), cifre), {}});
-    const auto righe = RigheGenerali(numeroTaglie, totali, cifre);
+    tabella.push_back({y, "Taglie:", MigliaiaConZero(chieste.Mostrate(), cifre), {}});
+    const auto righe = RigheGenerali(chieste, totali, cifre);
     for (std::size_t i = 0; i < righe.size(); ++i) {
         y += i == PrimaCombinata ? PassoRighe + StaccoCombinate : PassoRighe;
         const auto etichetta = i < PrimoEsito ? righe[i].Etichetta : EtichettaBreve(i - PrimoEsito);
@@ -78,13 +77,13 @@ void DisegnaTabella(Superficie& superficie, const std::vector<RigaVideo>& righe)
 std::optional<TotaliReport> StatisticheVideo(double numeroTaglie, Superficie& superficie,
                                              const EtichettaStato& etichettaStato)
 {
-    TaglieDaFare(numeroTaglie); // refuses a bad number before the old report is gone
+    const NumeroTaglie chieste(numeroTaglie); // refuses a bad number before the old report is gone
     if (!AmbienteInUso.Cartella.empty()) TogliFile(PercorsoReport(NomeTxt));
-    const auto totali = EseguiConAvanzamento(numeroTaglie, etichettaStato);
+    const auto totali = EseguiConAvanzamento(chieste, etichettaStato);
     if (!totali) return std::nullopt;
 
     // All numbers before the first stroke: a percentage of nothing leaves the picture alone.
-    const auto righe = Tabella(numeroTaglie, *totali);
+    const auto righe = Tabella(chieste, *totali);
     superficie.Pulisci();
     scritte::StampaNome(superficie, XNome, YNome);
     DisegnaTabella(superficie, righe);

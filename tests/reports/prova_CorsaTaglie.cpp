@@ -80,21 +80,35 @@ TEST(CifreTaglia, TotaliCheNonSonoNumeriSonoUnErrore)
     EXPECT_THROW(DerivaCifre(), ErroreRuntime);
 }
 
-TEST(TaglieDaFare, ArrotondaLeMetaAlPari)
+TEST(NumeroTaglie, ArrotondaLeMetaAlPari)
 {
-    EXPECT_EQ(TaglieDaFare(1), 1);
-    EXPECT_EQ(TaglieDaFare(1.5), 2);
-    EXPECT_EQ(TaglieDaFare(2.5), 2);
-    EXPECT_EQ(TaglieDaFare(3.5), 4);
-    EXPECT_EQ(TaglieDaFare(40000), 40000); // 16 bits are no limit
-    EXPECT_EQ(TaglieDaFare(9007199254740992.0), std::int64_t{1} << 53);
+    EXPECT_EQ(NumeroTaglie(1).DaFare(), 1);
+    EXPECT_EQ(NumeroTaglie(1.5).DaFare(), 2);
+    EXPECT_EQ(NumeroTaglie(2.5).DaFare(), 2);
+    EXPECT_EQ(NumeroTaglie(3.5).DaFare(), 4);
+    EXPECT_EQ(NumeroTaglie(40000).DaFare(), 40000); // 16 bits are no limit
+    EXPECT_EQ(NumeroTaglie(9007199254740992.0).DaFare(), std::int64_t{1} << 53);
 }
 
-TEST(TaglieDaFare, RifiutaSottoUnoEOltreDuePerCinquantatre)
+TEST(NumeroTaglie, LeMetaSiMostranoPerEccesso)
+{
+    EXPECT_EQ(NumeroTaglie(2.5).Mostrate(), 3);
+    EXPECT_EQ(NumeroTaglie(2.5).Chieste(), 2.5);
+    EXPECT_EQ(NumeroTaglie(2.4).Mostrate(), 2);
+}
+
+TEST(NumeroTaglie, PocoPiuDiUnaESempreUnReportDiTante)
+{
+    EXPECT_FALSE(NumeroTaglie(1).PiuDiUna());
+    EXPECT_TRUE(NumeroTaglie(1.2).PiuDiUna());
+    EXPECT_EQ(NumeroTaglie(1.2).DaFare(), 1);
+}
+
+TEST(NumeroTaglie, RifiutaSottoUnoEOltreDuePerCinquantatre)
 {
     const auto numero = [](double taglie) {
         try {
-            TaglieDaFare(taglie);
+            const NumeroTaglie chieste(taglie);
         } catch (const ErroreRuntime& errore) {
             return static_cast<int>(errore.Numero());
         }

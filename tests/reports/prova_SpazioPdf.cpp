@@ -80,7 +80,7 @@ std::optional<ErroreRuntime> Scrivendo(Prova& prova, const std::vector<Mazzo>& m
 std::optional<ErroreRuntime> Contando(Prova& prova, const std::vector<Mazzo>& mazzi)
 {
     prova.Distribuisci(mazzi);
-    return ErroreDi([&] { PretendiSpazioPdf(static_cast<double>(mazzi.size())); });
+    return ErroreDi([&] { PretendiSpazioPdf(NumeroTaglie(static_cast<double>(mazzi.size()))); });
 }
 
 void Troppe(const std::optional<ErroreRuntime>& errore, const Prova& prova)
@@ -134,15 +134,15 @@ TEST(SpazioPdf, DoveECertoNonSiGioca)
     Prova prova("tre");
     std::ofstream(prova.Cartella.File("taglie.pdf")) << "vecchio";
     AmbienteInUso.PreparaTaglia = [](std::int64_t) { ADD_FAILURE() << "a shoe was dealt"; };
-    EXPECT_FALSE(ErroreDi([] { PretendiSpazioPdf(79); }));
+    EXPECT_FALSE(ErroreDi([] { PretendiSpazioPdf(NumeroTaglie(79)); }));
     for (const double taglie : {95.0, 1000.0, 32768.0, 9007199254740992.0}) {
-        Troppe(ErroreDi([&] { PretendiSpazioPdf(taglie); }), prova);
+        Troppe(ErroreDi([&] { PretendiSpazioPdf(NumeroTaglie(taglie)); }), prova);
         Troppe(ErroreDi([&] { StampaPdf(taglie); }), prova);
     }
     AmbienteInUso.CaratteriUnici = true;
-    EXPECT_FALSE(ErroreDi([] { PretendiSpazioPdf(8187); }));
+    EXPECT_FALSE(ErroreDi([] { PretendiSpazioPdf(NumeroTaglie(8187)); }));
     for (const double taglie : {8188.0, 9007199254740992.0}) {
-        Troppe(ErroreDi([&] { PretendiSpazioPdf(taglie); }), prova);
+        Troppe(ErroreDi([&] { PretendiSpazioPdf(NumeroTaglie(taglie)); }), prova);
         Troppe(ErroreDi([&] { StampaPdf(taglie); }), prova);
     }
     EXPECT_EQ(prova.Pdf(), "vecchio");
@@ -157,7 +157,7 @@ TEST(SpazioPdf, DoveDipendeDalleCarteSiGioca)
             modCarte::MescolaMazzo();
             ++giocate;
         };
-        ErroreDi([&] { PretendiSpazioPdf(taglie); });
+        ErroreDi([&] { PretendiSpazioPdf(NumeroTaglie(taglie)); });
         EXPECT_EQ(giocate, taglie);
     }
 }
@@ -170,7 +170,7 @@ TEST(SpazioPdf, LeTaglieGiocateTornanoUguali)
         modCarte::MescolaMazzo();
         giocati.emplace_back(modCarte::Mazzo.begin(), modCarte::Mazzo.end());
     };
-    PretendiSpazioPdf(80);
+    PretendiSpazioPdf(NumeroTaglie(80));
     ASSERT_EQ(giocati.size(), 80U);
     for (std::int64_t taglia = 1; taglia <= 80; ++taglia) {
         AmbienteInUso.PreparaTaglia(taglia);
@@ -184,6 +184,7 @@ TEST(SpazioPdf, NumeriSbagliatiComeNeiReport)
 {
     const Prova prova("tre");
     for (const double taglie : {0.0, -1.0, 1e16}) {
-        EXPECT_EQ(ErroreDi([&] { PretendiSpazioPdf(taglie); })->File(), "numero di taglie");
+        EXPECT_EQ(ErroreDi([&] { PretendiSpazioPdf(NumeroTaglie(taglie)); })->File(),
+                  "numero di taglie");
     }
 }
