@@ -135,7 +135,7 @@ FileMazzi::FileMazzi(const std::string& percorso)
 {
 }
 
-bool FileMazzi::Leggi(std::optional<std::uint64_t> massimo, const std::function<bool()>& fermare)
+bool FileMazzi::Leggi(std::optional<std::int64_t> massimo, const std::function<bool()>& fermare)
 {
     const auto riga = [&](std::size_t numero, std::uint64_t inizio, std::string_view testo) {
         try {

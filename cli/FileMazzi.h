@@ -38,12 +38,12 @@ public:
 
     // Reads and checks every line and keeps the shoes, at most massimo when given; to be called
     // once. Errors name the line, too. False when fermare said to stop.
-    bool Leggi(std::optional<std::uint64_t> massimo, const std::function<bool()>& fermare);
+    bool Leggi(std::optional<std::int64_t> massimo, const std::function<bool()>& fermare);
 
     const std::string& Percorso() const { return m_file.Percorso(); }
 
     // Shoes kept; at least one after reading.
-    std::size_t Quante() const { return m_indice.Quante(); }
+    std::int64_t Quante() const { return static_cast<std::int64_t>(m_indice.Quante()); }
 
     // Shoe number indice, from 0 on. Error 5 when the file holds another one there by now. Any
     // thread may ask.

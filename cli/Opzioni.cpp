@@ -42,7 +42,7 @@ void LeggiTaglie(Opzioni& opzioni, const std::string& testo)
                             testo + " supera il massimo, " + std::to_string(massimo));
     }
     if (taglie < 1) RifiutaUso(numero, "deve essere almeno 1");
-    opzioni.Taglie = taglie;
+    opzioni.Taglie = static_cast<std::int64_t>(taglie);
 }
 
 template <typename Valore>

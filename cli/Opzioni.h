@@ -27,7 +27,7 @@ enum class Avviso
 
 struct Opzioni
 {
-    std::optional<std::uint64_t> Taglie; // not given: 1, or all shoes of a shoe file
+    std::optional<std::int64_t> Taglie; // not given: 1, or all shoes of a shoe file
     Stampe::Forma FormaReport = Stampe::FormaTxt;
     bool Statistiche = false;
     std::string Cartella = ".";

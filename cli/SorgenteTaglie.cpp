@@ -25,9 +25,8 @@ std::unique_ptr<FileMazzi> Apri(const Opzioni& opzioni)
     if (!file->Leggi(opzioni.Taglie, InterruzioneChiesta)) InterrompiPrima();
     if (opzioni.Taglie && file->Quante() < *opzioni.Taglie) {
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                            "contiene " + QuanteTaglie(static_cast<std::int64_t>(file->Quante())) +
-                                ", ne servono " +
-                                TestoNumero(static_cast<std::int64_t>(*opzioni.Taglie)),
+                            "contiene " + QuanteTaglie(file->Quante()) + ", ne servono " +
+                                TestoNumero(*opzioni.Taglie),
                             opzioni.Mazzi);
     }
     return file;
@@ -44,7 +43,7 @@ std::unique_ptr<FileMazzi> ApriSeDato(const Opzioni& opzioni)
 SorgenteTaglie::SorgenteTaglie(const Opzioni& opzioni)
     : m_seme(opzioni.Seme)
     , m_file(ApriSeDato(opzioni))
-    , m_quante(static_cast<std::int64_t>(m_file ? m_file->Quante() : opzioni.Taglie.value_or(1)))
+    , m_quante(m_file ? m_file->Quante() : opzioni.Taglie.value_or(1))
 {
 }
 

@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     }
     try {
         const cli::Opzioni opzioni = cli::LeggiOpzioni(argomenti);
-        if (opzioni.Taglie && (*opzioni.Taglie < 1 || *opzioni.Taglie > (1ULL << 53))) std::abort();
+        if (opzioni.Taglie && (*opzioni.Taglie < 1 || *opzioni.Taglie > (1LL << 53))) std::abort();
         if (opzioni.Lavori < 1 || opzioni.Lavori > 256) std::abort();
     } catch (const cli::ErroreComando& errore) {
         if (std::strlen(errore.what()) < 5) std::abort();

@@ -144,8 +144,8 @@ struct Archivio
 };
 
 // How many shoes are read of a file of which massimo are wanted; nothing when stopped.
-std::optional<std::size_t> Lette(const Archivio& archivio, std::optional<std::uint64_t> massimo,
-                                 const std::function<bool()>& fermare = Mai)
+std::optional<std::int64_t> Lette(const Archivio& archivio, std::optional<std::int64_t> massimo,
+                                  const std::function<bool()>& fermare = Mai)
 {
     FileMazzi mazzi(archivio.Nome);
     if (!mazzi.Leggi(massimo, fermare)) return std::nullopt;
@@ -190,9 +190,9 @@ TEST(FileMazzi, UnaRigaHaAlMassimo64Kib)
 TEST(FileMazzi, LePrimeENonDiPiu)
 {
     const Archivio archivio(Riga(Codice) + "\n" + Riga(Testo) + "\n" + Riga(Codice));
-    EXPECT_EQ(Lette(archivio, std::nullopt), 3U);
-    EXPECT_EQ(Lette(archivio, 2), 2U);
-    EXPECT_EQ(Lette(archivio, 5), 3U);
+    EXPECT_EQ(Lette(archivio, std::nullopt), 3);
+    EXPECT_EQ(Lette(archivio, 2), 2);
+    EXPECT_EQ(Lette(archivio, 5), 3);
     const auto subito = [] { return true; };
     EXPECT_EQ(Lette(archivio, 5, subito), std::nullopt);
     archivio.Scrivi(""); // even at the end of the file the request to stop counts
@@ -209,7 +209,7 @@ TEST(FileMazzi, OgniTagliaSiRileggeInQualunqueOrdine)
     const Archivio archivio(byte + Riga(Testo, " ; "));
     FileMazzi mazzi(archivio.Nome);
     ASSERT_TRUE(mazzi.Leggi(std::nullopt, Mai));
-    ASSERT_EQ(mazzi.Quante(), 21U);
+    ASSERT_EQ(mazzi.Quante(), 21);
     for (const int i : {19, 0, 7, 7, 18, 1}) {
         EXPECT_EQ(mazzi.Mazzo(static_cast<std::size_t>(i)), LeggiTaglia(Scambiata(i))) << i;
     }

@@ -45,7 +45,7 @@ TEST(Opzioni, FormeBreviELunghe)
     const Opzioni lunghe = LeggiOpzioni({"--forma=html", "--statistiche", "--cartella=/tmp",
                                          "--apri", "--lavori=3", "--quieto", "12"});
     for (const auto& opzioni : {brevi, lunghe}) {
-        EXPECT_EQ(opzioni.Taglie, 12U);
+        EXPECT_EQ(opzioni.Taglie, 12);
         EXPECT_EQ(opzioni.FormaReport, Stampe::FormaHtml);
         EXPECT_TRUE(opzioni.Statistiche);
         EXPECT_FALSE(opzioni.Piena());
@@ -82,8 +82,8 @@ TEST(Opzioni, SemeDiSessantaquattroBit)
 
 TEST(Opzioni, NumeroDiTaglie)
 {
-    EXPECT_EQ(LeggiOpzioni({"9007199254740992"}).Taglie, std::uint64_t{1} << 53);
-    EXPECT_EQ(LeggiOpzioni({"007"}).Taglie, 7U);
+    EXPECT_EQ(LeggiOpzioni({"9007199254740992"}).Taglie, std::int64_t{1} << 53);
+    EXPECT_EQ(LeggiOpzioni({"007"}).Taglie, 7);
     for (const auto* numero : {"-1", "1e3", "1.5", "1,5", "+1", " 1", "uno", "0x5"}) {
         const auto [codice, testo] = Rifiuto({numero});
         EXPECT_EQ(codice, 2) << numero;
