@@ -1,4 +1,4 @@
-// Writes numbers for content streams, most of them from a table of three digits: a page is mostly
+// Writes numbers for content streams, most of them from two tables of short texts: a page is mostly
 // numbers.
 
 #include "Number.h"

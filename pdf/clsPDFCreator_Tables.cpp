@@ -96,7 +96,7 @@ clsPDFCreator::State::SharedStyle clsPDFCreator::State::prStyleOf(std::string_vi
 {
     constexpr float keep = -1;
     if (fill.empty() && lineWidth == keep && lineColor.empty()) return inherited;
-    const auto style = std::make_shared<Style>(*inherited);
+    auto style = std::make_shared<Style>(*inherited);
     style->Frames.clear();
     if (!fill.empty()) prChooseFill(style->Fill, fill);
     if (lineWidth != keep) style->LineWidth = lineWidth;
