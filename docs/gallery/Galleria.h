@@ -1,4 +1,5 @@
-// The gallery's pages and what they share. Lengths in millimetres on A4, 210.3 by 297.
+// The gallery's pages and what they share; galleria.cpp writes them in order. Lengths in
+// millimetres on A4, 210.3 by 297.
 #pragma once
 
 #include "clsPDFCreator.h"

@@ -1,4 +1,5 @@
-// What all pages of the gallery share: title bar, footer, captions, emblem, tilings.
+// What all pages of the gallery share: title bar, footer, captions, emblem. The tilings that fill
+// areas stand in Motivi.cpp.
 
 #include "Galleria.h"
 

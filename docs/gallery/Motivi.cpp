@@ -1,4 +1,5 @@
-// The tilings of the gallery: small drawings that fill areas under their names.
+// The tilings of the gallery: small drawings that fill areas under their names, as
+// Pagine_Figure.cpp shows.
 
 #include "Galleria.h"
 

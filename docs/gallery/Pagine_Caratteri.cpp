@@ -1,4 +1,4 @@
-// Page of the gallery: fonts and their measures.
+// Page of the gallery: fonts and their measures. Next: Pagine_Testo.cpp.
 
 #include "Galleria.h"
 

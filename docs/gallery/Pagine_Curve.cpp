@@ -1,4 +1,4 @@
-// Page of the gallery: curves, circles, arcs.
+// Page of the gallery: curves, circles, arcs. Next: Pagine_Spazi.cpp.
 
 #include "Galleria.h"
 

@@ -1,4 +1,4 @@
-// Pages of the gallery: colours and lines, paths.
+// Pages of the gallery: colours and lines, paths. Next: Pagine_Curve.cpp.
 
 #include "Galleria.h"
 

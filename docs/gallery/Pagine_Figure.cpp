@@ -1,4 +1,4 @@
-// Pages of the gallery: pictures, fonts of one's own, barcodes, patterns.
+// Pages of the gallery: pictures, fonts of one's own, barcodes, patterns. Next: Pagine_Note.cpp.
 
 #include "Galleria.h"
 

@@ -1,4 +1,4 @@
-// Pages of the gallery: cover, axes, tables.
+// Pages of the gallery: cover, axes, tables. Next: Pagine_Figure.cpp.
 
 #include "Galleria.h"
 

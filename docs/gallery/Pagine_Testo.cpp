@@ -1,4 +1,4 @@
-// Pages of the gallery: lines of text, boxes of text.
+// Pages of the gallery: lines of text, boxes of text. Next: Pagine_Disegno.cpp.
 
 #include "Galleria.h"
 
