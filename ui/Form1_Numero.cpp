@@ -4,6 +4,7 @@
 #include "Form1.h"
 
 #include "Ambiente.h"
+#include "Cifre.h"
 #include "NumeroUtente.h"
 #include "Testi.h"
 
@@ -19,16 +20,16 @@ namespace {
 constexpr QChar Invio(13);
 constexpr QChar Annulla(27);
 
-bool Cifra(QChar carattere)
+bool CifraQt(QChar carattere)
 {
-    return carattere >= QLatin1Char('0') && carattere <= QLatin1Char('9');
+    return Cifra(carattere.toLatin1());
 }
 
 // Digits and the keys that edit or leave the field: backspace, tab, line feed, delete.
 bool Passa(QChar carattere)
 {
     constexpr std::u16string_view tasti = u"\b\t\n\x7F";
-    return Cifra(carattere) || tasti.find(carattere.unicode()) != tasti.npos;
+    return CifraQt(carattere) || tasti.find(carattere.unicode()) != tasti.npos;
 }
 
 bool Niente(const QString& testo)
@@ -38,7 +39,7 @@ bool Niente(const QString& testo)
 
 bool SoloCifre(const QString& testo)
 {
-    return std::all_of(testo.begin(), testo.end(), Cifra);
+    return std::all_of(testo.begin(), testo.end(), CifraQt);
 }
 
 // On X11 these keys insert what is selected anywhere, as the middle button does. A word selected
