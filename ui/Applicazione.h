@@ -1,4 +1,5 @@
-// The application object: the one place where whatever surfaces is shown and ends the program.
+// The application object: the one place where a failure that nobody answered is shown and ends the
+// program. main.cpp makes it, Messaggi.h shows the box.
 #pragma once
 
 #include "ErroreRuntime.h"

@@ -67,7 +67,8 @@ bool Punti(const QByteArray& testo)
     return Numero(testo, minimo, massimo);
 }
 
-// What Qt says while it looks for a display. Only when there is none nobody wants to hear it.
+// What Qt says while it looks for a display: passed on when it found one, kept back when it did
+// not, since then one sentence of ours says it all.
 std::vector<std::pair<QtMsgType, QString>> Detti;
 
 void Ascolta(QtMsgType tipo, const QMessageLogContext& /*dove*/, const QString& testo)

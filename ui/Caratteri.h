@@ -1,4 +1,5 @@
-// The faces of the card table's captions, on systems that have them and on those that do not.
+// The faces of the card table's captions, on systems that have them and on those that do
+// not. Which faces there are: Scritte.h.
 #pragma once
 
 #include <QFont>

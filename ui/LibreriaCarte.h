@@ -1,4 +1,5 @@
-// The card library: 52 faces and one back, from a file of pictures installed beside the program.
+// The card library: 52 faces and one back, from a file of pictures installed beside the
+// program. Quadro.h draws with it.
 #pragma once
 
 #include "Superficie.h"

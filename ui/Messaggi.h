@@ -1,4 +1,5 @@
-// The modal message boxes.
+// The modal message boxes. Their texts stand with those who show them: Form1_*.cpp,
+// Applicazione.cpp.
 #pragma once
 
 #include "ErroreRuntime.h"

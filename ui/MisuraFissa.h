@@ -1,4 +1,4 @@
-// Windows that keep their size whatever the desktop asks.
+// Windows that keep their size whatever the desktop asks. Used by Form1.cpp and Messaggi.cpp.
 #pragma once
 
 class QWidget;

@@ -1,4 +1,4 @@
-// Numbers as the user writes them.
+// Numbers as the user writes them, in the field of Form1_Numero.cpp.
 #pragma once
 
 #include "Separatori.h"

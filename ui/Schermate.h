@@ -1,4 +1,5 @@
-// The title and the three screens of a game: what they show and where. No widget is known here.
+// The title and the three screens of a game: what they show and where. No widget is known
+// here; Racconto.h tells them in words.
 #pragma once
 
 #include "Superficie.h"

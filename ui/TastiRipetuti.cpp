@@ -1,4 +1,5 @@
-// Which of the keyboard's repetitions reach a control.
+// Which of the keyboard's repetitions reach a control. Which keys the number field takes at all:
+// Form1_Numero.cpp.
 
 #include "TastiRipetuti.h"
 

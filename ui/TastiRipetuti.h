@@ -1,4 +1,5 @@
-// Keys that the keyboard repeats while they are held down: the first press counts.
+// Keys that the keyboard repeats while they are held down: the first press counts. Asked by
+// Applicazione.cpp.
 #pragma once
 
 #include <QtGlobal>

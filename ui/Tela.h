@@ -1,4 +1,4 @@
-// The memory of a picture.
+// The memory of a picture. Quadro.h owns the card table's.
 #pragma once
 
 #include <QImage>
