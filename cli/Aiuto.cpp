@@ -1,4 +1,4 @@
-// The texts of --help and --version. A new option is told of here and in Opzioni.cpp.
+// The texts of --help and --version. The options are declared in Argomenti.cpp; next: Opzioni.h.
 #include "Aiuto.h"
 
 namespace cli {
