@@ -397,18 +397,3 @@ TEST(Orientation, DelDocumentoStaNellAlberoDellePagine)
     EXPECT_THAT(AlberoPagine([](clsPDFCreator& pdf) { pdf.Orientation(2); }),
                 Not(HasSubstr("Rotate")));
 }
-
-TEST(AddBookmark, PrimaDiOgniPaginaNonPortaInNessunLuogo)
-{
-    const auto quante = [](bool prima) {
-        const std::string byte = aiuti::ByteDocumento({}, [prima](clsPDFCreator& pdf) {
-            if (prima) pdf.AddBookmark("Presto");
-            pdf.BeginPage();
-            if (!prima) pdf.AddBookmark("Tardi");
-            pdf.EndPage();
-        });
-        return byte.find("/Dest [") != std::string::npos;
-    };
-    EXPECT_FALSE(quante(true));
-    EXPECT_TRUE(quante(false));
-}
