@@ -9,7 +9,7 @@ set(unito ${CMAKE_CURRENT_BINARY_DIR}/clsPDFCreator_unito${CMAKE_CXX_OUTPUT_EXTE
 separate_arguments(opzioni_di_unione NATIVE_COMMAND "${CMAKE_CXX_FLAGS}")
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Objects made for link-time optimisation become code here: their names could not be made local.
-    list(APPEND opzioni_di_unione -flinker-output=nolto-rel)
+    list(APPEND opzioni_di_unione -flinker-output=nolto-rel -fno-gnu-unique)
 endif()
 set(pubblici "")
 foreach(nome _ZN13clsPDFCreator* _ZNK13clsPDFCreator* _ZN13ErroreRuntime* _ZNK13ErroreRuntime*
