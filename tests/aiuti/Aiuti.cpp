@@ -1,54 +1,19 @@
-// Shoes by hand, folders and bytes for all tests: what Aiuti.h promises.
+// Folders, bytes and the clock for all tests: what Aiuti.h promises.
 #include "Aiuti.h"
 
 #include "Calendario.h"
-#include "FileMazzi.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <string>
 
 #include <unistd.h>
 
 namespace aiuti {
-
-std::int16_t Codice(std::string_view testo)
-{
-    for (std::int16_t codice = 1; codice <= modCarte::CarteMazzetto; ++codice) {
-        if (modCarte::TestoCarta(codice) == testo) return codice;
-    }
-    ADD_FAILURE() << "no such card: " << testo;
-    return 1;
-}
-
-void PreparaMazzo(std::initializer_list<std::string_view> carte, int inizio, double numero)
-{
-    std::array<bool, modCarte::CarteTaglia + 1> usata{};
-    std::vector<std::int16_t> scelte;
-    for (const auto carta : carte) {
-        int codice = Codice(carta);
-        while (codice <= modCarte::CarteTaglia && usata[static_cast<std::size_t>(codice)]) {
-            codice += modCarte::CarteMazzetto;
-        }
-        ASSERT_LE(codice, modCarte::CarteTaglia) << carta << " more than six times";
-        usata[static_cast<std::size_t>(codice)] = true;
-        scelte.push_back(static_cast<std::int16_t>(codice));
-    }
-    std::vector<std::int16_t> mazzo;
-    for (std::int16_t codice = 1; codice <= modCarte::CarteTaglia; ++codice) {
-        if (!usata[static_cast<std::size_t>(codice)]) mazzo.push_back(codice);
-    }
-    mazzo.insert(mazzo.begin() + inizio, scelte.begin(), scelte.end());
-    modCarte::ImpostaMazzo(mazzo);
-    modCarte::Posizione = inizio;
-    modCarte::NumeroColpo = numero;
-}
 
 std::string Byte(const std::filesystem::path& percorso)
 {
@@ -60,18 +25,6 @@ std::string Byte(const std::filesystem::path& percorso)
 std::string Dorato(const std::string& nome)
 {
     return Byte(std::filesystem::path(SCALVINO_GOLDEN) / nome);
-}
-
-std::vector<std::vector<std::int16_t>> MazziDorati(const std::string& nome)
-{
-    std::vector<std::vector<std::int16_t>> mazzi;
-    std::istringstream righe(Dorato(nome));
-    for (std::string riga; std::getline(righe, riga);) {
-        if (const auto taglia = cli::LeggiTaglia(riga))
-            mazzi.emplace_back(taglia->begin(), taglia->end());
-    }
-    EXPECT_FALSE(mazzi.empty()) << nome;
-    return mazzi;
 }
 
 std::vector<std::string> Righe(const std::string& testo)
@@ -109,32 +62,6 @@ std::vector<std::string> CartellaDiProva::Contenuto() const
     }
     std::sort(nomi.begin(), nomi.end());
     return nomi;
-}
-
-AmbienteDiProva::AmbienteDiProva()
-    : m_prima(Stampe::AmbienteInUso)
-{
-    Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
-    ambiente.Cartella = Cartella.Nome();
-    ambiente.Cifre = {",", "."};
-    ambiente.Apri = [this](const std::string& percorso, StileFinestra stile) {
-        Aperti.push_back(percorso);
-        Stili.push_back(stile);
-    };
-    ambiente.Avvisa = [this](const Stampe::Messaggio& messaggio) { Messaggi.push_back(messaggio); };
-    Stampe::AmbienteInUso = ambiente;
-}
-
-AmbienteDiProva::~AmbienteDiProva()
-{
-    Stampe::AmbienteInUso = m_prima;
-}
-
-void AmbienteDiProva::Distribuisci(const std::vector<std::vector<std::int16_t>>& mazzi)
-{
-    Stampe::AmbienteInUso.PreparaTaglia = [mazzi](std::int64_t taglia) {
-        modCarte::ImpostaMazzo(mazzi.at(static_cast<std::size_t>(taglia) - 1));
-    };
 }
 
 CalendarioDorato::CalendarioDorato()

@@ -3,6 +3,7 @@
 #include "Aiuti.h"
 #include "ErroreRuntime.h"
 #include "FileMazzi.h"
+#include "MazziDiProva.h"
 #include "Scritture.h"
 
 #include <gtest/gtest.h>

@@ -3,6 +3,7 @@
 #include "Aiuti.h"
 #include "ErroreComando.h"
 #include "SorgenteTaglie.h"
+#include "modCarte.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Card codes, values, suits and texts.
 
-#include "Aiuti.h"
 #include "ErroreRuntime.h"
+#include "MazziDiProva.h"
 #include "modCarte.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // The rules of a coup, each fact on the smallest shoe that shows it.
 
-#include "Aiuti.h"
 #include "ErroreRuntime.h"
+#include "MazziDiProva.h"
 #include "modCarte.h"
 
 #include <gtest/gtest.h>

@@ -3,6 +3,7 @@
 #include "Aiuti.h"
 #include "ErroreRuntime.h"
 #include "Firma.h"
+#include "MazziDiProva.h"
 #include "modCarte.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,9 @@
 // The run that all reports share and what it derives from a shoe.
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "ErroreRuntime.h"
 #include "Stampe.h"
+#include "modCarte.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The check for a report that another program still shows.
 
+#include "AmbienteDiProva.h"
 #include "FileInUso.h"
 
-#include "Aiuti.h"
 #include "LettoreDiFile.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // The check for a report, where a name can be a link that leads nowhere.
 
+#include "AmbienteDiProva.h"
 #include "FileInUso.h"
 
-#include "Aiuti.h"
 #include "LettoreDiFile.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,8 @@
 // Whole reports against the reviewed golden files, and the facts about each layout.
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "ErroreRuntime.h"
+#include "MazziDiProva.h"
 #include "Stampe.h"
 #include "Stampe_Stile.h"
 #include "Windows1252.h"

@@ -1,6 +1,6 @@
 // The table of forms: which file and which operations stand behind a form's number.
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "Registratore.h"
 #include "Stampe.h"
 

@@ -2,8 +2,9 @@
 // of each may be left behind.
 #pragma once
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "ErroreRuntime.h"
+#include "MazziDiProva.h"
 #include "Scritture.h"
 #include "Stampe.h"
 

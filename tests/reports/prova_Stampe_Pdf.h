@@ -3,7 +3,8 @@
 // A centimetre is 28.346 points. Values and titles are in a font of Arial's widths.
 #pragma once
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
+#include "MazziDiProva.h"
 #include "Stampe.h"
 #include "StrutturaPdf.h"
 

@@ -1,5 +1,6 @@
 // The layout of the PDF report: pages, rows, cards and the general statistics.
 
+#include "MazziDiProva.h"
 #include "prova_Stampe_Pdf.h"
 
 #include "ErroreRuntime.h"

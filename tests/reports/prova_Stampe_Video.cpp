@@ -1,7 +1,8 @@
 // The statistics drawn on a picture, step by step.
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "ErroreRuntime.h"
+#include "MazziDiProva.h"
 #include "Registratore.h"
 #include "Stampe.h"
 

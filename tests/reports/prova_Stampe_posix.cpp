@@ -1,7 +1,8 @@
 // Pages that somebody replaces while they are being written.
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "ErroreRuntime.h"
+#include "MazziDiProva.h"
 #include "Stampe.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,9 @@
 // Figures for estimates of error: sums and products by hand, intervals, the gathering over threads.
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "Stampe.h"
 #include "Studio.h"
+#include "modCarte.h"
 
 #include <gtest/gtest.h>
 

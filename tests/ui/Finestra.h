@@ -1,7 +1,7 @@
 // The window under test, with hands and eyes.
 #pragma once
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "Form1.h"
 #include "Registratore.h"
 

@@ -6,6 +6,7 @@
 #include "Segnali.h"
 #include "Stampe.h"
 #include "Utente.h"
+#include "modCarte.h"
 
 #include <QApplication>
 #include <QClipboard>

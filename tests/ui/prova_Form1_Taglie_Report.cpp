@@ -2,6 +2,7 @@
 // progress.
 
 #include "Finestra.h"
+#include "MazziDiProva.h"
 
 #include "Orologio.h"
 #include "Stampe.h"

@@ -2,6 +2,7 @@
 // ours.
 
 #include "Finestra.h"
+#include "modCarte.h"
 
 #include <cmath>
 #include <cstdlib>

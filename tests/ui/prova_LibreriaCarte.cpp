@@ -1,6 +1,6 @@
 // The card library: 52 faces, one back, and every way in which its file can be wrong.
 
-#include "Aiuti.h"
+#include "AmbienteDiProva.h"
 #include "ErroreRuntime.h"
 #include "Finestra.h"
 #include "LibreriaCarte.h"
