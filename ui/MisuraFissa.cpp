@@ -4,12 +4,20 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QPointer>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 
+#include <chrono>
+#include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
+
+// Longer than a compositor takes to tell that a picture has been shown: it shows 60 a second.
+constexpr std::chrono::milliseconds Quiete(25);
 
 constexpr Qt::WindowStates Ingrandita = Qt::WindowMaximized | Qt::WindowFullScreen;
 
@@ -30,23 +38,61 @@ public:
         : QObject(&finestra)
         , m_finestra(finestra)
     {
-        finestra.installEventFilter(this);
+        qApp->installEventFilter(this);
+        connect(&m_giri, &QTimer::timeout, this, [this] { Giro(); });
     }
 
     bool eventFilter(QObject* oggetto, QEvent* evento) override
     {
-        const bool cambiato = oggetto == &m_finestra && evento->type() == QEvent::WindowStateChange;
-        if (cambiato && (m_finestra.windowState() & Ingrandita) != 0) Rinasci();
-        return QObject::eventFilter(oggetto, evento);
+        if (evento->type() == QEvent::MetaCall) Diffida(*oggetto);
+        if (oggetto != &m_finestra) return false;
+        if (evento->type() == QEvent::UpdateRequest && InDubbio()) return m_rimandato = true;
+        const bool cambiato = evento->type() == QEvent::WindowStateChange;
+        if (cambiato && EIngrandita()) Rinasci();
+        return false;
     }
 
 private:
+    bool EIngrandita() const { return (m_finestra.windowState() & Ingrandita) != 0; }
+
+    // A call that Qt has queued for its end of the connection may accept a new state, of which the
+    // window hears a moment later: whatever is shown in between has the wrong size for it. Nothing
+    // is drawn until the event loop has gone round twice, by when the news has come, if there is
+    // any.
+    void Diffida(QObject& chiamato)
+    {
+        if (!chiamato.inherits("QtWaylandClient::QWaylandWindow")) return;
+        if (m_connessione == nullptr) m_connessione = &chiamato;
+        m_mancanti = 2;
+        m_giri.start(0);
+    }
+
+    // Calls that still wait are made first: else the drawing itself would make them, half-way.
+    bool InDubbio()
+    {
+        if (m_connessione != nullptr) {
+            QCoreApplication::sendPostedEvents(m_connessione, QEvent::MetaCall);
+        }
+        return m_mancanti != 0;
+    }
+
+    void Giro()
+    {
+        if (--m_mancanti != 0) return;
+        m_giri.stop();
+        if (!std::exchange(m_rimandato, false)) return;
+        QCoreApplication::postEvent(&m_finestra, new QEvent(QEvent::UpdateRequest));
+    }
+
     // The new state has been accepted by now, but nothing of the window's own size been shown under
     // it. A window that is hidden in between has no state to be shown in.
     void Rinasci()
     {
         QWindow* finestra = m_finestra.windowHandle();
         if (finestra == nullptr || !finestra->isVisible()) return;
+        // Another thread of Qt is told when a picture has been shown. If the window is hidden at
+        // that very moment, Qt gives the notice back twice and the program ends; so let it come.
+        std::this_thread::sleep_for(Quiete);
         const auto riquadri = SopraDi(finestra);
         for (auto* riquadro : riquadri) riquadro->setVisible(false);
         finestra->setVisible(false);
@@ -56,6 +102,10 @@ private:
     }
 
     QWidget& m_finestra;
+    QPointer<QObject> m_connessione; // the first that was called: this window's, as a rule
+    QTimer m_giri;                   // of the event loop
+    int m_mancanti = 0;              // rounds until something may be drawn
+    bool m_rimandato = false;        // something waits for that
 };
 
 bool SuWayland()

@@ -75,9 +75,15 @@ class FinestraWayland(Finestra):
     def pronta(self):
         """The window stands there alone, in its own size; keeps its place."""
         aspetta(lambda: self._scoperta() == INTERA, "la finestra intera", passo=0.1)
+        self._colloca()
+        return self
+
+    def _colloca(self):
         self.cornice = self.schermo.occupato()[:2]
         self.posto = tuple(c + m for c, m in zip(self.cornice, CORNICE))
-        return self
+
+    def _finita(self):
+        return self.processo.poll() is not None
 
     def ferma(self):
         """pronta() once more, a moment later."""
@@ -116,7 +122,10 @@ class FinestraWayland(Finestra):
     def chiudi(self):
         """Clicks on the close button, once more where the window has jumped away from under it."""
         for _ in range(3):
-            self.pronta()
+            aspetta(lambda: self._finita() or self._scoperta() == INTERA, "la finestra intera")
+            if self._finita():
+                return
+            self._colloca()
             self.preme(CHIUDI)
             try:
                 self.processo.wait(timeout=15)
