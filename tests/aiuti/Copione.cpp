@@ -1,8 +1,8 @@
 // From the names of calls in a script to calls of the writer, one table. tests/golden/pdf/README.md
 // describes the scripts.
 #include "Copione.h"
-#include "Aiuti.h"
 
+#include "Aiuti.h"
 #include "clsPDFCreator.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Draws a small document for one test, has it read by StrutturaPdf.cpp and kept by PdfProdotti.cpp.
 #include "PaginaDiProva.h"
-#include "Aiuti.h"
 
+#include "Aiuti.h"
 #include "PdfProdotti.h"
 
 #include <gtest/gtest.h>
