@@ -2,6 +2,8 @@
 // exact odds all go through it, row by row. How the records are counted: Statistiche.cpp.
 #pragma once
 
+#include "RecordColpo.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -28,20 +30,19 @@ struct ContiEsiti
     bool operator==(const ContiEsiti&) const = default;
 };
 
-// The letters that a record must carry to be counted; Ogni accepts whatever stands there.
-inline constexpr char Ogni = '*';
-
 // Of an outcome that no report shows.
 inline constexpr std::size_t NonMostrato = static_cast<std::size_t>(-1);
+
+// What a record is asked.
+using Condizione = bool (RecordColpo::*)() const;
 
 template <typename Numero>
 struct RigaEsito
 {
     std::string_view Nome;             // as data for other programs call it
     Numero ContiEsiti<Numero>::*Conto; // where it is counted
-    char Esito;                        // "N", "R", "E" or Ogni
-    char Colore;                       // "C", "I" or Ogni
-    bool Trentuno;                     // whether both totals must be 31
+    Condizione Quando;                 // the records that count,
+    Condizione Insieme;                // of a combined outcome those for which this holds, too
     std::size_t PostoReport;           // its place in the reports, from 0 on
     double QuotaPrimoColpo;            // how probable it is for the first coup of a shoe
 };
@@ -49,18 +50,18 @@ struct RigaEsito
 // The rows stand in the order of data for other programs. The odds are worked out from the
 // composition of the shoe (the tests work them out again): Nero and Rosso are alike while the shoe
 // cannot run out, and so are Colore and Inverso, since every value has as many black cards as red.
-template <typename Numero, typename C = ContiEsiti<Numero>>
+template <typename Numero, typename C = ContiEsiti<Numero>, typename R = RecordColpo>
 inline constexpr std::array Esiti = std::to_array<RigaEsito<Numero>>({
-    {"VinceNero", &C::VinceNero, 'N', Ogni, false, 0, 0.44520054341892984},
-    {"VinceRosso", &C::VinceRosso, 'R', Ogni, false, 1, 0.44520054341892984},
-    {"Colore", &C::Colore, Ogni, 'C', false, 3, 0.44520054341892984},
-    {"Inverso", &C::Inverso, Ogni, 'I', false, 4, 0.44520054341892984},
-    {"Pari", &C::Pari, 'E', Ogni, false, 2, 0.10959891316214038},
-    {"TrentunoApres", &C::TrentunoApres, 'E', Ogni, true, 5, 0.021891370486570891},
-    {"NeroColore", &C::NeroColore, 'N', 'C', false, 6, 0.22260027170946492},
-    {"NeroInverso", &C::NeroInverso, 'N', 'I', false, 7, 0.22260027170946492},
-    {"RossoColore", &C::RossoColore, 'R', 'C', false, 8, 0.22260027170946492},
-    {"RossoInverso", &C::RossoInverso, 'R', 'I', false, 9, 0.22260027170946492},
+    {"VinceNero", &C::VinceNero, &R::VinceNero, nullptr, 0, 0.44520054341892984},
+    {"VinceRosso", &C::VinceRosso, &R::VinceRosso, nullptr, 1, 0.44520054341892984},
+    {"Colore", &C::Colore, &R::VinceColore, nullptr, 3, 0.44520054341892984},
+    {"Inverso", &C::Inverso, &R::VinceInverso, nullptr, 4, 0.44520054341892984},
+    {"Pari", &C::Pari, &R::Pari, nullptr, 2, 0.10959891316214038},
+    {"TrentunoApres", &C::TrentunoApres, &R::Trentuno, nullptr, 5, 0.021891370486570891},
+    {"NeroColore", &C::NeroColore, &R::VinceNero, &R::VinceColore, 6, 0.22260027170946492},
+    {"NeroInverso", &C::NeroInverso, &R::VinceNero, &R::VinceInverso, 7, 0.22260027170946492},
+    {"RossoColore", &C::RossoColore, &R::VinceRosso, &R::VinceColore, 8, 0.22260027170946492},
+    {"RossoInverso", &C::RossoInverso, &R::VinceRosso, &R::VinceInverso, 9, 0.22260027170946492},
 });
 
 inline constexpr std::size_t NumeroEsiti = Esiti<double>.size();
@@ -114,16 +115,10 @@ inline constexpr std::array<std::size_t, NumeroMostrati> OrdineReport = [] {
     return ordine;
 }();
 
-// Whether an outcome joins a winner and a colour.
-constexpr bool Combinato(std::size_t esito)
-{
-    return Esiti<double>[esito].Esito != Ogni && Esiti<double>[esito].Colore != Ogni;
-}
-
 // Where in OrdineReport the combined outcomes begin, which are its last ones.
 inline constexpr std::size_t PrimoCombinato = [] {
     std::size_t posto = 0;
-    while (posto < NumeroMostrati && !Combinato(OrdineReport[posto])) ++posto;
+    while (posto < NumeroMostrati && Esiti<double>[OrdineReport[posto]].Insieme == nullptr) ++posto;
     return posto;
 }();
 
@@ -132,8 +127,7 @@ inline constexpr std::size_t PrimoCombinato = [] {
 // For each outcome of the table whether a coup is one: 1 or 0.
 using EsitiColpo = std::array<std::uint16_t, NumeroEsiti>;
 
-// The outcomes of a coup record; all 0 for the record that ran out of cards. Letters and totals are
-// compared exactly. The result stays valid for good.
-const EsitiColpo& EsitiDelColpo(std::string_view record);
+// The outcomes of a coup record; all 0 for the record that ran out of cards.
+EsitiColpo EsitiDelColpo(const RecordColpo& colpo);
 
 } // namespace modCarte

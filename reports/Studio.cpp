@@ -36,8 +36,9 @@ void Studio::AggiungiTaglia()
     m_quadratiColpi += colpi * colpi;
 
     const auto& registro = modCarte::Colpi;
-    const auto primo =
-        registro.size() > 1 ? modCarte::EsitiDelColpo(registro[1]) : modCarte::EsitiColpo{};
+    const auto primo = registro.size() > 1
+                           ? modCarte::EsitiDelColpo(modCarte::RecordColpo(registro[1]))
+                           : modCarte::EsitiColpo{};
     for (std::size_t i = 0; i < modCarte::NumeroEsiti; ++i) {
         const auto conto = static_cast<std::int64_t>(modCarte::Conto(statistiche, i));
         m_esiti[i].Totale += conto;

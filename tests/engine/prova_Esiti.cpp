@@ -16,7 +16,7 @@ namespace {
 std::string Contati(std::string_view record)
 {
     std::string nomi;
-    const EsitiColpo& esiti = EsitiDelColpo(record);
+    const EsitiColpo esiti = EsitiDelColpo(RecordColpo(record));
     for (std::size_t i = 0; i < NumeroEsiti; ++i) {
         if (esiti[i] == 1) nomi.append(Esiti<double>[i].Nome).append(" ");
     }
