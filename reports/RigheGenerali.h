@@ -23,6 +23,7 @@ inline constexpr std::array<std::string_view, modCarte::NumeroMostrati> Etichett
     "Vincite Nero-Colore:",   "Vincite Nero-Inverso:", "Vincite Rosso-Colore:",
     "Vincite Rosso-Inverso:",
 };
+static_assert(!EtichetteEsiti.back().empty(), "each outcome that reports show has a label");
 
 // A label for where there is less room, or where a heading says already what is counted: the
 // combined outcomes lose the word "Vincite". posto: an index of EtichetteEsiti.

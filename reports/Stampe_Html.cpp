@@ -226,6 +226,8 @@ void Generali(std::string& testo, const NumeroTaglie& chieste, const TotaliRepor
         testo,
         "      <td width=\"100%\" colspan=\"9\" align=\"center\"><b>Statistiche generali</b></td>");
     Riga(testo, "    </tr>");
+    static_assert(modCarte::PrimoCombinato == 6 && modCarte::NumeroMostrati == 10,
+                  "two rows of three outcomes, then two of two combined ones");
     const auto righe = RigheGenerali(chieste, totali, separatori);
     const std::span<const RigaGenerale> tutte(righe);
     RigaTotali(testo, chieste, tutte.first(PrimoEsito), separatori);
