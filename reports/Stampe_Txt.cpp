@@ -67,7 +67,8 @@ std::string FinoAColonna(std::string_view etichetta, std::ptrdiff_t colonna)
     };
     std::string testo = std::string(etichetta) + " ";
     const auto larga = std::count_if(testo.begin(), testo.end(), inizioCarattere);
-    const std::ptrdiff_t tabulazioni = (colonna - larga + passo - 1) / passo;
+    const auto manca = std::max<std::ptrdiff_t>(colonna - larga, 0);
+    const std::ptrdiff_t tabulazioni = (manca + passo - 1) / passo;
     return testo.append(static_cast<std::size_t>(tabulazioni), '\t');
 }
 
@@ -80,7 +81,8 @@ std::string EtichettaTaglia(std::size_t posto)
 {
     constexpr std::string_view parola = "Vincite";
     std::string etichetta(EtichettaBreve(posto));
-    if (etichetta.size() + 1 >= ColonnaTaglia) etichetta.replace(0, parola.size(), "Vin.");
+    const bool larga = etichetta.size() + 1 >= ColonnaTaglia;
+    if (larga && etichetta.starts_with(parola)) etichetta.replace(0, parola.size(), "Vin.");
     return etichetta;
 }
 
