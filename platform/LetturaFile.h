@@ -1,7 +1,8 @@
-// Reading files of unknown origin.
+// Reading files of unknown origin, line by line or whole; ScritturaFile.h writes.
 #pragma once
 
-#include <array>
+#include "LetturaSistema.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -50,7 +51,7 @@ private:
     std::size_t m_massimo;
     int m_descrittore;
     bool m_regolare;
-    std::array<std::int64_t, 3> m_stato; // bytes; seconds and nanoseconds of the last writing
+    lettura::StatoFile m_stato;
 };
 
 // The bytes of a whole regular file of at most massimo bytes. Anything else under that name, a
