@@ -4,7 +4,7 @@
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "Orologio.h"
-#include "Segnali.h"
+#include "Terminale.h"
 
 #include <cmath>
 #include <cstdio>

@@ -19,6 +19,7 @@
 #include "SpazioPdf.h"
 #include "Stampe.h"
 #include "SuperficieTesto.h"
+#include "Terminale.h"
 #include "modCarte.h"
 
 #include <algorithm>

@@ -10,6 +10,8 @@
 
 namespace {
 
+// The name of a program is nothing that a feature of the system's headers could tell: the only
+// place that asks for a system by its name.
 #ifdef __APPLE__
 constexpr const char* Programma = "open";
 #else

@@ -17,7 +17,7 @@ struct Voce
 constexpr std::array Voci = {
     Voce{ENOSPC, NumeroErrore::DiscoPieno, "spazio esaurito sul disco"},
     Voce{EFBIG, NumeroErrore::DiscoPieno, "superata la dimensione massima di un file"},
-#ifndef _WIN32
+#ifdef EDQUOT
     Voce{EDQUOT, NumeroErrore::DiscoPieno, "superata la quota di disco dell'utente"},
 #endif
     Voce{EACCES, NumeroErrore::PermessoNegato, "permesso negato"},

@@ -31,10 +31,7 @@ std::string CartellaTempDelSistema();
 std::string CartellaDelProgramma();
 bool Separatore(char c);
 inline constexpr int LunghezzaMassima = 260;
-#ifdef _WIN32
-inline constexpr char SeparatoreProprio = '\\';
-#else
-inline constexpr char SeparatoreProprio = '/';
-#endif
+inline constexpr auto SeparatoreProprio =
+    static_cast<char>(std::filesystem::path::preferred_separator);
 
 } // namespace percorsi

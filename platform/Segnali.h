@@ -1,4 +1,4 @@
-// Requests to stop that come from outside, and whether somebody watches the terminal.
+// Requests to stop that come from outside. The flag that they set is in Segnali.cpp.
 #pragma once
 
 // From now on every signal that asks the program to end (Ctrl-C, SIGTERM, a terminal that hangs up,
@@ -18,9 +18,3 @@ int ApriCanaleInterruzioni() noexcept;
 
 // As if the request had arrived (or had not): for tests.
 void ImpostaInterruzione(bool chiesta) noexcept;
-
-// True when standard error is a terminal.
-bool ErroriSuTerminale();
-
-// How many characters a line of that terminal holds now; 0 when it does not tell.
-int ColonneErrori();

@@ -9,7 +9,6 @@
 #include <cstdint>
 
 #include <fcntl.h>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace {
@@ -102,8 +101,11 @@ sigset_t SegnaliDiFine() noexcept
                               SIGXCPU, SIGUSR1, SIGUSR2}) {
         ::sigaddset(&segnali, segnale);
     }
-#ifdef __linux__
-    for (const int segnale : {SIGIO, SIGPWR, SIGSTKFLT}) ::sigaddset(&segnali, segnale);
+#ifdef SIGPWR // the systems that have it are those on which SIGIO ends a program
+    for (const int segnale : {SIGIO, SIGPWR}) ::sigaddset(&segnali, segnale);
+#endif
+#ifdef SIGSTKFLT
+    ::sigaddset(&segnali, SIGSTKFLT);
 #endif
 #ifdef SIGRTMIN
     for (int segnale = SIGRTMIN; segnale <= SIGRTMAX; ++segnale) ::sigaddset(&segnali, segnale);
@@ -133,15 +135,4 @@ int ApriCanaleInterruzioni() noexcept
     }
     sveglia.store(tubo[1], std::memory_order_relaxed);
     return tubo[0];
-}
-
-bool ErroriSuTerminale()
-{
-    return ::isatty(STDERR_FILENO) != 0;
-}
-
-int ColonneErrori()
-{
-    winsize misure = {};
-    return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &misure) == 0 ? misure.ws_col : 0;
 }

@@ -3,9 +3,6 @@
 
 #include <csignal>
 
-#include <io.h>
-#include <windows.h>
-
 namespace {
 
 constexpr int Richieste[] = {SIGINT, SIGTERM, SIGBREAK};
@@ -27,17 +24,4 @@ void AscoltaInterruzioni()
 int ApriCanaleInterruzioni() noexcept
 {
     return -1;
-}
-
-bool ErroriSuTerminale()
-{
-    return ::_isatty(2) != 0;
-}
-
-int ColonneErrori()
-{
-    CONSOLE_SCREEN_BUFFER_INFO misure = {};
-    const HANDLE errori = GetStdHandle(STD_ERROR_HANDLE);
-    if (GetConsoleScreenBufferInfo(errori, &misure) == 0) return 0;
-    return misure.srWindow.Right - misure.srWindow.Left + 1;
 }

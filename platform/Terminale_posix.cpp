@@ -1,0 +1,16 @@
+// Terminals by descriptor.
+#include "Terminale.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+bool ErroriSuTerminale()
+{
+    return ::isatty(STDERR_FILENO) != 0;
+}
+
+int ColonneErrori()
+{
+    winsize misure = {};
+    return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &misure) == 0 ? misure.ws_col : 0;
+}
