@@ -48,7 +48,7 @@ std::string FlagText(const Argument& argument)
 
 std::string DateText(const Argument& argument)
 {
-    const auto* date = std::get_if<Date>(&argument);
+    const auto* date = std::get_if<clsPDFCreator::DateTime>(&argument);
     if (date == nullptr) WrongKind('d');
     return prDate(*date);
 }
@@ -90,7 +90,7 @@ void AppendDigits(std::string& text, int value, int digits)
 
 } // namespace
 
-std::string prDate(const Date& date)
+std::string prDate(const clsPDFCreator::DateTime& date)
 {
     std::string text = "D:";
     AppendDigits(text, date.Year, 4);

@@ -1,6 +1,8 @@
 // Templates with placeholders: how the objects of a PDF file that hold texts are filled.
 #pragma once
 
+#include "clsPDFCreator.h"
+
 #include <optional>
 #include <span>
 #include <string>
@@ -9,22 +11,11 @@
 
 namespace pdf {
 
-// A moment as a PDF date names it.
-struct Date
-{
-    int Year;   // 0 to 9999
-    int Month;  // 1 to 12
-    int Day;    // 1 to 31
-    int Hour;   // 0 to 23
-    int Minute; // 0 to 59
-    int Second; // 0 to 60
-};
-
 // "D:" and yyyymmddhhmmss (ISO 32000-1, 7.9.4) with the zone "Z+01'00'", which is always the same.
-std::string prDate(const Date& date);
+std::string prDate(const clsPDFCreator::DateTime& date);
 
 // Texts are Windows-1252 bytes.
-using Argument = std::variant<double, std::string, bool, Date>;
+using Argument = std::variant<double, std::string, bool, clsPDFCreator::DateTime>;
 
 // Fills the placeholders of pattern with the arguments, one after the other:
 //

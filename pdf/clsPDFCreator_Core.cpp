@@ -10,6 +10,7 @@
 
 #include <array>
 #include <charconv>
+#include <chrono>
 
 namespace {
 
@@ -55,20 +56,29 @@ constexpr std::array<Paper, 17> Papers = {{
     {612, 864},   // 8.5 by 12 inches
 }};
 
-pdf::Date InDate(const clsPDFCreator::DateTime& time)
+std::string DateOf(const clsPDFCreator::DateTime& time)
 {
     constexpr int lastYear = 9999; // a fifth digit would push the others out of the date
     if (time.Year > lastYear) {
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
                             "l'anno di una data può essere al massimo 9999", "clsPDFCreator");
     }
-    return {time.Year, time.Month, time.Day, time.Hour, time.Minute, time.Second};
+    return pdf::prDate(time);
 }
 
 clsPDFCreator::DateTime Now()
 {
-    const DataOra adesso = CalendarioInUso.Adesso();
-    return {adesso.Anno, adesso.Mese, adesso.Giorno, adesso.Ora, adesso.Minuto, adesso.Secondo};
+    using namespace std::chrono;
+    const local_seconds now = CalendarioInUso.Adesso();
+    const auto day = floor<days>(now);
+    const year_month_day date(day);
+    const hh_mm_ss time(now - day);
+    return {static_cast<int>(date.year()),
+            static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day())),
+            static_cast<int>(time.hours().count()),
+            static_cast<int>(time.minutes().count()),
+            static_cast<int>(time.seconds().count())};
 }
 
 int RandomDigit()
@@ -97,7 +107,7 @@ clsPDFCreator& clsPDFCreator::operator=(clsPDFCreator&&) noexcept = default;
 void clsPDFCreator::SetClock(Clock NewClock)
 {
     m->DocClock = std::move(NewClock);
-    m->CreationDate = pdf::prDate(InDate(m->DocClock.Now()));
+    m->CreationDate = DateOf(m->DocClock.Now());
 }
 
 std::string clsPDFCreator::Version()

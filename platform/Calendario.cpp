@@ -1,3 +1,5 @@
+// The moment that the environment sets or the system tells: Calendario_posix.cpp,
+// Calendario_windows.cpp.
 #include "Calendario.h"
 
 #include "Cifre.h"
@@ -5,6 +7,7 @@
 #include "ErroreRuntime.h"
 #include "Numeri.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
@@ -12,23 +15,23 @@
 #include <string>
 #include <string_view>
 
+using namespace std::chrono;
+
 namespace {
 
 constexpr int AnnoMassimo = 9999; // documents have four digits for it
 
-DataOra InUtc(std::uint64_t secondi)
+// Nothing for a year with more digits. A leap second counts as the one before it, which every
+// calendar has.
+std::optional<local_seconds> Momento(const std::tm& parti)
 {
-    using namespace std::chrono;
-    const sys_seconds momento{seconds{secondi}};
-    const auto giorno = floor<days>(momento);
-    const year_month_day data{giorno};
-    const hh_mm_ss ora{momento - giorno};
-    return {static_cast<int>(data.year()),
-            static_cast<int>(static_cast<unsigned>(data.month())),
-            static_cast<int>(static_cast<unsigned>(data.day())),
-            static_cast<int>(ora.hours().count()),
-            static_cast<int>(ora.minutes().count()),
-            static_cast<int>(ora.seconds().count())};
+    constexpr int annoZero = 1900;
+    constexpr int ultimoSecondo = 59;
+    if (parti.tm_year > AnnoMassimo - annoZero) return std::nullopt;
+    const local_days giorno(year(parti.tm_year + annoZero) /
+                            month(static_cast<unsigned>(parti.tm_mon + 1)) / parti.tm_mday);
+    return giorno + hours(parti.tm_hour) + minutes(parti.tm_min) +
+           seconds(std::min(parti.tm_sec, ultimoSecondo));
 }
 
 std::optional<std::uint64_t> MomentoImposto()
@@ -47,11 +50,11 @@ std::optional<std::uint64_t> MomentoImposto()
         "SOURCE_DATE_EPOCH");
 }
 
-DataOra Adesso()
+local_seconds Adesso()
 {
-    if (const auto imposto = MomentoImposto()) return InUtc(*imposto);
-    const auto ora = calendario::OraLocale();
-    if (ora && ora->Anno <= AnnoMassimo) return *ora;
+    if (const auto imposto = MomentoImposto()) return local_seconds(seconds(*imposto));
+    const auto parti = calendario::OraLocale();
+    if (const auto momento = parti ? Momento(*parti) : std::nullopt) return *momento;
     throw ErroreRuntime(NumeroErrore::Overflow, "segna una data oltre l'anno 9999",
                         "orologio del sistema");
 }

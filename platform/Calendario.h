@@ -2,21 +2,14 @@
 // come out the same.
 #pragma once
 
+#include <chrono>
+#include <ctime>
 #include <optional>
-
-struct DataOra
-{
-    int Anno;    // 1970 to 9999
-    int Mese;    // 1 to 12
-    int Giorno;  // 1 to 31
-    int Ora;     // 0 to 23
-    int Minuto;  // 0 to 59
-    int Secondo; // 0 to 60
-};
 
 struct Calendario
 {
-    DataOra (*Adesso)();
+    // The moment that a calendar and a clock on the wall show, from 1970 to 9999.
+    std::chrono::local_seconds (*Adesso)();
     int (*CifraCasuale)(); // 0 to 9
 };
 
@@ -30,7 +23,8 @@ Calendario CalendarioDelSistema();
 
 namespace calendario {
 
-// The local time of the system, one file per platform. Nothing where the year is beyond all bounds.
-std::optional<DataOra> OraLocale();
+// The local time in the C library's parts, one file per platform. Nothing where the year is beyond
+// all bounds.
+std::optional<std::tm> OraLocale();
 
 } // namespace calendario

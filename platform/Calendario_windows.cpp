@@ -1,21 +1,16 @@
+// The C library's local time, asked as this system asks it.
 #include "Calendario.h"
 
 #include <ctime>
 
 namespace calendario {
 
-std::optional<DataOra> OraLocale()
+std::optional<std::tm> OraLocale()
 {
-    constexpr int annoZero = 1900;
     const std::time_t adesso = std::time(nullptr);
     std::tm locale = {};
     if (::localtime_s(&locale, &adesso) != 0) return std::nullopt;
-    return DataOra{locale.tm_year + annoZero,
-                   locale.tm_mon + 1,
-                   locale.tm_mday,
-                   locale.tm_hour,
-                   locale.tm_min,
-                   locale.tm_sec};
+    return locale;
 }
 
 } // namespace calendario

@@ -15,6 +15,7 @@
 #include "Stampe.h"
 #include "clsPDFCreator.h"
 
+#include <chrono>
 #include <optional>
 #include <utility>
 
@@ -37,6 +38,14 @@ enum : std::int32_t
 constexpr std::int32_t Normale = 0;
 constexpr std::int32_t Grassetto = 1;
 constexpr float Mezzeria = 10.5F;
+
+// The present year.
+std::int64_t Anno()
+{
+    using namespace std::chrono;
+    const auto giorno = floor<days>(CalendarioInUso.Adesso());
+    return static_cast<int>(year_month_day(giorno).year());
+}
 
 // The file of a document that is removed again unless it was finished.
 class FileProvvisorio
@@ -116,8 +125,7 @@ private:
         constexpr float altezza = 29;
         Pdf.BeginObject("Footers", ogniPagina);
         Pdf.SetFont("Times New Roman", 6, Normale);
-        const auto anno = static_cast<std::int64_t>(CalendarioInUso.Adesso().Anno);
-        Pdf.DrawText(2, altezza, "Scalvino © " + TestoNumero(anno), Sinistra, 0);
+        Pdf.DrawText(2, altezza, "Scalvino © " + TestoNumero(Anno()), Sinistra, 0);
         const auto pagine = static_cast<std::int64_t>(Pdf.Pages());
         Pdf.DrawText(19, altezza, "di " + TestoNumero(pagine), Destra, 0);
         Pdf.EndObject();

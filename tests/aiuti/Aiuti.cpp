@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -66,7 +67,9 @@ std::vector<std::string> CartellaDiProva::Contenuto() const
 
 CalendarioDorato::CalendarioDorato()
 {
-    CalendarioInUso = {[] { return DataOra{2026, 1, 2, 3, 4, 5}; }, [] { return 0; }};
+    using namespace std::chrono;
+    constexpr local_seconds momento = local_days{2026y / 1 / 2} + 3h + 4min + 5s;
+    CalendarioInUso = {[] { return momento; }, [] { return 0; }};
 }
 
 CalendarioDorato::~CalendarioDorato()

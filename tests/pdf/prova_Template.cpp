@@ -79,7 +79,8 @@ TEST(PrExpand, TestoComeStaETestoProtetto)
 
 TEST(PrExpand, DataConIlSuoFusoFisso)
 {
-    EXPECT_EQ(Riempito("(#d)", {pdf::Date{2026, 1, 2, 3, 4, 5}}), "(D:20260102030405Z+01'00')");
+    EXPECT_EQ(Riempito("(#d)", {clsPDFCreator::DateTime{2026, 1, 2, 3, 4, 5}}),
+              "(D:20260102030405Z+01'00')");
     EXPECT_EQ(pdf::prDate({1999, 12, 31, 23, 59, 59}), "D:19991231235959Z+01'00'");
     EXPECT_EQ(pdf::prDate({26, 1, 2, 0, 0, 0}), "D:00260102000000Z+01'00'");
 }
@@ -144,7 +145,7 @@ TEST(PrExpand, UnArgomentoDiAltraSpecieEUnErrore)
     NonAdatto("#s", Testo("x"));
     NonAdatto("#c", true);
     NonAdatto("#t", true);
-    NonAdatto("#p", pdf::Date{2026, 1, 2, 3, 4, 5});
+    NonAdatto("#p", clsPDFCreator::DateTime{2026, 1, 2, 3, 4, 5});
     NonAdatto("#d", Testo("D:2026"));
     NonAdatto("#b", 1.0);
 }

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <chrono>
 #include <string>
 
 #include <windows.h>
@@ -16,13 +18,22 @@ using aiuti::Variabile;
 
 namespace {
 
-std::string Testo(const DataOra& d)
+std::string Testo(const std::array<int, 6>& parti)
 {
     std::string testo;
-    for (const int parte : {d.Anno, d.Mese, d.Giorno, d.Ora, d.Minuto, d.Secondo}) {
-        testo += (testo.empty() ? "" : " ") + std::to_string(parte);
-    }
+    for (const int parte : parti) testo += (testo.empty() ? "" : " ") + std::to_string(parte);
     return testo;
+}
+
+std::string Testo(std::chrono::local_seconds momento)
+{
+    using namespace std::chrono;
+    const auto giorno = floor<days>(momento);
+    const year_month_day data(giorno);
+    const hh_mm_ss ora(momento - giorno);
+    return Testo({int(data.year()), int(unsigned(data.month())), int(unsigned(data.day())),
+                  int(ora.hours().count()), int(ora.minutes().count()),
+                  int(ora.seconds().count())});
 }
 
 // What the system's calendar says while SOURCE_DATE_EPOCH holds this.

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -167,7 +168,7 @@ TEST(StampePdf, UnaDataSbagliataEUnErrorePrimaDiOgniAltraCosa)
     const Calendario prima = CalendarioInUso;
     for (const bool statistiche : {false, true}) {
         Prova prova("tre");
-        CalendarioInUso.Adesso = []() -> DataOra {
+        CalendarioInUso.Adesso = []() -> std::chrono::local_seconds {
             throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente, "finto", "data");
         };
         std::ofstream(prova.Cartella.File("taglie.pdf")) << "il vecchio";
