@@ -61,7 +61,7 @@ void Prepara(const Cartella& cartella, std::int64_t taglie, bool unici)
 {
     Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
     ambiente.Cartella = cartella.Nome();
-    ambiente.Cifre = {",", "."};
+    ambiente.SeparatoriNumeri = {",", "."};
     ambiente.CaratteriUnici = unici;
     ambiente.PreparaTaglia = [mazzi = Mescolate(taglie)](std::int64_t taglia) {
         modCarte::ImpostaMazzo(mazzi.at(static_cast<std::size_t>(taglia) - 1));

@@ -112,7 +112,7 @@ void Corsa::ImpostaAmbiente()
 {
     Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
     ambiente.Cartella = m_posto.Cartella;
-    ambiente.Cifre = m_opzioni.Numeri;
+    ambiente.SeparatoriNumeri = m_opzioni.Numeri;
     ambiente.PreparaTaglia = m_sorgente.Preparazione();
     ambiente.Fermare = InterruzioneChiesta;
     ambiente.TagliaFatta = [this](std::int64_t fatte) { DopoTaglia(fatte); };

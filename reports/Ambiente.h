@@ -33,7 +33,7 @@ struct Ambiente
     std::string Cartella;
 
     // Marks in the numbers of the reports.
-    Separatori Cifre;
+    Separatori SeparatoriNumeri;
 
     // Puts shoe number taglia (from 1) into the calling thread's modCarte::Mazzo, ready to be
     // dealt. May be called from several threads at once.

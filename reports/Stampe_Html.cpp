@@ -257,7 +257,7 @@ void Finisci(FileNuovo& file, std::string& testo)
 std::optional<TotaliReport> StampaHtml(double numeroTaglie)
 {
     const NumeroTaglie chieste(numeroTaglie);
-    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
+    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
     FileNuovo file(PercorsoReport(NomeHtml));
     std::string testo;
     Testa(testo, FoglioStile::Completo);
@@ -284,7 +284,7 @@ std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
                                             const EtichettaStato& etichettaStato)
 {
     const NumeroTaglie chieste(numeroTaglie); // refuses a bad number before the old report is gone
-    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
+    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
     FileNuovo file(PercorsoReport(NomeHtml));
     std::string testo;
     Testa(testo, FoglioStile::Statistiche);

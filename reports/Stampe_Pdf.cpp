@@ -336,7 +336,7 @@ std::optional<TotaliReport> ScriviPieno(const NumeroTaglie& chieste)
 {
     constexpr float titoloTaglia = 1.3F;
     constexpr float titoloGenerali = 2;
-    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
+    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
     Documento documento;
     auto& pdf = documento.Pdf;
 
@@ -394,7 +394,7 @@ std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
     pdf.DrawText(Mezzeria, 3, "Simulazione taglie", Centro, 0);
     pdf.SetFontSize(10);
     pdf.DrawText(Mezzeria, 3.5F, "Statistiche generali", Centro, 0);
-    Generali(pdf, chieste, *totali, SeparatoriPerFile(AmbienteInUso.Cifre));
+    Generali(pdf, chieste, *totali, SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri));
     documento.Finisci();
     return totali;
 }

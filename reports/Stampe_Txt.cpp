@@ -143,7 +143,7 @@ void Accoda(FileNuovo& file, const std::string& testo)
 std::optional<TotaliReport> StampaTxt(double numeroTaglie)
 {
     const NumeroTaglie chieste(numeroTaglie);
-    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
+    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
     FileNuovo file(PercorsoReport(NomeTxt));
     std::string testo;
     Riga(testo, Titolo);
@@ -173,7 +173,7 @@ std::optional<TotaliReport> StatisticheTxt(double numeroTaglie,
                                            const EtichettaStato& etichettaStato)
 {
     const NumeroTaglie chieste(numeroTaglie); // refuses a bad number before the old report is gone
-    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.Cifre);
+    const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
     TogliFile(PercorsoReport(NomeTxt));
     const auto totali = EseguiConAvanzamento(chieste, etichettaStato);
     if (!totali) return std::nullopt;

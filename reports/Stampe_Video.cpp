@@ -42,15 +42,16 @@ struct RigaVideo
 
 std::vector<RigaVideo> Tabella(const NumeroTaglie& chieste, const TotaliReport& totali)
 {
-    const Separatori& cifre = AmbienteInUso.Cifre;
+    const Separatori& separatori = AmbienteInUso.SeparatoriNumeri;
     std::vector<RigaVideo> tabella;
     float y = PrimaRiga;
-    tabella.push_back({y, "Taglie:", MigliaiaConZero(chieste.Mostrate(), cifre), {}});
-    const auto righe = RigheGenerali(chieste, totali, cifre);
+    tabella.push_back({y, "Taglie:", MigliaiaConZero(chieste.Mostrate(), separatori), {}});
+    const auto righe = RigheGenerali(chieste, totali, separatori);
     for (std::size_t i = 0; i < righe.size(); ++i) {
         y += i == PrimaCombinata ? PassoRighe + StaccoCombinate : PassoRighe;
         const auto etichetta = i < PrimoEsito ? righe[i].Etichetta : EtichettaBreve(i - PrimoEsito);
-        tabella.push_back({y, etichetta, MigliaiaConZero(righe[i].Totale, cifre), righe[i].Quota});
+        tabella.push_back(
+            {y, etichetta, MigliaiaConZero(righe[i].Totale, separatori), righe[i].Quota});
     }
     return tabella;
 }

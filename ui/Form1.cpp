@@ -76,7 +76,7 @@ bool Form1::Carica()
 void Form1::ImpostaAmbiente()
 {
     Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
-    ambiente.Cifre = SeparatoriUtente();
+    ambiente.SeparatoriNumeri = SeparatoriUtente();
     // A full report, a matter of moments, is not left half done.
     ambiente.Fermare = [this] {
         return ValoreStat() != 0 && (m_fermata || m_chiusa || InterruzioneChiesta());

@@ -149,5 +149,5 @@ void Form1::numTaglie_Change()
 
 double Form1::NumeroTaglie() const
 {
-    return NumeroUtente(numTaglie->text().trimmed().toStdString(), Stampe::AmbienteInUso.Cifre);
+    return NumeroUtente(numTaglie->text().trimmed().toStdString(), Stampe::AmbienteInUso.SeparatoriNumeri);
 }

@@ -10,7 +10,7 @@ AmbienteDiProva::AmbienteDiProva()
 {
     Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
     ambiente.Cartella = Cartella.Nome();
-    ambiente.Cifre = {",", "."};
+    ambiente.SeparatoriNumeri = {",", "."};
     ambiente.Apri = [this](const std::string& percorso, StileFinestra stile) {
         Aperti.push_back(percorso);
         Stili.push_back(stile);

@@ -22,7 +22,7 @@ namespace {
 struct Tipo
 {
     const char* Nome;
-    Separatori Cifre;
+    Separatori SeparatoriNumeri;
 };
 
 // The narrow no-break space stands for the regions that group with it.
@@ -45,7 +45,7 @@ double Prepara(AmbienteDiProva& prova, const Caso& caso)
 {
     const auto mazzi = aiuti::MazziDorati(std::string(caso.Mazzi) + ".mazzi");
     prova.Distribuisci(mazzi);
-    AmbienteInUso.Cifre = caso.Numeri.Cifre;
+    AmbienteInUso.SeparatoriNumeri = caso.Numeri.SeparatoriNumeri;
     return static_cast<double>(mazzi.size());
 }
 

@@ -54,7 +54,7 @@ public:
     explicit Prova(const std::string& mazzi = "tre.mazzi")
     {
         Distribuisci(aiuti::MazziDorati(mazzi));
-        Stampe::AmbienteInUso.Cifre = {",", "\u00A0"};
+        Stampe::AmbienteInUso.SeparatoriNumeri = {",", "\u00A0"};
     }
 
     std::filesystem::path Report(const Operazione& operazione) const

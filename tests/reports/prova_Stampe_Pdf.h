@@ -25,11 +25,11 @@ inline const Separatori Italiani = {",", "."};
 class Prova : public aiuti::AmbienteDiProva, public aiuti::CalendarioDorato
 {
 public:
-    explicit Prova(const std::string& mazzi, Separatori cifre = Italiani)
+    explicit Prova(const std::string& mazzi, Separatori separatori = Italiani)
         : m_mazzi(aiuti::MazziDorati(mazzi + ".mazzi"))
     {
         Distribuisci(m_mazzi);
-        Stampe::AmbienteInUso.Cifre = std::move(cifre);
+        Stampe::AmbienteInUso.SeparatoriNumeri = std::move(separatori);
     }
 
     double Taglie() const { return static_cast<double>(m_mazzi.size()); }

@@ -64,7 +64,7 @@ Finestra::Finestra()
     finestra->ImpostaAmbiente();
     auto& inUso = Stampe::AmbienteInUso;
     inUso.Cartella = prova.Cartella;
-    inUso.Cifre = prova.Cifre;
+    inUso.SeparatoriNumeri = prova.SeparatoriNumeri;
     inUso.Apri = prova.Apri;
     auto* tavolo = finestra->findChild<TavoloCarte*>(QStringLiteral("picCard"));
     registro = std::make_unique<Registratore>(tavolo);
