@@ -16,4 +16,9 @@ Ambiente AmbienteNeutro()
     return ambiente;
 }
 
+std::string PercorsoReport(std::string_view nome)
+{
+    return std::string(AmbienteInUso.Cartella).append(nome);
+}
+
 } // namespace Stampe

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace Stampe {
 
@@ -67,6 +68,9 @@ struct Ambiente
 
 // The surroundings in use: set once at start, replaced whole by tests.
 extern Ambiente AmbienteInUso;
+
+// Name of a report, or of any other file that goes into the report folder, with that folder.
+std::string PercorsoReport(std::string_view nome);
 
 // A shuffled shoe a turn, never stopped, shows and opens nothing: what the window and the command
 // line start from.

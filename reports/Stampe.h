@@ -1,18 +1,17 @@
 // The reports: simulations of N whole shoes written as text, HTML or PDF, or drawn on a picture.
 //
-// Start here, then CorsaTaglie.h (the run that all reports share), Stampe_Txt.cpp, Stampe_Html.cpp
-// and Stampe_Pdf.cpp (one layout each), FormatiNumero.h (how numbers look).
+// Start here, then CorsaTaglie.h (the run that all reports share), Stampe_Comune.h (what the
+// layouts share), Stampe_Txt.cpp, Stampe_Html.cpp and Stampe_Pdf.cpp (one layout each),
+// FormatiNumero.h (how numbers look).
 #pragma once
 
 #include "CorsaTaglie.h"
-#include "Separatori.h"
 #include "Superficie.h"
 
 #include <array>
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace Stampe {
@@ -95,35 +94,5 @@ extern const std::array<DatiForma, 5> Forme;
 // Deletes the files of all forms, in the order of Forme, from the report folder.
 // What cannot or must not be deleted (still open, somebody else's) is passed over.
 void EliminaReport();
-
-// The HTML entity of a card text's suit, from its last letter: "&hearts;" for C, "&diams;" Q,
-// "&clubs;" F, "&spades;" P; empty for anything else.
-std::string_view SemeHtml(std::string_view carta);
-
-// The character that the font Symbol draws as a card text's suit, UTF-8; empty for anything else.
-std::string_view SemeSymbol(std::string_view carta);
-
-// The style class suffix of a card text: " red" for hearts and diamonds, else empty.
-std::string_view ClasseRossa(std::string_view carta);
-
-// ---- Shared by the layouts -------------------------------------------------------------------
-
-// Name of a report with its folder.
-std::string PercorsoReport(std::string_view nome);
-
-// Appends the pieces and CR LF.
-template <typename... Pezzi>
-void Riga(std::string& testo, const Pezzi&... pezzi)
-{
-    (testo.append(pezzi), ...);
-    testo.append("\r\n");
-}
-
-// The two lines that sum up the shoe in modCarte on a page of its own.
-std::array<std::string, 2> RigheRiassunto(const CifreTaglia& cifre, const Separatori& separatori);
-
-// Runs the shoes of a statistics-only form: after each the progress text and one yield.
-std::optional<TotaliReport> EseguiConAvanzamento(const NumeroTaglie& chieste,
-                                                 const EtichettaStato& etichettaStato);
 
 } // namespace Stampe

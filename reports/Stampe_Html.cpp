@@ -8,7 +8,7 @@
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "RigheGenerali.h"
-#include "Stampe.h"
+#include "Stampe_Comune.h"
 #include "Stampe_Stile.h"
 #include "Windows1252.h"
 

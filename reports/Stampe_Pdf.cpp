@@ -12,7 +12,7 @@
 #include "Numeri.h"
 #include "RigheGenerali.h"
 #include "SpazioPdf.h"
-#include "Stampe.h"
+#include "Stampe_Comune.h"
 #include "clsPDFCreator.h"
 
 #include <chrono>

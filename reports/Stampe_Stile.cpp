@@ -1,6 +1,6 @@
 #include "Stampe_Stile.h"
 
-#include "Stampe.h"
+#include "Stampe_Comune.h"
 
 #include <string_view>
 #include <vector>

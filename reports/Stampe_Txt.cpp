@@ -6,7 +6,7 @@
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "RigheGenerali.h"
-#include "Stampe.h"
+#include "Stampe_Comune.h"
 #include "Windows1252.h"
 
 #include <algorithm>

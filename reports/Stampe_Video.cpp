@@ -6,7 +6,7 @@
 #include "FormatiNumero.h"
 #include "RigheGenerali.h"
 #include "Scritte.h"
-#include "Stampe.h"
+#include "Stampe_Comune.h"
 
 #include <string>
 #include <vector>

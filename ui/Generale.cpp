@@ -8,7 +8,6 @@
 #include "FileNuovo.h"
 #include "Percorsi.h"
 #include "Quadro.h"
-#include "Stampe.h"
 
 #include <QFile>
 

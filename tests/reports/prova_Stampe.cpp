@@ -4,6 +4,7 @@
 #include "ErroreRuntime.h"
 #include "MazziDiProva.h"
 #include "Stampe.h"
+#include "Stampe_Comune.h"
 #include "Stampe_Stile.h"
 #include "Windows1252.h"
 

@@ -6,6 +6,7 @@
 #include "AmbienteDiProva.h"
 #include "MazziDiProva.h"
 #include "Stampe.h"
+#include "Stampe_Comune.h"
 #include "StrutturaPdf.h"
 
 #include <gmock/gmock.h>
