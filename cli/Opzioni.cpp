@@ -5,6 +5,7 @@
 #include "Argomenti.h"
 #include "Cifre.h"
 #include "ErroreComando.h"
+#include "LimitiTaglie.h"
 #include "Numeri.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include <map>
 #include <string_view>
 #include <thread>
+#include <utility>
 
 namespace cli {
 
@@ -31,17 +33,14 @@ std::string NonIntero(const std::string& testo)
 
 void LeggiTaglie(Opzioni& opzioni, const std::string& testo)
 {
-    constexpr std::uint64_t massimo = std::uint64_t{1} << 53;
-    constexpr const char* numero = "numero di taglie";
     if (testo.empty() || !SoloCifre(testo)) {
-        RifiutaUso(numero, NonIntero(testo));
+        RifiutaUso(Stampe::NumeroDiTaglie, NonIntero(testo));
     }
     std::uint64_t taglie = 0;
-    if (!LeggiInteroSenzaSegno(testo, taglie) || taglie > massimo) {
-        throw ErroreComando(UscitaRifiuto, numero,
-                            testo + " supera il massimo, " + std::to_string(massimo));
+    if (!LeggiInteroSenzaSegno(testo, taglie) || std::cmp_greater(taglie, Stampe::MassimoTaglie)) {
+        throw ErroreComando(UscitaRifiuto, Stampe::NumeroDiTaglie, Stampe::TroppeTaglie(testo));
     }
-    if (taglie < 1) RifiutaUso(numero, "deve essere almeno 1");
+    if (taglie < 1) RifiutaUso(Stampe::NumeroDiTaglie, Stampe::PocheTaglie);
     opzioni.Taglie = static_cast<std::int64_t>(taglie);
 }
 

@@ -2,6 +2,7 @@
 
 #include "Ambiente.h"
 #include "ErroreRuntime.h"
+#include "LimitiTaglie.h"
 #include "Studio.h"
 
 #include <algorithm>
@@ -57,14 +58,11 @@ namespace {
 
 std::int64_t Intere(double chieste)
 {
-    constexpr double massimo = 9007199254740992.0; // 2^53: above it not every number exists
     if (!(chieste >= 1)) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "deve essere almeno 1",
-                            "numero di taglie");
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, PocheTaglie, NumeroDiTaglie);
     }
-    if (chieste > massimo) {
-        throw ErroreRuntime(NumeroErrore::Overflow, "può essere al massimo 9007199254740992",
-                            "numero di taglie");
+    if (chieste > static_cast<double>(MassimoTaglie)) {
+        throw ErroreRuntime(NumeroErrore::Overflow, TroppeTaglie(), NumeroDiTaglie);
     }
     return static_cast<std::int64_t>(std::nearbyint(chieste));
 }
