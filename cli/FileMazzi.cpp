@@ -3,6 +3,7 @@
 #include "FileMazzi.h"
 
 #include "ErroreRuntime.h"
+#include "MotiviMazzo.h"
 #include "Numeri.h"
 
 #include <algorithm>
@@ -71,7 +72,7 @@ Taglia DaCodici(const std::vector<std::string_view>& parole)
             Rifiuta(Citata(parole[i]) + " non è un codice da 1 a 312");
         }
         const auto posto = static_cast<std::size_t>(codice);
-        if (visti.test(posto)) Rifiuta("la carta " + std::string(parole[i]) + " si ripete");
+        if (visti.test(posto)) Rifiuta(modCarte::MotivoCartaRipetuta(parole[i]));
         visti.set(posto);
         taglia[i] = static_cast<std::int16_t>(codice);
     }
@@ -123,8 +124,7 @@ std::optional<Taglia> LeggiTaglia(std::string_view riga)
     const auto parole = Parole(riga);
     if (parole.empty()) return std::nullopt;
     if (parole.size() != CarteTaglia) {
-        Rifiuta((parole.size() == 1 ? "la carta è " : "le carte sono ") +
-                TestoNumero(static_cast<std::int64_t>(parole.size())) + " invece di 312");
+        Rifiuta(modCarte::MotivoNumeroCarte(parole.size()));
     }
     // The first word decides which of the two forms the line has.
     return CodiceMazzetto(parole.front()) ? DaTesti(parole) : DaCodici(parole);

@@ -5,6 +5,7 @@
 
 #include "Casuale.h"
 #include "ErroreRuntime.h"
+#include "MotiviMazzo.h"
 #include "Numeri.h"
 
 #include <algorithm>
@@ -108,15 +109,14 @@ void ImpostaMazzo(std::span<const std::int16_t> codici)
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida, motivo, "Mazzo");
     };
     if (codici.size() != CarteTaglia) {
-        rifiuta("le carte sono " + TestoNumero(static_cast<std::int64_t>(codici.size())) +
-                " invece di 312");
+        rifiuta(MotivoNumeroCarte(codici.size()));
     }
     std::bitset<CarteTaglia + 1> visti;
     for (const std::int16_t codice : codici) {
         const std::string testo = TestoNumero(std::int64_t{codice});
         if (codice < 1 || codice > CarteTaglia) rifiuta("il codice " + testo + " non esiste");
         if (visti.test(static_cast<std::size_t>(codice))) {
-            rifiuta("la carta " + testo + " si ripete");
+            rifiuta(MotivoCartaRipetuta(testo));
         }
         visti.set(static_cast<std::size_t>(codice));
     }
