@@ -19,6 +19,7 @@ using namespace std::chrono;
 
 namespace {
 
+constexpr const char* Variabile = "SOURCE_DATE_EPOCH";
 constexpr int AnnoMassimo = 9999; // documents have four digits for it
 
 // Nothing for a year with more digits. A leap second counts as the one before it, which every
@@ -37,17 +38,15 @@ std::optional<local_seconds> Momento(const std::tm& parti)
 std::optional<std::uint64_t> MomentoImposto()
 {
     constexpr std::uint64_t ultimo = 253402300799; // the last second of the year 9999
-    const char* testo = std::getenv("SOURCE_DATE_EPOCH");
+    const char* testo = std::getenv(Variabile);
     if (testo == nullptr || *testo == '\0') return std::nullopt;
     std::uint64_t secondi = 0;
     if (LeggiInteroSenzaSegno(testo, secondi) && secondi <= ultimo) return secondi;
-    const std::string_view cifre = testo;
-    const bool numero = SoloCifre(cifre);
     throw ErroreRuntime(
         NumeroErrore::TipoNonCorrispondente,
-        "\"" + std::string(cifre) +
-            (numero ? "\" supera l'anno 9999" : "\" non è un numero di secondi dal 1970"),
-        "SOURCE_DATE_EPOCH");
+        "\"" + std::string(testo) +
+            (SoloCifre(testo) ? "\" supera l'anno 9999" : "\" non è un numero di secondi dal 1970"),
+        Variabile);
 }
 
 local_seconds Adesso()

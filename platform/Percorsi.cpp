@@ -27,6 +27,14 @@ void PretendiCartella(const std::string& cartella)
         std::filesystem::exists(voce) ? "non è una cartella" : "la cartella non esiste", cartella);
 }
 
+// A name is completed with the current folder: without that one it cannot be.
+void PretendiCorrente(const std::error_code& errore, const std::string& nome)
+{
+    if (!errore) return;
+    PretendiMemoria(errore);
+    throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella corrente non esiste", nome);
+}
+
 } // namespace
 
 std::string PercorsoTemp()
@@ -49,11 +57,7 @@ std::string CartellaCompleta(const std::string& cartella)
     const bool risale = std::find(data.begin(), data.end(), "..") != data.end();
     const auto assoluta = risale ? std::filesystem::canonical(data, errore)
                                  : std::filesystem::absolute(data, errore).lexically_normal();
-    PretendiMemoria(errore);
-    if (errore) {
-        throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella corrente non esiste",
-                            cartella);
-    }
+    PretendiCorrente(errore, cartella);
     return ConSeparatore(assoluta.string());
 }
 
@@ -61,10 +65,6 @@ std::string PercorsoCompleto(const std::string& percorso)
 {
     std::error_code errore;
     const auto assoluto = std::filesystem::absolute(percorsi::Cammino(percorso), errore);
-    PretendiMemoria(errore);
-    if (errore) {
-        throw ErroreRuntime(NumeroErrore::PercorsoNonTrovato, "la cartella corrente non esiste",
-                            percorso);
-    }
+    PretendiCorrente(errore, percorso);
     return assoluto.string();
 }
