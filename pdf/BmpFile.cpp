@@ -85,7 +85,7 @@ bool KnownDepth(const BmpHeader& header)
 void CheckHeader(const ByteReader& file, const BmpHeader& header)
 {
     constexpr std::uint64_t longest = 0x7FFFFFFF;
-    if (header.Width == 0 || header.Height == 0) file.Fail("l'immagine non ha pixel");
+    if (header.Width == 0 || header.Height == 0) file.Fail(NoPixels);
     if (header.Height > longest) file.Fail("l'immagine è troppo alta");
     if (!KnownDepth(header)) {
         file.Fail("bitmap con " + std::to_string(header.Bits) + " bit per pixel e compressione " +
@@ -265,7 +265,7 @@ std::string ReadRuns(const ByteReader& file, const BmpHeader& header)
     const std::uint64_t length = file.Size() - header.PixelOffset;
     const std::uint64_t held = std::max(PixelsAlwaysAllowed, length * PixelsPerRleByte);
     if (header.Width * header.Height > std::min(held, PixelsNeverExceeded)) {
-        file.Fail("le dimensioni dichiarate superano quanto il file può contenere");
+        file.Fail(TooFewBytes);
     }
     return prReadRle(file.Part(header.PixelOffset, length), header.Width, header.Height,
                      header.Bits);

@@ -237,10 +237,10 @@ private:
         if (bits < 1 || bits > 8) m_file.Fail("i pixel del file GIF hanno più di 8 bit o nessuno");
         const auto pixels = static_cast<std::uint64_t>(m_picture.Width) *
                             static_cast<std::uint64_t>(m_picture.Height);
-        if (pixels == 0) m_file.Fail("l'immagine non ha pixel");
+        if (pixels == 0) m_file.Fail(NoPixels);
         const std::string bytes = SubBlocks();
         if (pixels > std::min(bytes.size() * PixelsPerByte, PixelsNeverExceeded)) {
-            m_file.Fail("le dimensioni dichiarate superano quanto il file può contenere");
+            m_file.Fail(TooFewBytes);
         }
         return GifDecoder(m_file, bits, static_cast<std::size_t>(pixels)).Decode(bytes);
     }

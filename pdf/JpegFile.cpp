@@ -29,6 +29,9 @@ enum Marker : std::uint8_t
     AdobeSegment = 0xEE,
 };
 
+constexpr const char* Damaged = "il file JPEG è danneggiato";
+constexpr const char* NoDimensions = "il file JPEG non dichiara le dimensioni prima dei dati";
+
 bool IsFrame(std::uint8_t marker)
 {
     return marker >= BaselineFrame && marker <= LastFrame && marker != HuffmanTables &&
@@ -59,7 +62,7 @@ public:
             if (!IsBare(marker)) ReadSegment(marker);
         }
         if (m_picture.BitsPerPixel == 0) {
-            m_file.Fail("il file JPEG non dichiara le dimensioni prima dei dati");
+            m_file.Fail(NoDimensions);
         }
         m_picture.InvertedCMYK = m_adobe && m_picture.Space == ColorSpace::CMYK;
         return m_picture;
@@ -69,7 +72,7 @@ private:
     // The next marker. Any number of FF bytes may stand before its second byte.
     std::uint8_t Next()
     {
-        if (m_file.U8(m_position++) != 0xFF) m_file.Fail("il file JPEG è danneggiato");
+        if (m_file.U8(m_position++) != 0xFF) m_file.Fail(Damaged);
         while (m_file.U8(m_position) == 0xFF) ++m_position;
         return m_file.U8(m_position++);
     }
@@ -77,7 +80,7 @@ private:
     void ReadSegment(std::uint8_t marker)
     {
         const std::uint16_t length = m_file.Big16(m_position);
-        if (length < 2) m_file.Fail("il file JPEG è danneggiato");
+        if (length < 2) m_file.Fail(Damaged);
         const ByteReader segment = m_file.Part(m_position + 2, length - 2U);
         m_position += length;
         if (IsFrame(marker)) ReadFrame(marker, segment);
@@ -96,7 +99,7 @@ private:
         m_picture.Height = segment.Big16(1);
         m_picture.Width = segment.Big16(3);
         if (m_picture.Width == 0 || m_picture.Height == 0) {
-            m_file.Fail("il file JPEG non dichiara le dimensioni prima dei dati");
+            m_file.Fail(NoDimensions);
         }
         SetComponents(segment.U8(5));
         segment.Slice(6, 3U * segment.U8(5));

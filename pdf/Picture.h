@@ -31,6 +31,11 @@ struct Picture
     std::string Palette; // Indexed: red, green, blue of each entry; no pixel lies outside
 };
 
+// What is wrong with pictures of every kind, as the user is told.
+inline constexpr const char* NoPixels = "l'immagine non ha pixel";
+inline constexpr const char* TooFewBytes =
+    "le dimensioni dichiarate superano quanto il file può contenere";
+
 // Packs palette indices of one byte each into the rows of a Picture.
 //
 // indices: Width * Height palette indices, top row first. Sets BitsPerPixel to the least of 1, 2,
