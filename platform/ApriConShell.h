@@ -1,4 +1,5 @@
-// Opens a finished file with the desktop's default handler.
+// Opens a finished file with the desktop's default handler. Reports do so by Ambiente::Apri of
+// reports/Ambiente.h.
 #pragma once
 
 #include <string>

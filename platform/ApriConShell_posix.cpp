@@ -1,3 +1,4 @@
+// Starts xdg-open (or open) as a program that outlives this one. The promise is in ApriConShell.h.
 #include "ApriConShell.h"
 
 #include <array>

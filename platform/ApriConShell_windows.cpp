@@ -1,3 +1,4 @@
+// Starts the handler that the system has for a file. The promise is in ApriConShell.h.
 #include "ApriConShell.h"
 
 #include <windows.h>

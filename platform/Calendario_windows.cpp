@@ -1,4 +1,4 @@
-// The C library's local time, asked as this system asks it.
+// The C library's local time, asked as this system asks it. Calendario.cpp makes a moment of it.
 #include "Calendario.h"
 
 #include <ctime>

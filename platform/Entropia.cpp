@@ -1,3 +1,4 @@
+// The standard library's way to the system's entropy; engine/Casuale.cpp seeds the game with it.
 #include "Entropia.h"
 
 #include <random>

@@ -1,4 +1,4 @@
-// Unpredictable numbers from the operating system.
+// Unpredictable numbers from the operating system, for engine/Casuale.cpp.
 #pragma once
 
 #include <cstdint>

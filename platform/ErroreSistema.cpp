@@ -1,3 +1,5 @@
+// The table of error codes: which run-time error each becomes and what the user reads.
+// base/ErroreRuntime.h is the error.
 #include "ErroreSistema.h"
 
 #include <array>

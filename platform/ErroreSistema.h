@@ -1,4 +1,4 @@
-// Turns the operating system's error codes into the program's run-time error.
+// Turns the operating system's error codes into the program's run-time error, base/ErroreRuntime.h.
 #pragma once
 
 #include "ErroreRuntime.h"
@@ -12,6 +12,7 @@ ErroreRuntime ErroreSistema(int codice, const std::string& file);
 // The Italian reason alone, lower case, without a full stop.
 std::string MotivoSistema(int codice);
 
-// std::bad_alloc when this is the want of memory: the standard library's file operations report
-// that like any other failure, while it says nothing about the file.
+// Throws std::bad_alloc when errore says that memory ran out; any other error, or none, has no
+// effect. To be called after file operations of the standard library: they report exhausted memory
+// like an answer of the disk ("no such file"), and the program would go on with a wrong answer.
 void PretendiMemoria(const std::error_code& errore);

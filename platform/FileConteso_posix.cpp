@@ -1,3 +1,4 @@
+// Asks by a lease of the file, where the system has leases. The promise is in FileConteso.h.
 #include "FileConteso.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// Asks by an opening that shares nothing. The promise is in FileConteso.h.
 #include "FileConteso.h"
 
 #include <windows.h>

@@ -1,5 +1,5 @@
 // The flags with which a file is created and opened again, each against something that somebody
-// else may put in its place.
+// else may put in its place. FileNuovo.cpp writes.
 #include "FileNuovo.h"
 
 #include "ErroreSistema.h"

@@ -1,4 +1,4 @@
-// The flags and the sharing with which a file is created and opened again.
+// The flags and the sharing with which a file is created and opened again. FileNuovo.cpp writes.
 #include "FileNuovo.h"
 
 #include "ErroreSistema.h"

@@ -1,4 +1,4 @@
-// What stat(2) tells of names.
+// What stat(2) tells of names. The promises are in FileSulDisco.h.
 #include "FileSulDisco.h"
 
 #include "ErroreSistema.h"

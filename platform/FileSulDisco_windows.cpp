@@ -1,4 +1,4 @@
-// What the system's attributes tell of names.
+// What the system's attributes tell of names. The promises are in FileSulDisco.h.
 #include "FileSulDisco.h"
 
 #include "Percorsi.h"

@@ -1,4 +1,4 @@
-// Owners and kinds of what stands in the way of a new file.
+// Owners and kinds of what stands in the way of a new file. FileNuovo_posix.cpp creates it then.
 #include "FileVecchio.h"
 
 #include "ErroreSistema.h"

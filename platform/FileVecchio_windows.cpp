@@ -1,4 +1,4 @@
-// Kinds of what stands in the way of a new file.
+// Kinds of what stands in the way of a new file. FileNuovo_windows.cpp creates it then.
 #include "FileVecchio.h"
 
 #include "ErroreSistema.h"

@@ -1,4 +1,5 @@
-// A file is told by the numbers of its device and of itself.
+// A file is told by the numbers of its device and of itself. What follows from a difference is in
+// Impronta.cpp.
 #include "Impronta.h"
 
 #include "ErroreSistema.h"

@@ -1,4 +1,5 @@
-// A file is told by the number of its disk and its own index there.
+// A file is told by the number of its disk and its own index there. What follows from a difference
+// is in Impronta.cpp.
 #include "Impronta.h"
 
 #include "ErroreSistema.h"

@@ -1,4 +1,5 @@
-// Reading by descriptors, which may be FIFOs and terminals that signals interrupt.
+// Reading by descriptors, which may be FIFOs and terminals that signals interrupt. LetturaFile.cpp
+// makes lines of it.
 #include "LetturaSistema.h"
 
 #include "SegnaliDiFine_posix.h"

@@ -1,4 +1,5 @@
 // Reading by the C library's descriptors, which know neither signals nor reads at a place.
+// LetturaFile.cpp makes lines of it.
 #include "LetturaSistema.h"
 
 #include "Percorsi.h"

@@ -7,7 +7,8 @@
 // A menu of the window manager; 0 is none.
 using ManigliaMenu = std::uintptr_t;
 
-// The Size command, a 16-bit constant widened with its sign; kept in this very form on purpose.
+// The Size command, a 16-bit constant (F000) widened with its sign. On purpose not F000 itself:
+// what the system is asked decides which commands the window has there.
 inline constexpr std::uint32_t ComandoDimensiona = 0xFFFFF000;
 
 // A command is named by its identifier, not by its place.

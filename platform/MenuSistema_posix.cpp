@@ -1,3 +1,5 @@
+// Nothing to do: windows have no system menu here. MenuSistema_windows.cpp is the sibling that
+// acts.
 #include "MenuSistema.h"
 
 void InizializzaControlliComuni() {}

@@ -1,3 +1,4 @@
+// The system's own calls for the menu of a window. The promises are in MenuSistema.h.
 #include "MenuSistema.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// The clock for durations. That of the day is in Orologio_posix.cpp and Orologio_windows.cpp.
 #include "Orologio.h"
 
 #include <chrono>

@@ -1,4 +1,4 @@
-// The time of day.
+// The time of day, and a clock for durations. Dates are in Calendario.h.
 #pragma once
 
 // Seconds since local midnight, 0 to 86400 exclusive, with the fraction that the system timer

@@ -1,3 +1,5 @@
+// The time of day from the cheapest clock of the system, with midnight kept. The promise is in
+// Orologio.h.
 #include "Orologio.h"
 
 #include <ctime>

@@ -1,3 +1,4 @@
+// The time of day as the system keeps it. The promise is in Orologio.h.
 #include "Orologio.h"
 
 #include <windows.h>

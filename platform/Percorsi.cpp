@@ -1,3 +1,5 @@
+// Checks and completes names of folders; which folders the system knows is in Percorsi_posix.cpp
+// and Percorsi_windows.cpp.
 #include "Percorsi.h"
 
 #include "ErroreSistema.h"

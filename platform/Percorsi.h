@@ -1,4 +1,5 @@
-// Folders: where reports go and how a folder's name is completed.
+// Folders: where reports go and how a folder's name is completed. What lies under a name tells
+// FileSulDisco.h.
 #pragma once
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// Names are bytes here, and the temporary folder is in the environment. Percorsi.cpp checks it.
 #include "Percorsi.h"
 
 #include "ErroreSistema.h"

@@ -1,3 +1,4 @@
+// Names are UTF-8 here, and the system is asked for its folders. Percorsi.cpp checks them.
 #include "Percorsi.h"
 
 #include <array>

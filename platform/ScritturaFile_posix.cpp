@@ -1,4 +1,4 @@
-// The system's own calls for ScritturaFile.cpp.
+// The system's own calls. ScritturaFile.cpp goes on where they stop early.
 #include "ScritturaFile.h"
 
 #include <unistd.h>

@@ -1,4 +1,5 @@
-// The marks that the user's regional settings put into numbers.
+// The marks that the user's regional settings put into numbers; reports/FormatiNumero.h puts them
+// in.
 #pragma once
 
 #include <string>

@@ -1,3 +1,5 @@
+// Reads the user's locale without making it the process's own. reports/FormatiNumero.h uses the
+// marks.
 #include "Separatori.h"
 
 #include "Windows1252.h"

@@ -1,3 +1,4 @@
+// Reads the user's regional settings. reports/FormatiNumero.h uses the marks.
 #include "Separatori.h"
 
 #include "Windows1252.h"

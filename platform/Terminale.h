@@ -1,4 +1,4 @@
-// Whether somebody watches the messages on a terminal, and how wide it is.
+// Whether somebody watches the messages on a terminal, and how wide it is: for cli/Avanzamento.cpp.
 #pragma once
 
 // True when standard error is a terminal.

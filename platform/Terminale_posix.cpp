@@ -1,4 +1,4 @@
-// Terminals by descriptor.
+// Asks the descriptor of standard error. The promises are in Terminale.h.
 #include "Terminale.h"
 
 #include <sys/ioctl.h>

@@ -1,4 +1,4 @@
-// The console that belongs to standard error.
+// Asks the console of standard error. The promises are in Terminale.h.
 #include "Terminale.h"
 
 #include <io.h>

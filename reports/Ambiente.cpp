@@ -1,3 +1,5 @@
+// The surroundings in use, and those that everybody starts from. What each field means is told in
+// Ambiente.h.
 #include "Ambiente.h"
 
 #include "modCarte.h"

@@ -1,3 +1,5 @@
+// Plays the shoes on one thread or shares them among several, and adds up. Every report calls it:
+// see Stampe_Txt.cpp for the simplest.
 #include "CorsaTaglie.h"
 
 #include "Ambiente.h"

@@ -1,4 +1,5 @@
-// The one run over N shoes that all reports share, and the figures it derives from each shoe.
+// The one run over N shoes that all reports share, and the figures it derives from each shoe. The
+// shoes are played by engine/modCarte.h.
 #pragma once
 
 #include "modCarte.h"

@@ -1,3 +1,4 @@
+// The game's names for what FileConteso.h and FileSulDisco.h of platform/ answer, and the warning.
 #include "FileInUso.h"
 
 #include "Ambiente.h"
@@ -20,7 +21,8 @@ std::int16_t FileAperto(const std::string& percorso)
 Flag AvvisoFileInUso(const std::string& percorso)
 {
     if (FileAperto(percorso) != FileTenuto) return Falso;
-    // This one box has a title of its own on purpose.
+    // On purpose not the program's name, as all other boxes have it: this warning is known by its
+    // title.
     Stampe::AmbienteInUso.Avvisa({"Ombrivento",
                                   "Il file è già aperto e in uso.\r"
                                   "Chiudere il file aperto e rilanciare la stampa.",

@@ -1,4 +1,5 @@
-// Is a file there, and does another program hold it?
+// Is a file there, and does another program hold it? The PDF report asks before it writes:
+// Stampe_Pdf.cpp.
 #pragma once
 
 #include "Flag.h"

@@ -1,3 +1,5 @@
+// Numbers as texts, from exact quotients of whole numbers (Intero128.h), so that no rounding comes
+// twice.
 #include "FormatiNumero.h"
 
 #include "ErroreRuntime.h"
@@ -11,7 +13,7 @@ namespace Stampe {
 
 namespace {
 
-// Splits a finite number into an odd-free mantissa and a power of two; exact.
+// A finite number as mantissa times 2 to the power of esponente, exactly.
 struct Binario
 {
     std::int64_t mantissa;
@@ -24,6 +26,8 @@ Binario Scomponi(double valore)
     int esponente = 0;
     const double frazione = std::frexp(valore, &esponente);
     Binario binario{static_cast<std::int64_t>(std::ldexp(frazione, cifre)), esponente - cifre};
+    // Below 0 the exponent lengthens the numerator of a quotient: it is brought as near to 0 as the
+    // number allows, so that 128 bits hold as many quotients as they can.
     while (binario.esponente < 0 && binario.mantissa % 2 == 0) {
         binario.mantissa /= 2;
         ++binario.esponente;

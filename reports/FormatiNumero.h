@@ -1,4 +1,5 @@
-// The number formats of the reports, with the user's separators. No locale is consulted.
+// The number formats of the reports, with the user's separators (platform/Separatori.h). No locale
+// is consulted.
 #pragma once
 
 #include "Intero128.h"

@@ -1,4 +1,5 @@
-// Whole numbers of 192 bits, for sums of products that must not be rounded.
+// Whole numbers of 192 bits, for sums of products that must not be rounded: the estimates of
+// Studio.cpp.
 #pragma once
 
 #include <array>

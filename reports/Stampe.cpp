@@ -1,4 +1,5 @@
 // What is no layout: the table of forms, the run without a report and the end of all reports.
+// Layouts start from Stampe_Comune.h.
 #include "Stampe.h"
 
 #include "Ambiente.h"

@@ -1,4 +1,5 @@
-// The progress of a statistics-only run and the lines above a shoe's table.
+// The progress of a statistics-only run and the lines above a shoe's table. The run itself is in
+// CorsaTaglie.cpp.
 #include "Stampe_Comune.h"
 
 #include "Ambiente.h"

@@ -1,7 +1,8 @@
 // Layout of the HTML report: "taglie.htm".
 //
 // Unclosed elements, the link to a section that a single shoe does not have and the differing
-// indents are kept on purpose: the page is written exactly so.
+// indents are kept on purpose: the page is promised byte for byte to programs that read it, and
+// browsers show it all the same.
 
 #include "Ambiente.h"
 #include "FileNuovo.h"
@@ -70,7 +71,8 @@ bool CimaPagina(FileNuovo& file, std::string& testo, const NumeroTaglie& chieste
     Riga(testo, "<font face=\"Tahoma\" size=\"5\"><b>SCALVINO</b></font><br><br>");
     if (chieste.PiuDiUna()) {
         Riga(testo, "Vai alla taglia: ");
-        // The first shoe follows at once and has no link on purpose.
+        // The first shoe has no link on purpose: it follows at once, and its link would lead
+        // nowhere that the reader is not already.
         for (std::int64_t i = 2; i <= chieste.DaFare(); ++i) {
             const std::string numero = TestoNumero(i);
             Riga(testo, "<a href=\"#", numero, "\">", numero, "</a>");

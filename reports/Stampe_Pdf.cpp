@@ -1,7 +1,7 @@
 // Layout of the PDF report: "taglie.pdf". Lengths in centimetres on an A4 page.
 //
-// A shoe's table always starts at 3.5 cm of the shoe's own page: from the 43rd coup on its rows are
-// drawn below the edge of the page and do not show, on purpose.
+// A shoe's table always starts at 3.5 cm of the shoe's own page, which has room for 42 coups. No
+// shoe has more than 32 (SpazioPdf.cpp), so that no table is ever continued on another page.
 
 #include "Ambiente.h"
 #include "Calendario.h"
@@ -23,7 +23,9 @@ namespace Stampe {
 
 namespace {
 
-// Alignment of texts, as the writer knows it. CentroAlto carries a bit that means nothing.
+// Alignment of texts, as the writer knows it: left 1, right 2 or centre 4, plus 32 for the middle
+// of the height; without that a text stands at the top. CentroAlto is centre plus 8, a value that
+// the writer has no use for and passes over.
 enum : std::int32_t
 {
     Sinistra = 1,

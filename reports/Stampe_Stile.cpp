@@ -1,3 +1,5 @@
+// The style sheets as a table of rules, in the order in which they are written. Stampe_Html.cpp
+// puts them into the page.
 #include "Stampe_Stile.h"
 
 #include "Stampe_Comune.h"
@@ -9,8 +11,9 @@ namespace Stampe {
 
 namespace {
 
-// A rule as it is written: every line ends a declaration. The rule .face and the picture
-// "cardback.gif" are kept on purpose, although no element uses the one and no file is the other.
+// A rule as it is written: every line ends a declaration. The rule .face, which no element uses,
+// and the picture "cardback.gif", which is no file, are kept on purpose: the sheet, too, is
+// promised byte for byte.
 struct Regola
 {
     std::string_view Selettore; // with its "{"; a rule on one line has no declarations

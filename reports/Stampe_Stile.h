@@ -1,4 +1,4 @@
-// The style sheets of the HTML report.
+// The style sheets of the HTML report, Stampe_Html.cpp.
 #pragma once
 
 #include <string>

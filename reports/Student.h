@@ -1,4 +1,5 @@
-// Student's distribution: how wide an interval must be whose error is itself estimated.
+// Student's distribution: how wide an interval must be whose error is itself estimated. Studio.cpp
+// asks.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Sums over the shoes of a run and the estimates made of them. cli/Dati.cpp writes these out.
 #include "Studio.h"
 
 #include "InteroLargo.h"
