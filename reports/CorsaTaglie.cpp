@@ -30,7 +30,8 @@ CifreTaglia DerivaCifre()
     // purpose: its last record then counts as a coup and is shown as one.
     const bool breve = ultimo.Breve();
     const std::int64_t carteBreve = breve ? ultimo.NumeroCarte() : 0;
-    // Posizione is 313 at the end of a shoe, so that this counts one card too many on purpose.
+    // Posizione is 313 at the end of a shoe, so that this counts one card more than were dealt. On
+    // purpose: shares of the cards, in every report and in the data, are shares of this number.
     const auto usate =
         static_cast<std::int64_t>(modCarte::Posizione) - modCarte::NumeroCarteAnnullate;
 

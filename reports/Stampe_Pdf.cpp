@@ -1,7 +1,7 @@
 // Layout of the PDF report: "taglie.pdf". Lengths in centimetres on an A4 page.
 //
-// A shoe's table always starts at 3.5 cm of the shoe's own page, which has room for 42 coups. No
-// shoe has more than 32 (SpazioPdf.cpp), so that no table is ever continued on another page.
+// A shoe's table always starts at 3.5 cm of the shoe's own page and is never continued on another:
+// rows below the 42nd would lie below its edge, and no shoe has more than 32 coups (SpazioPdf.cpp).
 
 #include "Ambiente.h"
 #include "Calendario.h"

@@ -149,5 +149,6 @@ void Form1::numTaglie_Change()
 
 double Form1::NumeroTaglie() const
 {
-    return NumeroUtente(numTaglie->text().trimmed().toStdString(), Stampe::AmbienteInUso.SeparatoriNumeri);
+    return NumeroUtente(numTaglie->text().trimmed().toStdString(),
+                        Stampe::AmbienteInUso.SeparatoriNumeri);
 }
