@@ -1,4 +1,4 @@
-// Layout of the HTML report: "taglie.htm".
+// Layout of the HTML report: "taglie.htm". Its style sheets stand in Stampe_Stile.cpp.
 //
 // Unclosed elements, the link to a section that a single shoe does not have and the differing
 // indents are kept on purpose: the page is promised byte for byte to programs that read it, and

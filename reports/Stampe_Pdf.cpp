@@ -1,4 +1,5 @@
-// Layout of the PDF report: "taglie.pdf". Lengths in centimetres on an A4 page.
+// Layout of the PDF report: "taglie.pdf". Lengths in centimetres on an A4 page. How many shoes one
+// document holds is counted in SpazioPdf.cpp.
 //
 // A shoe's table always starts at 3.5 cm of the shoe's own page and is never continued on another:
 // rows below the 42nd would lie below its edge, and no shoe has more than 32 coups (SpazioPdf.cpp).

@@ -1,4 +1,4 @@
-// Layout of the text report: "taglie.txt".
+// Layout of the text report: "taglie.txt". What all layouts share stands in Stampe_Comune.h.
 
 #include "Ambiente.h"
 #include "FileNuovo.h"

@@ -1,4 +1,4 @@
-// Layout of the statistics drawn on the card table.
+// Layout of the statistics drawn on the card table or another Superficie.h.
 
 #include "Ambiente.h"
 #include "ErroreRuntime.h"

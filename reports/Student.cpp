@@ -1,4 +1,5 @@
-// Student's distribution: exact sums for few degrees of freedom, a series for many.
+// Student's distribution: exact sums for few degrees of freedom, a series for many. Studio.cpp
+// asks.
 #include "Student.h"
 
 #include <cmath>
