@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace modCarte {
@@ -42,7 +43,7 @@ struct RigaEsito
     std::string_view Nome;             // as data for other programs call it
     Numero ContiEsiti<Numero>::*Conto; // where it is counted
     Condizione Quando;                 // the records that count,
-    Condizione Insieme;                // of a combined outcome those for which this holds, too
+    std::optional<Condizione> Insieme; // of a combined outcome those for which this holds, too
     std::size_t PostoReport;           // its place in the reports, from 0 on
     double QuotaPrimoColpo;            // how probable it is for the first coup of a shoe
 };
@@ -52,12 +53,12 @@ struct RigaEsito
 // cannot run out, and so are Colore and Inverso, since every value has as many black cards as red.
 template <typename Numero, typename C = ContiEsiti<Numero>, typename R = RecordColpo>
 inline constexpr std::array Esiti = std::to_array<RigaEsito<Numero>>({
-    {"VinceNero", &C::VinceNero, &R::VinceNero, nullptr, 0, 0.44520054341892984},
-    {"VinceRosso", &C::VinceRosso, &R::VinceRosso, nullptr, 1, 0.44520054341892984},
-    {"Colore", &C::Colore, &R::VinceColore, nullptr, 3, 0.44520054341892984},
-    {"Inverso", &C::Inverso, &R::VinceInverso, nullptr, 4, 0.44520054341892984},
-    {"Pari", &C::Pari, &R::Pari, nullptr, 2, 0.10959891316214038},
-    {"TrentunoApres", &C::TrentunoApres, &R::Trentuno, nullptr, 5, 0.021891370486570891},
+    {"VinceNero", &C::VinceNero, &R::VinceNero, {}, 0, 0.44520054341892984},
+    {"VinceRosso", &C::VinceRosso, &R::VinceRosso, {}, 1, 0.44520054341892984},
+    {"Colore", &C::Colore, &R::VinceColore, {}, 3, 0.44520054341892984},
+    {"Inverso", &C::Inverso, &R::VinceInverso, {}, 4, 0.44520054341892984},
+    {"Pari", &C::Pari, &R::Pari, {}, 2, 0.10959891316214038},
+    {"TrentunoApres", &C::TrentunoApres, &R::Trentuno, {}, 5, 0.021891370486570891},
     {"NeroColore", &C::NeroColore, &R::VinceNero, &R::VinceColore, 6, 0.22260027170946492},
     {"NeroInverso", &C::NeroInverso, &R::VinceNero, &R::VinceInverso, 7, 0.22260027170946492},
     {"RossoColore", &C::RossoColore, &R::VinceRosso, &R::VinceColore, 8, 0.22260027170946492},
@@ -118,7 +119,7 @@ inline constexpr std::array<std::size_t, NumeroMostrati> OrdineReport = [] {
 // Where in OrdineReport the combined outcomes begin, which are its last ones.
 inline constexpr std::size_t PrimoCombinato = [] {
     std::size_t posto = 0;
-    while (posto < NumeroMostrati && Esiti<double>[OrdineReport[posto]].Insieme == nullptr) ++posto;
+    while (posto < NumeroMostrati && !Esiti<double>[OrdineReport[posto]].Insieme) ++posto;
     return posto;
 }();
 

@@ -17,8 +17,8 @@ template <std::size_t esito>
 bool Conta(const RecordColpo& colpo)
 {
     constexpr auto riga = Esiti<double>[esito];
-    if constexpr (riga.Insieme != nullptr) {
-        if (!(colpo.*riga.Insieme)()) return false;
+    if constexpr (riga.Insieme) {
+        if (!(colpo.*(*riga.Insieme))()) return false;
     }
     return (colpo.*riga.Quando)();
 }
