@@ -68,7 +68,7 @@ std::vector<std::string> CartellaDiProva::Contenuto() const
 CalendarioDorato::CalendarioDorato()
 {
     using namespace std::chrono;
-    constexpr local_seconds momento = local_days{2026y / 1 / 2} + 3h + 4min + 5s;
+    static constexpr local_seconds momento = local_days{2026y / 1 / 2} + 3h + 4min + 5s;
     CalendarioInUso = {[] { return momento; }, [] { return 0; }};
 }
 
