@@ -31,6 +31,11 @@ Applicazione::Applicazione(int& argc, char** argv)
     }
 }
 
+bool Applicazione::SuWayland()
+{
+    return platformName().startsWith(QLatin1String("wayland"));
+}
+
 void Applicazione::Proteggi(const std::function<void()>& gestore)
 {
     try {

@@ -16,6 +16,9 @@ public:
     // Reads Qt's own arguments. Numbers stay those of the "C" locale, texts of Qt are Italian.
     Applicazione(int& argc, char** argv);
 
+    // Whether a Wayland compositor shows the windows; needs the application object.
+    static bool SuWayland();
+
     // Runs a handler of the window; an exception out of it ends the program through Fallisci and
     // goes no further, since Qt's own code cleans nothing up on its way.
     static void Proteggi(const std::function<void()>& gestore);

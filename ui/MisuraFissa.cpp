@@ -2,6 +2,8 @@
 
 #include "MisuraFissa.h"
 
+#include "Applicazione.h"
+
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPointer>
@@ -108,14 +110,9 @@ private:
     bool m_rimandato = false;        // something waits for that
 };
 
-bool SuWayland()
-{
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-}
-
 } // namespace
 
 void TieniMisuraFissa(QWidget& finestra)
 {
-    if (SuWayland()) new Custode(finestra);
+    if (Applicazione::SuWayland()) new Custode(finestra);
 }

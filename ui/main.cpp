@@ -8,6 +8,7 @@
 #include <QIcon>
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -43,6 +44,15 @@ int Rispondi(const std::string& testo)
     return scritto ? 0 : Applicazione::UscitaErrore;
 }
 
+// Ends the program with this code and leaves the connection to the kernel: Qt, when it takes a
+// Wayland connection down, sometimes waits for ever for a thread of its own. The window and its
+// files are gone by now.
+[[noreturn]] void FinisciSubito(int esito)
+{
+    std::fflush(nullptr);
+    std::_Exit(esito);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -57,5 +67,6 @@ int main(int argc, char** argv)
         applicazione->Fallisci(Applicazione::ErroreInCorso());
     }
     Stampe::AmbienteInUso = {}; // it refers to the window that is gone
+    if (Applicazione::SuWayland()) FinisciSubito(esito);
     return esito;
 }

@@ -111,6 +111,13 @@ class Wayland(Prova):
         aspetta(lambda: finestra.stato() != stato, "l'avanzamento")
         self.finisce(finestra)
 
+    def test_finisce_ogni_volta(self):
+        for _ in range(6):
+            finestra = self.avvia()
+            finestra.preme(INGRANDISCI)
+            finestra.ferma()
+            self.finisce(finestra)
+
 
 if __name__ == "__main__":
     unittest.main()
