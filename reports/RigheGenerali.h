@@ -16,6 +16,11 @@
 
 namespace Stampe {
 
+// The headings above the general statistics, and the label of their first row.
+inline constexpr std::string_view TitoloSimulazione = "Simulazione taglie";
+inline constexpr std::string_view TitoloStatistiche = "Statistiche generali";
+inline constexpr std::string_view EtichettaNumero = "Numero taglie:";
+
 // Labels of the outcomes, in the order of modCarte::OrdineReport.
 inline constexpr std::array<std::string_view, modCarte::NumeroMostrati> EtichetteEsiti = {
     "Vincite Nero:",          "Vincite Rosso:",        "Colpi pari:",

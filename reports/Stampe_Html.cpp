@@ -197,7 +197,7 @@ void RigaTotali(std::string& testo, const NumeroTaglie& chieste,
                 std::span<const RigaGenerale> righe, const Separatori& separatori)
 {
     Riga(testo, "    <tr>");
-    Terna(testo, true, "Numero taglie:", Migliaia(chieste.Mostrate(), separatori), "");
+    Terna(testo, true, EtichettaNumero, Migliaia(chieste.Mostrate(), separatori), "");
     for (const auto& riga : righe) {
         Terna(testo, false, riga.Etichetta, Migliaia(riga.Totale, separatori), riga.Quota);
     }

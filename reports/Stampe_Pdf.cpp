@@ -293,7 +293,7 @@ void Generali(clsPDFCreator& pdf, const NumeroTaglie& chieste, const TotaliRepor
 {
     pdf.SetFont("Verdana", 8, Normale);
     pdf.BeginTable(4.5F, 4, "White", 0.01F, "Gray");
-    RigaGenerali(pdf, "Numero taglie:", Migliaia(chieste.Mostrate(), separatori), "");
+    RigaGenerali(pdf, EtichettaNumero, Migliaia(chieste.Mostrate(), separatori), "");
     const auto righe = RigheGenerali(chieste, totali, separatori);
     for (std::size_t i = 0; i < righe.size(); ++i) {
         if (i == PrimaCombinata) RigaTitolo(pdf, "Altre combinazioni vincenti");
@@ -354,7 +354,7 @@ std::optional<TotaliReport> ScriviPieno(const NumeroTaglie& chieste)
     if (chieste.PiuDiUna()) {
         TestaPagina(pdf, titoloGenerali);
         pdf.SetFontSize(12);
-        pdf.DrawText(Mezzeria, 3, "Statistiche generali", Centro, 0);
+        pdf.DrawText(Mezzeria, 3, TitoloStatistiche, Centro, 0);
         Generali(pdf, chieste, *totali, separatori);
     }
     documento.Finisci();
@@ -394,9 +394,9 @@ std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
     auto& pdf = documento.Pdf;
     TestaPagina(pdf, titolo);
     pdf.SetFontSize(12);
-    pdf.DrawText(Mezzeria, 3, "Simulazione taglie", Centro, 0);
+    pdf.DrawText(Mezzeria, 3, TitoloSimulazione, Centro, 0);
     pdf.SetFontSize(10);
-    pdf.DrawText(Mezzeria, 3.5F, "Statistiche generali", Centro, 0);
+    pdf.DrawText(Mezzeria, 3.5F, TitoloStatistiche, Centro, 0);
     Generali(pdf, chieste, *totali, SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri));
     documento.Finisci();
     return totali;

@@ -59,8 +59,8 @@ std::vector<RigaVideo> Tabella(const NumeroTaglie& chieste, const TotaliReport& 
 // Column after column: all labels, all values, all shares.
 void DisegnaTabella(Superficie& superficie, const std::vector<RigaVideo>& righe)
 {
-    PrintSemplice(superficie, "Simulazione taglie", XTitoletto, 750, Faccia, AltezzaTitoletto);
-    PrintSemplice(superficie, "Statistiche generali", XTitoletto, 1050, Faccia, AltezzaTitoletto);
+    PrintSemplice(superficie, TitoloSimulazione, XTitoletto, 750, Faccia, AltezzaTitoletto);
+    PrintSemplice(superficie, TitoloStatistiche, XTitoletto, 1050, Faccia, AltezzaTitoletto);
     for (const auto& riga : righe) {
         PrintSemplice(superficie, riga.Etichetta, XEtichetta, riga.Y, Faccia, AltezzaRiga);
     }
