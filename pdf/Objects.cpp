@@ -1,4 +1,5 @@
-// The only source of the library that writes bytes to a file; Objects.h says how others call it.
+// The only source of the library that makes the bytes of a document go out; Objects.h says how
+// others call it, Output.cpp where they go.
 
 #include "Objects.h"
 
@@ -47,7 +48,7 @@ void prNoRoom(std::string_view what)
     Overflow("un documento può avere al massimo 32767 " + std::string(what));
 }
 
-void Objects::prOpen(const std::string& fileName)
+void Objects::prOpen(std::unique_ptr<Output> output)
 {
     m_failure.reset();
     m_used = 0;
@@ -56,31 +57,31 @@ void Objects::prOpen(const std::string& fileName)
         m_buffer = std::make_unique<char[]>(BufferSize);
         m_size = BufferSize;
     }
-    m_file = std::make_unique<FileNuovo>(fileName);
+    m_output = std::move(output);
     m_room = m_size;
 }
 
 void Objects::prKeep()
 {
-    m_file->Conserva();
+    m_output->Keep();
 }
 
 void Objects::prDiscard()
 {
-    m_file.reset();
+    m_output.reset();
     m_room = 0;
     m_used = 0;
 }
 
 void Objects::prClose()
 {
-    if (!m_file) return;
+    if (!m_output) return;
     if (!m_failure && m_used > 0) Flush();
-    const auto file = std::move(m_file);
+    const auto output = std::move(m_output);
     m_room = 0;
     m_used = 0;
     if (std::exchange(m_failure, std::nullopt)) return; // reported when it happened
-    file->Chiudi();
+    output->Close();
 }
 
 void Objects::NotOpen() const
@@ -93,7 +94,7 @@ void Objects::NotOpen() const
 void Objects::Flush()
 {
     try {
-        m_file->Scrivi({m_buffer.get(), m_used});
+        m_output->Write({m_buffer.get(), m_used});
     } catch (const ErroreRuntime& error) {
         m_failure = error;
         m_room = 0;

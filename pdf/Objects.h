@@ -3,9 +3,9 @@
 #pragma once
 
 #include "ErroreRuntime.h"
-#include "FileNuovo.h"
 #include "Name.h"
 #include "Number.h"
+#include "Output.h"
 #include "Template.h"
 
 #include <algorithm>
@@ -59,15 +59,15 @@ enum class ByteRows : std::uint8_t
 class Objects
 {
 public:
-    // Starts a new file in place of what stands under that name (FileNuovo says what may).
-    // It is removed by Discard, and when this object ends, until Keep is called.
-    void prOpen(const std::string& fileName);
+    // Starts a new document that goes to output. A file is removed by Discard, and when this object
+    // ends, until Keep is called.
+    void prOpen(std::unique_ptr<Output> output);
 
     // What has been written stays from now on, whatever happens: only the caller knows whether half
     // a document is worth keeping.
     void prKeep();
 
-    // Closes the file opened last and removes it unless Keep was called.
+    // Closes the output opened last; a file is removed unless Keep was called.
     void prDiscard();
 
     // Writes what is still held back and closes. Closed already: no effect.
@@ -185,9 +185,9 @@ private:
     void Flush();
     [[noreturn]] void NotOpen() const;
 
-    std::unique_ptr<FileNuovo> m_file;
+    std::unique_ptr<Output> m_output;
     std::optional<ErroreRuntime> m_failure;
-    std::unique_ptr<char[]> m_buffer; // what the file does not hold yet
+    std::unique_ptr<char[]> m_buffer; // what the output does not have yet
     std::size_t m_used = 0;
     std::size_t m_room = 0; // of the buffer; 0 while nothing may be written
     std::size_t m_size = 0; // of the buffer

@@ -51,6 +51,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <iosfwd>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -62,12 +63,13 @@ public:
     // A moment of the Gregorian calendar, written into the document as it is.
     struct DateTime
     {
-        int Year,   // 0 to 9999
-            Month,  // 1 to 12
-            Day,    // 1 to 31
-            Hour,   // 0 to 23
-            Minute, // 0 to 59
-            Second; // 0 to 60
+        int Year,       // 0 to 9999
+            Month,      // 1 to 12
+            Day,        // 1 to 31
+            Hour,       // 0 to 23
+            Minute,     // 0 to 59
+            Second,     // 0 to 60
+            Offset = 0; // minutes east of UTC, -1439 to 1439; written by Conforming alone
     };
 
     // Where the date of a document and the name of an unnamed file come from.
@@ -107,6 +109,34 @@ public:
     // With Share a font already in use is used again, where otherwise SetFont adds one to the
     // document at nearly every call: much smaller files. Off at first.
     void ShareFonts(bool Share);
+
+    // With On the document is one that no reader remarks on. Off at first; call it before BeginDoc.
+    //
+    // Version 1.7 unless PDFReader asks for more; a right /Size, a binary comment (ISO 32000-1,
+    // 7.5.2) and an /ID (14.4) made from the clock, the file's name and the properties. Each
+    // drawing names what it uses; each font stands once, as one of the standard 14 with its widths
+    // and descriptor (9.6.2) or embedded, whatever AddFont says. Properties are taken literally.
+    // Every text outside the pages (properties, bookmarks, labels, notes) is exact in any script
+    // (7.9.2.2), dates carry their offset, the metadata are UTF-8 and say what the properties say;
+    // the language is that of SetLanguage or none. Annotations bring their appearance (12.5.5), in
+    // which letters outside Windows-1252 are "?". Only pages are limited to 32767, objects to
+    // 8388607 (annex C).
+    //
+    // Error 5 where a document could not be so: an object or tiling that is begun under the name
+    // of another one or that contains itself.
+    void Conforming(bool On = true);
+
+    // Deflates what is written from now on (ISO 32000-1, 7.4.4): the content of pages, objects and
+    // tilings, embedded fonts, and pictures for which FilterDecode asks no filter. Level: 1 quick
+    // to 9 small, 0 (at first) off. With Conforming the small objects are packed, too
+    // (7.5.7, 7.5.8). Call it before BeginDoc. Error 5 for another level, and for any but 0 where
+    // the library was built without zlib.
+    void Compress(std::int32_t Level);
+
+    // The natural language of the document (ISO 32000-1, 14.9.2) as a tag like "it" or "en-GB":
+    // 1 to 8 letters, then parts of 1 to 8 letters or digits after hyphens (RFC 5646); error 5 for
+    // anything else. Call it before EndDoc. A document of version 1.3 thereby becomes one of 1.4.
+    void SetLanguage(std::string_view Tag);
 
     // ---- Document ------------------------------------------------------------------------------
 
@@ -169,6 +199,15 @@ public:
     // untouched, for a property of the document in which "#d" or the like asks for something that
     // is no text. A failure after the old file is gone leaves none.
     std::string BeginDoc(const std::string& FileName = {});
+
+    // Begins a document that goes to Sink as it is made: pieces in their order, some 64 KB each,
+    // nothing sought back. What Sink throws fails the document as a full disk does, with that
+    // reason. Error 5 for an empty function. Otherwise as BeginDoc; OpenDoc has nothing to open.
+    void BeginDocTo(std::function<void(std::string_view)> Sink);
+
+    // The same into Stream, a binary one, which must live until EndDoc. A stream that fails fails
+    // the document as a full disk does. EndDoc flushes it.
+    void BeginDocTo(std::ostream& Stream);
 
     // Writes what belongs to the whole document and closes the file. End the last page first.
     void EndDoc();
@@ -482,7 +521,8 @@ public:
                              float Angle = 0);
 
     // Opens the file of the last BeginDoc with the desktop's program for it, without waiting.
-    // Error 5 before the first BeginDoc, error 53 where nothing can open files.
+    // Error 5 where there is none: before the first BeginDoc and after a BeginDocTo. Error 53 where
+    // nothing can open files.
     void OpenDoc();
 
     // ---- Barcodes ------------------------------------------------------------------------------
@@ -552,6 +592,9 @@ public:
     // it.
     void AddFont(const std::string& FileName, std::string_view FontName, bool Embed = true);
 
+    // The same from the Bytes of the font's file, which need to live for the call only.
+    void AddFontData(std::string_view Bytes, std::string_view FontName, bool Embed = true);
+
     // The colour text of three values, red, green, blue (0 to 255), or of four, cyan, magenta,
     // yellow, black (percent); beyond its range a value counts as the nearest in it. That of black
     // for any other count. Needs no document.
@@ -563,6 +606,12 @@ public:
     }
 
     // ---- Image data ----------------------------------------------------------------------------
+
+    // Draws a picture from its Bytes, a whole file of one of the kinds of DrawImage, told apart by
+    // how it begins; they need to live for the call only. The rest as there, but that a picture is
+    // taken in once for each Key; without one, once for each content.
+    void DrawImageData(std::string_view Bytes, float X, float Y, float Width, float Height,
+                       std::string_view Key = {});
 
     // How the data of all images are encoded (ISO 32000-1, 7.4), Filters added up: 1 run-length, 2
     // LZW, 4 ASCII base-85, 8 hexadecimal; 0 at first. JPEG data take 4 and 8 only. What stands

@@ -120,6 +120,11 @@ void clsPDFCreator::PDFReader(std::int32_t ReaderVersion)
     m->ReaderVersion = ReaderVersion;
 }
 
+void clsPDFCreator::Conforming(bool On)
+{
+    m->Conforming = On;
+}
+
 void clsPDFCreator::Orientation(std::int32_t NewOrientation)
 {
     m->DocOrientation = NewOrientation;
@@ -180,17 +185,39 @@ std::string clsPDFCreator::BeginDoc(const std::string& FileName)
     m->Out.prClose();
     std::string name = FileName.empty() ? m->prUnnamedFile() : FileName;
     PretendiNonSpeciale(name);
-    const std::string info = m->prInfoText(); // an error in it must not cost the file there is
-    m->Out.prOpen(name);
+    m->prBeginDocument(name, [&name] { return pdf::prToFile(name); });
+    return name;
+}
+
+void clsPDFCreator::BeginDocTo(std::function<void(std::string_view)> Sink)
+{
+    if (!Sink) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                            "manca la funzione che riceve il documento", "clsPDFCreator");
+    }
+    m->Out.prClose();
+    m->prBeginDocument("", [&Sink] { return pdf::prToSink(std::move(Sink)); });
+}
+
+void clsPDFCreator::BeginDocTo(std::ostream& Stream)
+{
+    m->Out.prClose();
+    m->prBeginDocument("", [&Stream] { return pdf::prToStream(Stream); });
+}
+
+void clsPDFCreator::State::prBeginDocument(
+    const std::string& fileName, const std::function<std::unique_ptr<pdf::Output>()>& open)
+{
+    const std::string info = prInfoText(); // an error in it must not cost the file there is
+    Out.prOpen(open());
     try {
-        m->prBeginFile(info);
-        m->FileName = name;
+        prBeginFile(info);
+        FileName = fileName;
     } catch (...) {
-        m->Out.prDiscard(); // of a document that was never begun nothing stays
+        Out.prDiscard(); // of a document that was never begun nothing stays
         throw;
     }
-    m->Out.prKeep();
-    return name;
+    Out.prKeep();
 }
 
 void clsPDFCreator::State::prBeginFile(const std::string& info)

@@ -182,6 +182,9 @@ struct clsPDFCreator::State
     Properties OpenedWith; // those of BeginDoc: the metadata do not follow later changes
     std::string FileName;
     std::int32_t ReaderVersion = 0;
+    bool Conforming = false;
+    std::int32_t CompressLevel = 0; // 0 to 9
+    std::string Language;           // a tag; "" while none was set
     std::int32_t DocOrientation = 0;
     float PageWidth = 596;
     float PageHeight = 842;
@@ -271,7 +274,11 @@ struct clsPDFCreator::State
     std::string prUnnamedFile() const;
     std::string prInfoText() const;
 
-    // Writes the head of a file just opened, with that text as its information dictionary.
+    // Begins a document under that name, "" for one that is no file.
+    void prBeginDocument(const std::string& fileName,
+                         const std::function<std::unique_ptr<pdf::Output>()>& open);
+
+    // Writes the head of a document just opened, with that text as its information dictionary.
     void prBeginFile(const std::string& info);
     void prWriteCatalog(std::int32_t outlines, std::int32_t metadata);
     void prWriteResources(std::int32_t number, bool withPatterns);

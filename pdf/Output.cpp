@@ -1,0 +1,123 @@
+// The three ways out of the writer; foreign failures become the writer's own error here.
+
+#include "Output.h"
+
+#include "ErroreRuntime.h"
+#include "FileNuovo.h"
+
+#include <new>
+#include <ostream>
+#include <utility>
+
+namespace pdf {
+
+namespace {
+
+class FileOutput : public Output
+{
+public:
+    explicit FileOutput(const std::string& fileName)
+        : m_file(fileName)
+    {
+    }
+
+    void Write(std::string_view bytes) override { m_file.Scrivi(bytes); }
+    void Close() override { m_file.Chiudi(); }
+    void Keep() override { m_file.Conserva(); }
+
+private:
+    FileNuovo m_file;
+};
+
+[[noreturn]] void Refused(std::string reason)
+{
+    throw ErroreRuntime(NumeroErrore::ErroreInputOutput, std::move(reason), "clsPDFCreator");
+}
+
+// Runs what belongs to somebody else. A failed write must be known as such to the writer, which
+// knows its own type of error only: else it would hand the same bytes over once more.
+template <typename Action>
+void Guarded(const Action& action)
+{
+    try {
+        action();
+    } catch (const ErroreRuntime&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw ErroreRuntime(NumeroErrore::MemoriaEsaurita);
+    } catch (const std::exception& error) {
+        Refused(error.what());
+    } catch (...) {
+        Refused("chi riceve il documento lo ha rifiutato");
+    }
+}
+
+class SinkOutput : public Output
+{
+public:
+    explicit SinkOutput(std::function<void(std::string_view)> sink)
+        : m_sink(std::move(sink))
+    {
+    }
+
+    void Write(std::string_view bytes) override
+    {
+        Guarded([&] { m_sink(bytes); });
+    }
+    void Close() override {}
+
+private:
+    std::function<void(std::string_view)> m_sink;
+};
+
+class StreamOutput : public Output
+{
+public:
+    explicit StreamOutput(std::ostream& stream)
+        : m_stream(stream)
+    {
+    }
+
+    void Write(std::string_view bytes) override
+    {
+        Guarded([&] {
+            m_stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+            RequireGood();
+        });
+    }
+
+    void Close() override
+    {
+        Guarded([&] {
+            m_stream.flush();
+            RequireGood();
+        });
+    }
+
+private:
+    void RequireGood() const
+    {
+        if (!m_stream) Refused("il flusso non accetta altri dati");
+    }
+
+    std::ostream& m_stream;
+};
+
+} // namespace
+
+std::unique_ptr<Output> prToFile(const std::string& fileName)
+{
+    return std::make_unique<FileOutput>(fileName);
+}
+
+std::unique_ptr<Output> prToSink(std::function<void(std::string_view)> sink)
+{
+    return std::make_unique<SinkOutput>(std::move(sink));
+}
+
+std::unique_ptr<Output> prToStream(std::ostream& stream)
+{
+    return std::make_unique<StreamOutput>(stream);
+}
+
+} // namespace pdf
