@@ -1,4 +1,4 @@
-"""The filters of streams (ISO 32000-1, 7.4), undone strictly: nothing is left over, nothing missing."""
+"""The filters of streams (ISO 32000-1, 7.4), undone strictly: nothing left over, nothing missing."""
 
 import base64
 import re

@@ -5,7 +5,8 @@
 Each file is checked and rewritten by qpdf, drawn page by page by mutool, pdftoppm and Ghostscript,
 and its text is taken out by mutool and pdftotext. Every reader must succeed, say nothing that is
 not allowed below, and count the same pages. A document without pages is refused: no reader opens
-it.
+it. Of a conforming document (see conformi.py) they must say nothing at all; it is also read by
+mutool info, by pdfinfo and by our own strict reader.
 
 Beside NAME.pdf may stand, in UTF-8, one a line:
 
@@ -13,6 +14,7 @@ Beside NAME.pdf may stand, in UTF-8, one a line:
                         ends is one blank. Not for ZapfDingbats: mutool gives its codes.
     NAME.pdf.mancanti   names of forms that the document plays on purpose without defining them; the
                         readers must miss exactly these.
+    NAME.pdf.fuori      texts outside the pages of a conforming document; fuori.py says how.
 
 Prints one line for each file. Exit code 0: all accepted; 1: some refused; 2: a reader is not
 installed, a file or a side file leads nowhere, or there are fewer than N files; 77, which ctest
@@ -30,7 +32,10 @@ from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 from typing import NamedTuple
 
-PROGRAMMI = ["qpdf", "mutool", "pdftoppm", "pdftotext", "gs"]
+import conformi
+import fuori
+
+PROGRAMMI = ["qpdf", "mutool", "pdftoppm", "pdftotext", "pdfinfo", "gs"]
 
 SALTATO = 77
 
@@ -55,6 +60,8 @@ class Documento(NamedTuple):
     mancanti: set
     timbri: bool
     cancelletti: bool
+    conforme: bool = False
+    fuori: list = []
 
 
 class Lettura(NamedTuple):
@@ -123,6 +130,10 @@ def accetta_qpdf(esito):
 
 
 def qpdf(documento):
+    if documento.conforme:
+        esito = esegui("qpdf", "--check", documento.percorso)
+        pretendi(esito.returncode == 0 and not esito.stderr, esito.stderr or esito.stdout)
+        return Lettura()
     accetta_qpdf(esegui("qpdf", "--check", documento.percorso))
     with tempfile.TemporaryDirectory(prefix="lettori.") as cartella:
         copia = Path(cartella) / "copia.pdf"
@@ -137,10 +148,10 @@ def qpdf(documento):
 
 # ---- mutool --------------------------------------------------------------------------------------
 
-MUTOOL = [
+MUTOOL_PAGINE = [r"page .* (?P<pagina>\d+)"]
+MUTOOL = MUTOOL_PAGINE + [
     # Once more /Size: the table goes on beyond it.
     r"warning: broken xref subsection, proceeding anyway\.",
-    r"page .* (?P<pagina>\d+)",
     r"error: cannot find XObject resource '(?P<nome>.*)'",
 ]
 
@@ -148,7 +159,8 @@ MUTOOL = [
 def mutool(documento, *opzioni, uscita=subprocess.PIPE):
     # -N: Debian's build has no colour management and says so of every file.
     esito = esegui("mutool", "draw", "-N", *opzioni, documento.percorso, uscita=uscita)
-    altre, trovate = separa(esito.stderr, *MUTOOL)
+    permesse = MUTOOL_PAGINE if documento.conforme else MUTOOL
+    altre, trovate = separa(esito.stderr, *permesse)
     pretendi(not altre, "\n".join(altre))
     ignoti = nomi_mancati(trovate) - documento.mancanti
     pretendi(not ignoti, "manca " + ", ".join(sorted(ignoti)))
@@ -166,6 +178,12 @@ def mutool_testo(documento):
     # Its page lines are left out when the text goes to standard output.
     esito, _ = mutool(documento, "-F", "txt", "-o", "-")
     return Lettura(testo=esito.stdout)
+
+
+def mutool_informa(documento):
+    esito = esegui("mutool", "info", documento.percorso)
+    pretendi(esito.returncode == 0 and not esito.stderr, esito.stderr)
+    return Lettura()
 
 
 # ---- poppler -------------------------------------------------------------------------------------
@@ -196,6 +214,11 @@ def pdftotext(documento):
     # -raw: in the order of drawing, so that the lines of one box stay together beside others.
     esito, _ = poppler(documento, "pdftotext", "-raw", "-enc", "UTF-8", documento.percorso, "-")
     return Lettura(testo=esito.stdout)
+
+
+def pdfinfo(documento):
+    esito, _ = poppler(documento, "pdfinfo", documento.percorso)
+    return Lettura(pagine=int(re.search(r"^Pages: +(\d+)$", esito.stdout, re.MULTILINE)[1]))
 
 
 # ---- Ghostscript ---------------------------------------------------------------------------------
@@ -267,6 +290,22 @@ def ghostscript_insieme(documenti):
             for documento, da, a in zip(documenti, inizi, inizi[1:] + [None])}
 
 
+# ---- Our own -------------------------------------------------------------------------------------
+
+def nostro(documento):
+    byte = documento.percorso.read_bytes()
+    difetti = conformi.difetti(byte) or fuori.difetti(byte, documento.fuori)
+    pretendi(not difetti, "\n".join(difetti))
+    return Lettura()
+
+
+def qpdf_testi(documento):
+    esito = esegui("qpdf", "--json", documento.percorso) if documento.fuori else None
+    difetti = fuori.difetti_qpdf(esito.stdout, documento.fuori) if esito else []
+    pretendi(not difetti, "\n".join(difetti))
+    return Lettura()
+
+
 # ---- Documents -----------------------------------------------------------------------------------
 
 LETTORI = {
@@ -277,6 +316,17 @@ LETTORI = {
     "pdftotext": pdftotext,
     "Ghostscript": ghostscript,
 }
+LETTORI_CONFORMI = {
+    **LETTORI,
+    "mutool, info": mutool_informa,
+    "pdfinfo": pdfinfo,
+    "il nostro": nostro,
+    "qpdf, testi": qpdf_testi,
+}
+
+
+def lettori_di(documento):
+    return LETTORI_CONFORMI if documento.conforme else LETTORI
 
 
 def righe_accanto(percorso, fine):
@@ -291,9 +341,12 @@ def righe_accanto(percorso, fine):
 
 def apri(percorso):
     byte = percorso.read_bytes()
+    conforme = conformi.e_conforme(byte)
     return Documento(percorso, righe_accanto(percorso, ".attese"),
                      set(righe_accanto(percorso, ".mancanti")),
-                     b"/Subtype /Stamp" in byte, bool(NOME_CON_CANCELLETTO.search(byte)))
+                     not conforme and b"/Subtype /Stamp" in byte,
+                     bool(NOME_CON_CANCELLETTO.search(byte)), conforme,
+                     righe_accanto(percorso, ".fuori"))
 
 
 def trova(percorsi):
@@ -304,7 +357,7 @@ def trova(percorsi):
             raise Uso(f"{percorso} non c'è")
         trovati |= {percorso} if percorso.is_file() else set(percorso.rglob("*.pdf"))
         for accanto in percorso.rglob("*.pdf.*") if percorso.is_dir() else []:
-            noto = accanto.suffix in {".attese", ".mancanti"}
+            noto = accanto.suffix in {".attese", ".mancanti", ".fuori"}
             if not noto or not accanto.with_suffix("").exists():
                 raise Uso(f"{accanto} non sta accanto a un PDF")
     return [apri(percorso) for percorso in sorted(trovati)]
@@ -316,7 +369,7 @@ def normale(testo):
 
 def leggi(documento, lettore):
     try:
-        return LETTORI[lettore](documento)
+        return lettori_di(documento)[lettore](documento)
     except Rifiuto as rifiuto:
         return rifiuto
 
@@ -350,7 +403,7 @@ def controlla(documenti):
     with ThreadPoolExecutor(len(os.sched_getaffinity(0))) as fili:
         insieme = [fili.submit(ghostscript_insieme, gruppo) for gruppo in gruppi(in_ordine)]
         compiti = {documento.percorso: {chi: fili.submit(leggi, documento, chi)
-                                        for chi in LETTORI if chi != "Ghostscript"}
+                                        for chi in lettori_di(documento) if chi != "Ghostscript"}
                    for documento in in_ordine}
         letti = {chi: letto for compito in insieme for chi, letto in compito.result().items()}
         for documento in in_ordine:

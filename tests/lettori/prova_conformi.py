@@ -8,7 +8,8 @@ import conformi
 import fuori
 from struttura import leggi
 
-PAGINA = b"q\r\n1 0 0 -1 0 842 cm\r\nBT\r\n/F 12 Tf\r\n1 0 0 -1 60 80 Tm (Nero \\(31\\)) Tj\r\nET\r\n/Piede Do\r\nQ\r\n"
+PAGINA = (b"q\r\n1 0 0 -1 0 842 cm\r\nBT\r\n/F 12 Tf\r\n1 0 0 -1 60 80 Tm (Nero \\(31\\)) Tj\r\nET\r\n"
+          b"/Piede Do\r\nQ\r\n")
 PIEDE = b"q\r\n0 0 9 9 re f\r\nQ\r\n"
 
 XMP = """<?xpacket begin='\uFEFF' id='W5M0MpCehiHzreSzNTczkc9d'?>
@@ -21,9 +22,9 @@ XMP = """<?xpacket begin='\uFEFF' id='W5M0MpCehiHzreSzNTczkc9d'?>
 </rdf:Description></rdf:RDF></x:xmpmeta>
 <?xpacket end='r'?>"""
 
-FONT = (b"<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica /FirstChar 32 /LastChar 126 "
+FONT = (b"<< /Type /Font /Subtype /Type1 /BaseFont /Courier /FirstChar 32 /LastChar 126 "
         b"/Widths [" + b"600 " * 95 + b"] /FontDescriptor 7 0 R /Encoding /WinAnsiEncoding >>")
-DESCRITTORE = (b"<< /Type /FontDescriptor /FontName /Helvetica /Flags 32 /FontBBox [0 0 1 1] "
+DESCRITTORE = (b"<< /Type /FontDescriptor /FontName /Courier /Flags 32 /FontBBox [0 0 1 1] "
                b"/ItalicAngle 0 /Ascent 718 /Descent -207 /StemV 88 /CapHeight 718 >>")
 CHI = b"/ID [<" + b"0A" * 16 + b"> <" + b"0A" * 16 + b">]"
 
@@ -174,7 +175,7 @@ class Conformi(unittest.TestCase):
                 (4, b"/Piede 13 0 R", b"", "/XObject usa ['Piede'], ha []"),
                 (4, b"/XObject", b"/ExtGState << /X 7 0 R >> /XObject", "/ExtGState usa []"),
                 (5, b"BT", b"Bt", "operatore Bt"), (5, b"ET", b"n ", "senza fine"),
-                (6, b"[600 ", b"[", "larghezze"), (6, b"Helvetica", b"Arial", "descrittore"),
+                (6, b"[600 ", b"[", "larghezze"), (6, b"Courier", b"Arial", "descrittore"),
                 (7, b"/StemV 88", b"", "/StemV manca"), (9, b"/Count 2", b"/Count 1", "/Count"), (10, b"/Count 1", b"/Count 2", "/Count"),
                 (9, b"/Last 10", b"/Last 9", "/Last"), (14, b"4 0 R", b"5 0 R", "meta"),
                 (10, b"/Parent 9", b"/Parent 2", "legami"), (11, b"/AP <<", b"/AQ <<", "'AP'"),

@@ -12,6 +12,7 @@ from pathlib import Path
 SCRIPT = Path(__file__).with_name("lettori.py")
 sys.path.insert(0, str(SCRIPT.parent))
 import lettori  # noqa: E402
+from prova_conformi import CHI, impacchettati, oggetti as conformi, sciolti  # noqa: E402
 
 PAGINA = b"""1 0 0 -1 0 842 cm
 0 0 0 rg
@@ -139,6 +140,10 @@ class Lettori(unittest.TestCase):
     def test_un_nome_che_manca_di_proposito_e_accettato(self):
         self.accetta(componi(oggetti(PAGINA.replace(b"/Piede", b"/Paese"))), mancanti="Paese\n")
 
+    def test_uno_conforme_e_accettato_comunque_sia_fatto(self):
+        self.accetta(sciolti(conformi()), attese="Nero (31)\n")
+        self.accetta(impacchettati(conformi()), attese="Nero (31)\n")
+
     # ---- Refused ---------------------------------------------------------------------------------
 
     def test_un_testo_che_manca(self):
@@ -152,6 +157,19 @@ class Lettori(unittest.TestCase):
 
     def test_una_misura_della_tavola_troppo_piccola(self):
         self.rifiuta(componi(oggetti(), meno=2), "qpdf: WARNING", "reported number of objects")
+
+    def test_di_uno_conforme_nessuno_deve_dire_niente(self):
+        self.rifiuta(sciolti(conformi(), piu=0), "qpdf: WARNING", "mutool: warning", "il nostro: testa_e_coda: /Size")
+        senza_piede = conformi()
+        senza_piede[4] = senza_piede[4].replace(b"/Piede 13 0 R", b"")
+        self.rifiuta(sciolti(senza_piede), "il nostro: ", mancanti="Piede\n")
+        self.rifiuta(sciolti(conformi(), coda=CHI[:4]), "qpdf: ", "il nostro: ")
+
+    def test_i_testi_fuori_dalle_pagine(self):
+        self.scrivi("uno.pdf.fuori", b"Author 526F737369\nsegnalibro 756E6F\nnota 61202862\nchi 696F\n")
+        self.accetta(sciolti(conformi()))
+        self.scrivi("uno.pdf.fuori", b"Author 526F73\nnota 61202862\nchi 696F\n")
+        self.rifiuta(sciolti(conformi()), "il nostro: Author", "qpdf, testi: Author", "segnalibri")
 
     def test_un_operatore_sconosciuto(self):
         self.rifiuta(componi(oggetti(PAGINA.replace(b"rg", b"rh"))),
