@@ -43,14 +43,18 @@ std::string InRows(std::string_view bytes, ByteRows kind)
 
 } // namespace
 
-void prNoRoom(std::string_view what)
+void prNoRoom(std::string_view what, std::int32_t largest)
 {
-    Overflow("un documento può avere al massimo 32767 " + std::string(what));
+    Overflow("un documento può avere al massimo " + std::to_string(largest) + " " +
+             std::string(what));
 }
 
-void Objects::prOpen(std::unique_ptr<Output> output)
+void Objects::prOpen(std::unique_ptr<Output> output, const Format& format)
 {
     m_failure.reset();
+    m_format = format;
+    m_counter = 0;
+    m_positions.clear();
     m_used = 0;
     m_flushed = 0;
     if (!m_buffer) {
@@ -117,11 +121,19 @@ void Objects::MakeRoom(std::size_t bytes)
     m_room = bytes;
 }
 
+std::int32_t Objects::prReserve(std::int32_t count)
+{
+    prRequireOpen();
+    prRequireRoom(m_counter + count - 1, "oggetti", prLargestNumber());
+    m_counter += count;
+    return m_counter - count + 1;
+}
+
 std::int32_t Objects::prInitObj(std::int32_t number)
 {
     prRequireOpen();
     if (number == 0) number = m_counter + 1;
-    prRequireRoom(number - 1, "oggetti");
+    prRequireRoom(number - 1, "oggetti", prLargestNumber());
     if (prPosition() > LargestPosition) Overflow("il file supera i 10 GB");
     m_counter = std::max(m_counter, number);
     if (m_positions.size() < static_cast<std::size_t>(m_counter)) {
@@ -150,9 +162,9 @@ void Objects::prEndStream()
     prEndObj();
 }
 
-void Objects::prWriteStreamLength()
+void Objects::prWriteStreamLength(std::int32_t number)
 {
-    prInitObj(0);
+    prInitObj(number);
     prWriteRaw(std::to_string(m_streamLength));
     prEndObj();
 }
@@ -169,15 +181,33 @@ std::size_t Objects::prLengthOfBytes(std::string_view bytes, ByteRows rows)
     return InRows(bytes, rows).size();
 }
 
+std::uint64_t Objects::PositionOf(std::int32_t number) const
+{
+    const auto index = static_cast<std::size_t>(number) - 1;
+    return index < m_positions.size() ? m_positions[index] : 0;
+}
+
 void Objects::prWriteCrossReferences()
 {
     prWriteRaw("xref");
     prPrint("0 ", m_counter + 1);
     prWriteRaw("0000000000 65535 f");
     // With the CR LF exactly 20 bytes: readers find an entry by multiplication.
-    for (std::int32_t i = 0; i < m_counter; ++i) {
-        prPrint(TenDigits{m_positions[static_cast<std::size_t>(i)]}, " 00000 n");
+    for (std::int32_t number = 1; number <= m_counter; ++number) {
+        const std::uint64_t position = PositionOf(number);
+        prPrint(TenDigits{position}, position == 0 ? " 65535 f" : " 00000 n");
     }
+}
+
+void Objects::prWriteTrailer(std::string_view entries)
+{
+    const std::uint64_t references = prPosition();
+    prWriteCrossReferences();
+    prWriteRaw("trailer");
+    prPrint("<< /Size ", m_counter + 1, " ", entries, " >>");
+    prWriteRaw("startxref");
+    prWriteRaw(std::to_string(references));
+    prWriteRaw("%%EOF");
 }
 
 } // namespace pdf

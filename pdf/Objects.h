@@ -19,16 +19,30 @@
 
 namespace pdf {
 
-// Counts and object numbers are 16-bit integers: a document holds no more of anything.
+// Counts and object numbers are 16-bit integers: a document holds no more of anything. Of a
+// conforming one that limits the pages alone.
 inline constexpr std::int32_t LargestCount = 32767;
 
-// Raises error 6 (Overflow) when one more than count would pass LargestCount. what: in the
-// plural, for the message.
-[[noreturn]] void prNoRoom(std::string_view what);
-inline void prRequireRoom(std::int32_t count, std::string_view what)
+// The highest number that every reader knows an object by (ISO 32000-1, annex C).
+inline constexpr std::int32_t LargestNumber = 8388607;
+
+// Raises error 6 (Overflow) when one more than count would pass largest. what: in the plural, for
+// the message.
+[[noreturn]] void prNoRoom(std::string_view what, std::int32_t largest);
+inline void prRequireRoom(std::int32_t count, std::string_view what,
+                          std::int32_t largest = LargestCount)
 {
-    if (count >= LargestCount) prNoRoom(what);
+    if (count >= largest) prNoRoom(what, largest);
 }
+
+// How a document is laid out.
+struct Format
+{
+    bool Conforming = false;
+
+    // The highest number that an object may have.
+    std::int32_t Largest() const { return Conforming ? LargestNumber : LargestCount; }
+};
 
 // Pieces of a line that are no text as it stands.
 struct Escaped
@@ -61,7 +75,7 @@ class Objects
 public:
     // Starts a new document that goes to output. A file is removed by Discard, and when this object
     // ends, until Keep is called.
-    void prOpen(std::unique_ptr<Output> output);
+    void prOpen(std::unique_ptr<Output> output, const Format& format = {});
 
     // What has been written stays from now on, whatever happens: only the caller knows whether half
     // a document is worth keeping.
@@ -88,8 +102,15 @@ public:
     std::int32_t prCounter() const { return m_counter; }
     void prSetCounter(std::int32_t counter) { m_counter = counter; }
 
+    // The highest number that an object of this document may have.
+    std::int32_t prLargestNumber() const { return m_format.Largest(); }
+
+    // Gives out so many numbers in a row, for objects that are begun later, and returns the first.
+    // Error 6 when the last one would pass prLargestNumber; none is given out then.
+    std::int32_t prReserve(std::int32_t count = 1);
+
     // Begins the object of that number, or of the next free one for 0, at the present position;
-    // returns the number. Error 6 when it would pass LargestCount.
+    // returns the number. Error 6 when it would pass prLargestNumber.
     std::int32_t prInitObj(std::int32_t number);
     void prEndObj();
 
@@ -97,8 +118,9 @@ public:
     void prBeginStream();
     void prEndStream();
 
-    // Writes the next object: nothing but the length of the stream ended last.
-    void prWriteStreamLength();
+    // Writes the object of that number, or the next one for 0: nothing but the length of the stream
+    // ended last.
+    void prWriteStreamLength(std::int32_t number = 0);
 
     // Writes text and CR LF.
     void prWriteRaw(std::string_view text) { prPrint(text); }
@@ -138,8 +160,13 @@ public:
     void prWriteBytes(std::string_view bytes, ByteRows rows = ByteRows::None);
     static std::size_t prLengthOfBytes(std::string_view bytes, ByteRows rows);
 
-    // The cross-reference table of all objects (ISO 32000-1, 7.5.4).
+    // The cross-reference table of all objects (ISO 32000-1, 7.5.4). Numbers that were given out
+    // for nothing are free entries.
     void prWriteCrossReferences();
+
+    // Ends a conforming document: table, trailer (7.5.5) and end mark. entries: those of the
+    // trailer besides /Size, on one line.
+    void prWriteTrailer(std::string_view entries);
 
 private:
     // How much room a piece takes at most, and the piece itself; texts written in the source have
@@ -185,7 +212,11 @@ private:
     void Flush();
     [[noreturn]] void NotOpen() const;
 
+    // Where the object of that number stands; 0, where no object can, for one that was never begun.
+    std::uint64_t PositionOf(std::int32_t number) const;
+
     std::unique_ptr<Output> m_output;
+    Format m_format;
     std::optional<ErroreRuntime> m_failure;
     std::unique_ptr<char[]> m_buffer; // what the output does not have yet
     std::size_t m_used = 0;

@@ -209,7 +209,7 @@ void clsPDFCreator::State::prBeginDocument(
     const std::string& fileName, const std::function<std::unique_ptr<pdf::Output>()>& open)
 {
     const std::string info = prInfoText(); // an error in it must not cost the file there is
-    Out.prOpen(open());
+    Out.prOpen(open(), prFormat());
     try {
         prBeginFile(info);
         FileName = fileName;

@@ -11,9 +11,12 @@ void clsPDFCreator::State::prNotFinite()
 
 void clsPDFCreator::State::prRequireObjects(std::int32_t more) const
 {
-    const std::int32_t used = Out.prIsOpen() ? Out.prCounter() : FixedObjects;
+    const bool open = Out.prIsOpen();
+    const std::int32_t used = open ? Out.prCounter() : FixedObjects;
+    const std::int32_t largest = open ? Out.prLargestNumber() : prFormat().Largest();
     const std::int32_t firstPage = PageCount == 0 ? ObjectsOfPage : 0;
-    pdf::prRequireRoom(used + KeptForEnd + KeptForDrawing + firstPage + more - 1, "oggetti");
+    pdf::prRequireRoom(used + KeptForEnd + KeptForDrawing + firstPage + more - 1, "oggetti",
+                       largest);
 }
 
 void clsPDFCreator::State::prKeepObjects(std::int32_t more)

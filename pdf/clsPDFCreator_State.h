@@ -252,6 +252,9 @@ struct clsPDFCreator::State
     }
     [[noreturn]] static void prNotFinite();
 
+    // How the document that begins next is laid out.
+    pdf::Format prFormat() const { return {Conforming}; }
+
     // Raises error 6 unless there are so many more objects besides those kept back. While there is
     // no page, one is kept back, too: no reader opens a document without.
     void prRequireObjects(std::int32_t more) const;
