@@ -12,7 +12,7 @@ radice=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 # The window needs Qt, which a machine without a display is spared.
 finestra_si=OFF
-pacchetti=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
+pacchetti=(g++ cmake ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev)
 if [ $# -eq 0 ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     finestra_si=ON
     pacchetti+=(qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-wayland

@@ -72,11 +72,15 @@ if(NOT SCALVINO_SANITIZE)
 "PDF writer for C++20 with text, tables, images and barcodes
 The class clsPDFCreator writes PDF files: text in the standard fonts and in
 fonts of one's own, boxes and tables, paths and curves, pictures, barcodes,
-patterns, bookmarks and notes. It needs the C++ standard library only.
+patterns, bookmarks and notes. It needs the C++ standard library, and zlib
+to compress.
 
 The package holds the headers, the shared and the static library, and what
 CMake and pkg-config need to find them.")
     set(CPACK_DEBIAN_LIBRERIA_PACKAGE_SHLIBDEPS ON)
+    if(ZLIB_FOUND)
+        set(CPACK_DEBIAN_LIBRERIA_PACKAGE_DEPENDS zlib1g-dev) # of the static library
+    endif()
     set(CPACK_DEBIAN_LIBRERIA_PACKAGE_SUGGESTS "pkg-config, scalvino-doc")
     # A trigger instead of scripts that call ldconfig; naming scripts that do not exist keeps CPack
     # from writing those.

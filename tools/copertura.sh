@@ -9,7 +9,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 albero=build/copertura
 
-installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev \
+installa_pacchetti g++ cmake ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev \
     python3 locales fonts-liberation
 cmake --preset copertura
 cmake --build --preset copertura --target prove prove_guasti

@@ -9,8 +9,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . tools/pacchetti.sh
 
-installa_pacchetti g++ cmake ninja-build libcli11-dev nlohmann-json3-dev qt6-base-dev qt6-svg-dev \
-    dpkg-dev file
+installa_pacchetti g++ cmake ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev \
+    qt6-base-dev qt6-svg-dev dpkg-dev file
 opzioni=()
 if [ -n "${DEBFULLNAME:-}" ] && [ -n "${DEBEMAIL:-}" ]; then
     opzioni=("-DSCALVINO_MANUTENTORE=$DEBFULLNAME <$DEBEMAIL>")

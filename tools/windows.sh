@@ -39,8 +39,8 @@ fallisci() { echo "windows: $*" >&2; exit 1; }
 
 # ---- Packages and libraries --------------------------------------------------------------------
 
-installa_pacchetti cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 googletest \
-    libcli11-dev nlohmann-json3-dev icoutils qpdf
+installa_pacchetti cmake ninja-build g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine wine64 \
+    googletest libcli11-dev nlohmann-json3-dev icoutils qpdf
 mkdir -p -- "$cartella"
 exec 9>"$cartella/blocco"
 flock -n 9 || fallisci "un altro giro è in corso in $cartella"
@@ -71,7 +71,7 @@ taglie=$costruita/bin/taglie.exe
 
 # The loader of a bare Windows must find all that they need.
 for programma in "$taglie" "$costruita/tests/prove.exe"; do
-    if "$strumenti-objdump" -p "$programma" | grep -iE 'DLL Name: (lib|.*pthread)'; then
+    if "$strumenti-objdump" -p "$programma" | grep -iE 'DLL Name: (lib|zlib|.*pthread)'; then
         fallisci "$programma non è collegato staticamente"
     fi
 done
