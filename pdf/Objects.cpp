@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::size_t BufferSize = 64 * 1024;
 
+// What the deflater gets at once: fed line by line it would take a third longer.
+constexpr std::size_t ContentBufferSize = 4 * 1024;
+
 // A position has ten digits in the table (ISO 32000-1, 7.5.4).
 constexpr std::uint64_t LargestPosition = 9999999999;
 
@@ -49,20 +52,21 @@ void prNoRoom(std::string_view what, std::int32_t largest)
              std::string(what));
 }
 
+// What the operations need in memory is taken here, where a document can still be given up.
 void Objects::prOpen(std::unique_ptr<Output> output, const Format& format)
 {
+    auto deflate =
+        format.CompressLevel == 0 ? nullptr : std::make_unique<Deflate>(format.CompressLevel);
+    if (!m_file.Bytes) m_file.Resize(BufferSize);
+    if (deflate && !m_content.Bytes) m_content.Resize(ContentBufferSize);
+    m_deflate = std::move(deflate);
     m_failure.reset();
     m_format = format;
     m_counter = 0;
     m_positions.clear();
-    m_used = 0;
-    m_flushed = 0;
-    if (!m_buffer) {
-        m_buffer = std::make_unique<char[]>(BufferSize);
-        m_size = BufferSize;
-    }
+    for (Buffer* buffer : {&m_file, &m_content}) buffer->Begin();
+    m_at = &m_file;
     m_output = std::move(output);
-    m_room = m_size;
 }
 
 void Objects::prKeep()
@@ -70,20 +74,28 @@ void Objects::prKeep()
     m_output->Keep();
 }
 
+void Objects::Shut()
+{
+    for (Buffer* buffer : {&m_file, &m_content}) buffer->Room = 0;
+    m_at = &m_file;
+    m_deflate.reset();
+}
+
 void Objects::prDiscard()
 {
     m_output.reset();
-    m_room = 0;
-    m_used = 0;
+    Shut();
 }
 
 void Objects::prClose()
 {
     if (!m_output) return;
-    if (!m_failure && m_used > 0) Flush();
+    if (!m_failure) {
+        if (m_at == &m_content) EndContent(); // what was drawn on a page left open
+        if (m_file.Used > 0) Flush();
+    }
     const auto output = std::move(m_output);
-    m_room = 0;
-    m_used = 0;
+    Shut();
     if (std::exchange(m_failure, std::nullopt)) return; // reported when it happened
     output->Close();
 }
@@ -95,17 +107,57 @@ void Objects::NotOpen() const
                         "nessun documento è aperto: manca BeginDoc", "clsPDFCreator");
 }
 
+void Objects::Buffer::Resize(std::size_t size)
+{
+    Bytes = std::make_unique<char[]>(size);
+    Size = size;
+    Room = size;
+}
+
+void Objects::Buffer::Begin()
+{
+    Used = 0;
+    Gone = 0;
+    Room = Size;
+}
+
 void Objects::Flush()
 {
     try {
-        m_output->Write({m_buffer.get(), m_used});
+        m_output->Write(m_file.Held());
     } catch (const ErroreRuntime& error) {
         m_failure = error;
-        m_room = 0;
+        m_file.Room = 0;
+        m_content.Room = 0;
         throw;
     }
-    m_flushed += m_used;
-    m_used = 0;
+    m_file.Leave();
+}
+
+void Objects::ToFile(std::string_view bytes)
+{
+    if (m_file.Used + bytes.size() > m_file.Room) Flush();
+    std::copy(bytes.begin(), bytes.end(), m_file.Bytes.get() + m_file.Used);
+    m_file.Used += bytes.size();
+}
+
+// The deflater's pieces are smaller than the file's buffer.
+Deflate::Sink Objects::FileSink()
+{
+    return [this](std::string_view piece) { ToFile(piece); };
+}
+
+void Objects::FlushContent()
+{
+    m_deflate->Add(m_content.Held(), FileSink());
+    m_content.Leave();
+}
+
+void Objects::EndContent()
+{
+    FlushContent();
+    m_deflate->End(FileSink());
+    m_at = &m_file;
 }
 
 // A write comes here when the buffer has no room for it. While no file is open, and after a write
@@ -114,11 +166,9 @@ void Objects::Flush()
 void Objects::MakeRoom(std::size_t bytes)
 {
     prRequireOpen();
-    Flush();
-    if (bytes <= m_room) return;
-    m_buffer = std::make_unique<char[]>(bytes);
-    m_size = bytes;
-    m_room = bytes;
+    if (m_at == &m_file) Flush();
+    else FlushContent();
+    if (bytes > m_at->Room) m_at->Resize(bytes);
 }
 
 std::int32_t Objects::prReserve(std::int32_t count)
@@ -155,9 +205,24 @@ void Objects::prBeginStream()
     m_streamStart = prPosition();
 }
 
+void Objects::prBeginContent()
+{
+    prBeginStream();
+    if (m_deflate) m_at = &m_content;
+}
+
+std::string Objects::prDeflated(std::string bytes)
+{
+    return m_deflate ? m_deflate->Whole(bytes) : std::move(bytes);
+}
+
 void Objects::prEndStream()
 {
+    prRequireOpen();
+    const bool deflated = m_at == &m_content;
+    if (deflated) EndContent();
     m_streamLength = prPosition() - m_streamStart;
+    if (deflated) prWriteRaw(""); // the data end no line themselves
     prWriteRaw("endstream");
     prEndObj();
 }
@@ -171,6 +236,10 @@ void Objects::prWriteStreamLength(std::int32_t number)
 
 void Objects::prWriteBytes(std::string_view bytes, ByteRows rows)
 {
+    if (m_at == &m_content) {
+        FlushContent();
+        return m_deflate->Add(bytes, FileSink());
+    }
     if (rows == ByteRows::None) return prPart(bytes, EndOfRun);
     prPart(InRows(bytes, rows));
 }

@@ -2,6 +2,7 @@
 // clsPDFCreator_*.cpp write goes through here.
 #pragma once
 
+#include "Deflate.h"
 #include "ErroreRuntime.h"
 #include "Name.h"
 #include "Number.h"
@@ -39,6 +40,7 @@ inline void prRequireRoom(std::int32_t count, std::string_view what,
 struct Format
 {
     bool Conforming = false;
+    std::int32_t CompressLevel = 0; // 0, off, to 9
 
     // The highest number that an object may have.
     std::int32_t Largest() const { return Conforming ? LargestNumber : LargestCount; }
@@ -73,6 +75,10 @@ enum class ByteRows : std::uint8_t
 class Objects
 {
 public:
+    Objects() = default;
+    Objects(const Objects&) = delete; // m_at points into its own
+    Objects& operator=(const Objects&) = delete;
+
     // Starts a new document that goes to output. A file is removed by Discard, and when this object
     // ends, until Keep is called.
     void prOpen(std::unique_ptr<Output> output, const Format& format = {});
@@ -87,16 +93,16 @@ public:
     // Writes what is still held back and closes. Closed already: no effect.
     void prClose();
 
-    bool prIsOpen() const { return m_room != 0; }
+    bool prIsOpen() const { return m_at->Room != 0; }
 
     // Error 5 when no file is open; the error of the write that failed when one did.
     void prRequireOpen() const
     {
-        if (m_room == 0) NotOpen();
+        if (m_at->Room == 0) NotOpen();
     }
 
-    // Bytes written so far: where the next one will stand.
-    std::uint64_t prPosition() const { return m_flushed + m_used; }
+    // Bytes written so far: where the next one will stand. Not within prBeginContent.
+    std::uint64_t prPosition() const { return m_file.Gone + m_file.Used; }
 
     // Highest object number given out so far.
     std::int32_t prCounter() const { return m_counter; }
@@ -118,6 +124,19 @@ public:
     void prBeginStream();
     void prEndStream();
 
+    // The same where the document is compressed if it is compressed at all: what is written until
+    // prEndStream is deflated, and the length is that of what comes out. prContentFilter goes into
+    // the stream's dictionary; it is empty where nothing is compressed.
+    void prBeginContent();
+    std::string_view prContentFilter() const
+    {
+        return m_deflate ? "/Filter /FlateDecode " : std::string_view();
+    }
+
+    // The same for data whose length has to be known before: they come back as they will stand
+    // there. Not within prBeginContent.
+    std::string prDeflated(std::string bytes);
+
     // Writes the object of that number, or the next one for 0: nothing but the length of the stream
     // ended last.
     void prWriteStreamLength(std::int32_t number = 0);
@@ -136,7 +155,7 @@ public:
     {
         char* at = Room((Bound(pieces) + ... + 0));
         ((at = Put(at, pieces)), ...);
-        m_used = static_cast<std::size_t>(at - m_buffer.get());
+        m_at->Used = static_cast<std::size_t>(at - m_at->Bytes.get());
     }
     template <typename... Pieces>
     void prPrint(const Pieces&... pieces)
@@ -145,18 +164,19 @@ public:
     }
 
     // Writes known; where it is empty, lets write do so and keeps in known what it wrote. What has
-    // gone from memory to the file meanwhile is not kept, so that the next call writes it again.
+    // left the buffer meanwhile is not kept, so that the next call writes it again.
     template <typename Write>
     void prRepeat(std::string& known, const Write& write)
     {
         if (!known.empty()) return prPart(known);
-        const std::size_t start = m_used;
-        const std::uint64_t flushed = m_flushed;
+        const std::size_t start = m_at->Used;
+        const std::uint64_t gone = m_at->Gone;
         write();
-        if (m_flushed == flushed) known.assign(m_buffer.get() + start, m_used - start);
+        if (m_at->Gone == gone) known.assign(m_at->Bytes.get() + start, m_at->Used - start);
     }
 
     // Writes data as what stands between "stream" and "endstream"; the length that they take there.
+    // Where that is deflated, rows are of no use and the data stand alone.
     void prWriteBytes(std::string_view bytes, ByteRows rows = ByteRows::None);
     static std::size_t prLengthOfBytes(std::string_view bytes, ByteRows rows);
 
@@ -202,14 +222,38 @@ private:
     static char* Put(char* at, double number) { return prPutNumber(at, number); }
     static char* Put(char* at, std::int32_t number) { return prPutInteger(at, number); }
 
+    // What was written and has not left yet.
+    struct Buffer
+    {
+        std::unique_ptr<char[]> Bytes;
+        std::size_t Used = 0;
+        std::size_t Room = 0;   // for so many bytes in all; 0 while nothing may be written
+        std::size_t Size = 0;   // of Bytes
+        std::uint64_t Gone = 0; // bytes that have left
+
+        void Resize(std::size_t size);
+        void Begin();
+        std::string_view Held() const { return {Bytes.get(), Used}; }
+        void Leave()
+        {
+            Gone += Used;
+            Used = 0;
+        }
+    };
+
     // The end of the buffer, with room for so many bytes more.
     char* Room(std::size_t bytes)
     {
-        if (m_used + bytes > m_room) MakeRoom(bytes);
-        return m_buffer.get() + m_used;
+        if (m_at->Used + bytes > m_at->Room) MakeRoom(bytes);
+        return m_at->Bytes.get() + m_at->Used;
     }
     void MakeRoom(std::size_t bytes);
     void Flush();
+    void ToFile(std::string_view bytes);
+    Deflate::Sink FileSink();
+    void FlushContent();
+    void EndContent();
+    void Shut();
     [[noreturn]] void NotOpen() const;
 
     // Where the object of that number stands; 0, where no object can, for one that was never begun.
@@ -218,11 +262,10 @@ private:
     std::unique_ptr<Output> m_output;
     Format m_format;
     std::optional<ErroreRuntime> m_failure;
-    std::unique_ptr<char[]> m_buffer; // what the output does not have yet
-    std::size_t m_used = 0;
-    std::size_t m_room = 0; // of the buffer; 0 while nothing may be written
-    std::size_t m_size = 0; // of the buffer
-    std::uint64_t m_flushed = 0;
+    Buffer m_file;                      // on its way to the output
+    Buffer m_content;                   // on its way to m_deflate, whose output goes into m_file
+    Buffer* m_at = &m_file;             // what is being written
+    std::unique_ptr<Deflate> m_deflate; // of a document that is compressed
     std::uint64_t m_streamStart = 0;
     std::uint64_t m_streamLength = 0;
     std::int32_t m_counter = 0;

@@ -126,11 +126,11 @@ public:
     // of another one or that contains itself.
     void Conforming(bool On = true);
 
-    // Deflates what is written from now on (ISO 32000-1, 7.4.4): the content of pages, objects and
-    // tilings, embedded fonts, and pictures for which FilterDecode asks no filter. Level: 1 quick
-    // to 9 small, 0 (at first) off. With Conforming the small objects are packed, too
-    // (7.5.7, 7.5.8). Call it before BeginDoc. Error 5 for another level, and for any but 0 where
-    // the library was built without zlib.
+    // Deflates what documents begun from now on hold (ISO 32000-1, 7.4.4): the content of pages,
+    // objects and tilings, pictures for which FilterDecode asks no filter, and fonts added from now
+    // on. Level: 1 quick to 9 small, 0 (at first) off. With Conforming the small objects are
+    // packed, too (7.5.7, 7.5.8). Call it before BeginDoc. Error 5 for another level, and for any
+    // but 0 where the library was built without zlib.
     void Compress(std::int32_t Level);
 
     // The natural language of the document (ISO 32000-1, 14.9.2) as a tag like "it" or "en-GB":

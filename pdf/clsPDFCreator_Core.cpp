@@ -125,6 +125,20 @@ void clsPDFCreator::Conforming(bool On)
     m->Conforming = On;
 }
 
+void clsPDFCreator::Compress(std::int32_t Level)
+{
+    constexpr std::int32_t smallest = 9;
+    std::string reason;
+    if (Level < 0 || Level > smallest) reason = "i documenti si comprimono da 0 a 9";
+    else if (Level > 0 && !pdf::prCanDeflate()) {
+        reason = "i documenti non si possono comprimere: la libreria è senza zlib";
+    }
+    if (!reason.empty()) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, reason, "clsPDFCreator");
+    }
+    m->CompressLevel = Level;
+}
+
 void clsPDFCreator::Orientation(std::int32_t NewOrientation)
 {
     m->DocOrientation = NewOrientation;

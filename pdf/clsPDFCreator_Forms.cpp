@@ -26,8 +26,8 @@ void clsPDFCreator::BeginObject(std::string_view Name, std::int32_t Flags)
     out.prPrint("/BBox [", margin, " ", margin, " ", m->PageWidth - margin, " ",
                 m->PageHeight - margin, "]");
     out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
-    out.prPrint("/Length ", number + 1, " 0 R >>");
-    out.prBeginStream();
+    out.prPrint(out.prContentFilter(), "/Length ", number + 1, " 0 R >>");
+    out.prBeginContent();
     m->FormResources.append("/").append(pdf::prName(name)).append(" ");
     m->FormResources.append(std::to_string(number)).append(" 0 R \r");
     m->prBeginDrawing();

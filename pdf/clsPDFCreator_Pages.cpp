@@ -26,8 +26,8 @@ std::int16_t clsPDFCreator::BeginPage(std::int32_t Orientation, std::int32_t Pag
     m->prAppendPageLabel(PageLabel, InWindows1252(LabelPrefix), FirstValue);
 
     out.prInitObj(page + 1);
-    out.prPrint("<< /Length ", page + 2, " 0 R >>");
-    out.prBeginStream();
+    out.prPrint("<< ", out.prContentFilter(), "/Length ", page + 2, " 0 R >>");
+    out.prBeginContent();
     out.prPrint("1 0 0 -1 0 ", m->PageHeight, " cm "); // from here y grows downward
     m->prSetFill("Black");
     m->prSetLine("Black");

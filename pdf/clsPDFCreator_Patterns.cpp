@@ -41,8 +41,8 @@ void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float
     // The resources without patterns: a pattern never refers to itself.
     out.prWriteRaw("/Resources 5 0 R");
     out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
-    out.prPrint("/Length ", tile + 1, " 0 R >>");
-    out.prBeginStream();
+    out.prPrint(out.prContentFilter(), "/Length ", tile + 1, " 0 R >>");
+    out.prBeginContent();
     m->PatternResources.append("/" + pdf::prName(name) + " " + std::to_string(tile) + " 0 R \r");
     m->prBeginDrawing();
     if (X1 != 0 || Y1 != 0) out.prPrint("1 0 0 1 ", points(X1), " ", points(Y1), " cm");

@@ -253,7 +253,7 @@ struct clsPDFCreator::State
     [[noreturn]] static void prNotFinite();
 
     // How the document that begins next is laid out.
-    pdf::Format prFormat() const { return {Conforming}; }
+    pdf::Format prFormat() const { return {Conforming, CompressLevel}; }
 
     // Raises error 6 unless there are so many more objects besides those kept back. While there is
     // no page, one is kept back, too: no reader opens a document without.

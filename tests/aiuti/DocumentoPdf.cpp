@@ -3,6 +3,7 @@
 #include "DocumentoPdf.h"
 
 #include "ContenutoPdf.h"
+#include "Inflato.h"
 
 #include <algorithm>
 #include <set>
@@ -28,6 +29,7 @@ public:
         for (int n = 1; n <= Ultimo(); ++n) {
             Riferimenti(n, Oggetto(n));
             Lunghezza(n);
+            Gonfia(n);
         }
         AlberoPagine();
         for (int n = 1; n <= Ultimo(); ++n) Contenuti(n);
@@ -85,12 +87,31 @@ private:
             Difetto(n, "flusso senza /Length");
             return;
         }
-        // The length of an embedded font is that of its encoded bytes, without the line end after.
-        const bool carattere = Voce(Oggetto(n), "Length1").Tipo == TipoPdf::Numero;
-        const std::size_t fine = carattere && Dati(n)->ends_with("\r\r\n") ? 3 : 0;
-        const std::string vera = std::to_string(Dati(n)->size() - fine);
+        const std::string vera = std::to_string(Dati(n)->size() - FineRiga(n));
         if (lunghezza.Testo != vera)
             Difetto(n, "/Length " + lunghezza.Testo + ", ma i byte sono " + vera);
+    }
+
+    bool Compresso(int n) const { return HaNome(Oggetto(n), "Filter", "FlateDecode"); }
+
+    // The length of an embedded font and of deflated bytes is theirs alone, without the line end
+    // after: CR CR LF for data that were encoded whole.
+    std::size_t FineRiga(int n) const
+    {
+        const bool carattere = Voce(Oggetto(n), "Length1").Tipo == TipoPdf::Numero;
+        const bool contato =
+            Voce(Oggetto(n), "Length").Testo == std::to_string(Dati(n)->size() - 3);
+        if ((carattere || (Compresso(n) && contato)) && Dati(n)->ends_with("\r\r\n")) return 3;
+        return Compresso(n) && Dati(n)->ends_with("\r\n") ? 2 : 0;
+    }
+
+    void Gonfia(int n)
+    {
+        if (!Dati(n) || !Compresso(n)) return;
+        auto& dati = m_pdf.Dati[static_cast<std::size_t>(n) - 1];
+        auto testo = Inflato(std::string_view(*dati).substr(0, dati->size() - FineRiga(n)));
+        if (testo) dati = std::move(testo);
+        else Difetto(n, "i dati non sono quelli di un FlateDecode");
     }
 
     void AlberoPagine()
@@ -170,7 +191,7 @@ private:
     // pages.
     void Contenuto(int n, const ValorePdf& proprietario)
     {
-        if (Oggetto(n).Voce("Filter")) return;
+        if (Oggetto(n).Voce("Filter") && !Compresso(n)) return;
         const ValorePdf* risorse = &Voce(proprietario, "Resources");
         if (risorse->Tipo == TipoPdf::Fine) risorse = &Voce(*m_radice, "Resources");
         if (risorse->Tipo != TipoPdf::Dizionario) Difetto(n, "disegno senza risorse");

@@ -30,7 +30,8 @@ struct PdfLetto
     // "endobj", without the last CR LF. std::out_of_range when there is no such object.
     const std::string& Oggetto(int n) const;
 
-    // The bytes of the stream of object n as they stand in the file, filters not undone.
+    // The bytes of the stream of object n as they stand in the file, no filter undone but
+    // FlateDecode.
     // std::out_of_range when object n has none.
     const std::string& Flusso(int n) const;
 
@@ -47,8 +48,8 @@ struct PdfLetto
 //   1, /Root object 2;
 // - every object is one value of sound syntax (see SintassiPdf.h), every reference names an object;
 // - /Length of a stream, given or referred to, is the number of bytes between the lines "stream"
-// and
-//   "endstream", the line end of the last operator counted;
+//   and "endstream", the line end of the last operator counted, that after encoded bytes not;
+// - deflated bytes are a whole zlib stream and nothing else (see Inflato.h);
 // - the page tree holds every page once and /Count is their number; annotations are annotations;
 // - pages, forms and tiles draw as ContenutoPdf.h says, unless a filter hides them, and the names
 //   they use belong to objects of that kind.

@@ -1,0 +1,143 @@
+// Compress: what is deflated and what is not, the levels, and that everything else stays.
+
+#include "Aiuti.h"
+#include "Deflate.h"
+#include "PaginaDiProva.h"
+#include "Scritture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+using aiuti::ByteDocumento;
+using aiuti::Documento;
+using aiuti::ErroreDi;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+constexpr const char* SenzaZlib = "la libreria è senza zlib";
+constexpr const char* Filtro = "/Filter /FlateDecode ";
+
+void Pagine(clsPDFCreator& pdf)
+{
+    pdf.SetFont("Arial", 12);
+    pdf.BeginObject("Cornice", 7);
+    pdf.DrawRect(10, 10, 500, 700, 1);
+    pdf.EndObject();
+    pdf.BeginTiling("Righe", 0, 0, 4, 4, 4, 4);
+    pdf.DrawLine(0, 0, 4, 4);
+    pdf.EndTiling();
+    for (int pagina = 0; pagina < 3; ++pagina) {
+        pdf.BeginPage();
+        pdf.SetColorFill("Righe");
+        pdf.DrawRect(50, 500, 100, 100, 4);
+        pdf.SetColorFill("Black");
+        for (int riga = 1; riga < 400; ++riga) {
+            pdf.DrawText(30, static_cast<float>(riga), "Riga " + std::to_string(riga));
+        }
+        pdf.EndPage();
+    }
+}
+
+aiuti::Disegno Livello(int livello)
+{
+    return [livello](clsPDFCreator& pdf) { pdf.Compress(livello); };
+}
+
+} // namespace
+
+TEST(Compressione, LeStesseOperazioniStannoNeiFlussiCompressi)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << SenzaZlib;
+    const auto intero = Documento({}, Pagine);
+    for (int livello = 1; livello <= 9; ++livello) {
+        const auto letto = Documento(Livello(livello), Pagine);
+        ASSERT_EQ(letto.Oggetti.size(), intero.Oggetti.size());
+        EXPECT_EQ(letto.Versione, "1.3");
+        for (std::size_t n = 0; n < letto.Oggetti.size(); ++n) {
+            EXPECT_EQ(letto.Dati[n], intero.Dati[n]) << n + 1;
+            std::string oggetto = letto.Oggetti[n];
+            const auto filtro = oggetto.find(Filtro);
+            const bool compresso = filtro != std::string::npos;
+            if (compresso) oggetto.erase(filtro, std::string(Filtro).size());
+            EXPECT_EQ(compresso, letto.Dati[n] && !oggetto.starts_with("<< /Type /Metadata"));
+            // Numbers by themselves are the lengths of streams.
+            if (oggetto.find_first_not_of("0123456789") != std::string::npos) {
+                EXPECT_EQ(oggetto, intero.Oggetti[n]);
+            }
+        }
+    }
+}
+
+TEST(Compressione, ZeroNonCambiaUnByte)
+{
+    EXPECT_TRUE(ByteDocumento(Livello(0), Pagine) == ByteDocumento({}, Pagine));
+}
+
+TEST(Compressione, GliStessiDatiDannoGliStessiByte)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << SenzaZlib;
+    const std::string uno = ByteDocumento(Livello(6), Pagine);
+    EXPECT_TRUE(uno == ByteDocumento(Livello(6), Pagine));
+    EXPECT_LT(uno.size(), ByteDocumento({}, Pagine).size() / 3);
+}
+
+TEST(Compressione, UnTestoLunghissimoPassaIntero)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << SenzaZlib;
+    const auto pagina = [](clsPDFCreator& pdf) {
+        pdf.BeginPage();
+        pdf.SetFont("Arial", 1);
+        for (const std::size_t lunga : {4096, 100, 300000, 4095, 1}) {
+            pdf.DrawText(0, 10, std::string(lunga, 'x'));
+        }
+        pdf.EndPage();
+    };
+    EXPECT_EQ(Documento(Livello(6), pagina).Contenuto(1), Documento({}, pagina).Contenuto(1));
+}
+
+TEST(Compressione, AltriLivelliSonoErrori)
+{
+    for (const int livello : {-1, 10, -2147483647 - 1, 2147483647}) {
+        clsPDFCreator pdf;
+        const auto errore = ErroreDi([&] { pdf.Compress(livello); });
+        ASSERT_TRUE(errore) << livello;
+        EXPECT_EQ(errore->Numero(), NumeroErrore::ChiamataNonValida);
+        EXPECT_EQ(errore->Motivo(), "i documenti si comprimono da 0 a 9");
+    }
+}
+
+TEST(Compressione, SenzaZlibEUnErroreSolo)
+{
+    if (pdf::prCanDeflate()) GTEST_SKIP() << "la libreria ha zlib";
+    clsPDFCreator pdf;
+    for (int livello = 1; livello <= 9; ++livello) {
+        const auto errore = ErroreDi([&] { pdf.Compress(livello); });
+        ASSERT_TRUE(errore) << livello;
+        EXPECT_EQ(errore->Numero(), NumeroErrore::ChiamataNonValida);
+        EXPECT_EQ(errore->Motivo(),
+                  "i documenti non si possono comprimere: la libreria è senza zlib");
+    }
+    pdf.Compress(0);
+}
+
+// The level is that of BeginDoc: a document is compressed as a whole or not at all.
+TEST(Compressione, DopoBeginDocValePerIlProssimoDocumento)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << SenzaZlib;
+    const aiuti::CartellaDiProva cartella;
+    clsPDFCreator pdf;
+    const std::string nome = cartella.Nome() + "prova.pdf";
+    for (const bool compresso : {false, true}) {
+        pdf.BeginDoc(nome);
+        pdf.Compress(compresso ? 0 : 6);
+        Pagine(pdf);
+        pdf.EndDoc();
+        EXPECT_EQ(aiuti::Byte(nome).find(Filtro) != std::string::npos, compresso);
+    }
+}
