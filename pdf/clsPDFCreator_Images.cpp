@@ -57,6 +57,20 @@ Encoded Encode(std::string bytes, std::string_view ownFilter, std::int32_t filte
     return encoded;
 }
 
+// Data with filters of their own stand as they are, all others are compressed as the document is.
+std::string_view FilterOf(const pdf::Objects& out, const Encoded& encoded)
+{
+    return encoded.Filters.empty() ? out.prContentFilter() : encoded.Filters;
+}
+
+void WriteStream(pdf::Objects& out, const Encoded& encoded)
+{
+    if (encoded.Filters.empty()) out.prBeginContent();
+    else out.prBeginStream();
+    out.prWriteBytes(encoded.Bytes, encoded.Rows);
+    out.prEndStream();
+}
+
 } // namespace
 
 void clsPDFCreator::FilterDecode(std::int32_t Filters)
@@ -118,7 +132,7 @@ void clsPDFCreator::State::prWriteImage(std::int32_t number, std::int32_t object
     const auto encoded =
         Encode(std::move(picture.Pixels), picture.IsJpeg ? "/DCTDecode " : "", ImageFilters);
     Out.prPrint("<< /Type /XObject /Subtype /Image /Name /_IMG_", number, " /Width ", picture.Width,
-                " /Height ", picture.Height, " ", encoded.Filters, " ");
+                " /Height ", picture.Height, " ", FilterOf(Out, encoded), " ");
     if (indexed) {
         const auto entries = static_cast<std::int32_t>(picture.Palette.size() / 3);
         Out.prPrint("/BitsPerComponent ", picture.BitsPerPixel,
@@ -130,9 +144,7 @@ void clsPDFCreator::State::prWriteImage(std::int32_t number, std::int32_t object
     }
     if (picture.InvertedCMYK) Out.prWriteRaw("/Decode [1 0 1 0 1 0 1 0]");
     Out.prWriteRaw(">>");
-    Out.prBeginStream();
-    Out.prWriteBytes(encoded.Bytes, encoded.Rows);
-    Out.prEndStream();
+    WriteStream(Out, encoded);
     Out.prWriteStreamLength();
     if (indexed) prWritePalette(std::move(picture.Palette));
 }
@@ -140,9 +152,14 @@ void clsPDFCreator::State::prWriteImage(std::int32_t number, std::int32_t object
 void clsPDFCreator::State::prWritePalette(std::string palette)
 {
     Out.prInitObj(0);
-    const auto encoded = Encode(std::move(palette), "", ImageFilters);
-    const std::size_t length = pdf::Objects::prLengthOfBytes(encoded.Bytes, encoded.Rows);
-    Out.prPrint("<< ", encoded.Filters, " /Length ", static_cast<std::int32_t>(length), " >>");
+    auto encoded = Encode(std::move(palette), "", ImageFilters);
+    std::size_t length = pdf::Objects::prLengthOfBytes(encoded.Bytes, encoded.Rows);
+    const std::string_view filter = FilterOf(Out, encoded);
+    if (encoded.Filters.empty() && !filter.empty()) {
+        encoded.Bytes = Out.prDeflated(std::move(encoded.Bytes));
+        length = encoded.Bytes.size();
+    }
+    Out.prPrint("<< ", filter, " /Length ", static_cast<std::int32_t>(length), " >>");
     Out.prBeginStream();
     Out.prWriteBytes(encoded.Bytes, encoded.Rows);
     Out.prEndStream();

@@ -44,6 +44,18 @@ void Pagine(clsPDFCreator& pdf)
     }
 }
 
+void Figure(clsPDFCreator& pdf)
+{
+    const std::string semi = SCALVINO_SEMI "/";
+    pdf.BeginPage();
+    float x = 0;
+    for (const char* file :
+         {"bmp/24bit_40.bmp", "bmp/4bit_40.bmp", "gif/8bit.gif", "jpeg/colori.jpg"}) {
+        pdf.DrawImage(semi + file, x += 50, 50, 40, 40);
+    }
+    pdf.EndPage();
+}
+
 aiuti::Disegno Livello(int livello)
 {
     return [livello](clsPDFCreator& pdf) { pdf.Compress(livello); };
@@ -99,6 +111,43 @@ TEST(Compressione, UnTestoLunghissimoPassaIntero)
         pdf.EndPage();
     };
     EXPECT_EQ(Documento(Livello(6), pagina).Contenuto(1), Documento({}, pagina).Contenuto(1));
+}
+
+TEST(Compressione, FigureETavolozzeSenzaFiltroSonoCompresse)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << SenzaZlib;
+    const auto intero = Documento({}, Figure);
+    const auto letto = Documento(Livello(6), Figure);
+    ASSERT_EQ(letto.Oggetti.size(), intero.Oggetti.size());
+    int compresse = 0;
+    for (std::size_t n = 0; n < letto.Oggetti.size(); ++n) {
+        if (!letto.Dati[n] || letto.Dati[n] == intero.Dati[n]) continue;
+        // As they are they end in a line end that readers skip; deflated they stand alone.
+        EXPECT_EQ(*letto.Dati[n] + "\r\r\n", *intero.Dati[n]);
+        EXPECT_THAT(letto.Oggetti[n], HasSubstr(Filtro));
+        ++compresse;
+    }
+    EXPECT_EQ(compresse, 5); // three pictures, two palettes
+    EXPECT_THAT(letto.Oggetti,
+                testing::Contains(AllOf(HasSubstr("/DCTDecode"), Not(HasSubstr("FlateDecode")))));
+}
+
+TEST(Compressione, IFiltriSceltiRestano)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << SenzaZlib;
+    for (const int filtro : {1, 2, 4, 8, 15}) {
+        const auto scelto = [filtro](clsPDFCreator& pdf) {
+            pdf.FilterDecode(filtro);
+            Figure(pdf);
+        };
+        const auto intero = Documento({}, scelto);
+        const auto letto = Documento(Livello(9), scelto);
+        for (std::size_t n = 0; n < intero.Oggetti.size(); ++n) {
+            if (intero.Oggetti[n].find("/Filter") == std::string::npos) continue;
+            EXPECT_EQ(letto.Oggetti[n], intero.Oggetti[n]);
+            EXPECT_EQ(letto.Dati[n], intero.Dati[n]);
+        }
+    }
 }
 
 TEST(Compressione, AltriLivelliSonoErrori)
