@@ -229,14 +229,22 @@ void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontNa
     std::transform(font->File.Widths.begin(), font->File.Widths.end(), font->Widths.begin(),
                    InWidth);
     if (Embed) {
-        font->Encoded = pdf::prLZWEncode(bytes);
-        font->Length = bytes.size();
+        m->prEncode(*font, bytes);
     }
     const auto descent = static_cast<std::int16_t>(std::clamp(font->File.Descent, -32768.F, 0.F));
     m->prKeepObjects(objects);
     m->Fonts.push_back({font->File.Name, {&font->Widths, descent}, font.get()});
     m->TrueTypeFonts.push_back(std::move(font));
     m->FontKeys.try_emplace(NormalizedFamily(FontName), m->Fonts.size());
+}
+
+// Deflated on its own and now, not where it is written: so the file's own bytes need not be kept.
+void clsPDFCreator::State::prEncode(TrueType& font, std::string_view bytes) const
+{
+    const bool deflated = CompressLevel > 0;
+    font.Encoded = deflated ? pdf::Deflate(CompressLevel).Whole(bytes) : pdf::prLZWEncode(bytes);
+    font.Filter = deflated ? "FlateDecode" : "LZWDecode";
+    font.Length = bytes.size();
 }
 
 // Widths and descriptors of the standard fonts are the reader's own: it knows them by these names.
@@ -296,7 +304,7 @@ void clsPDFCreator::State::prWriteDescriptor(std::int32_t object, const TrueType
 void clsPDFCreator::State::prEmbedFile(std::int32_t object, const TrueType& font)
 {
     Out.prInitObj(object);
-    Out.prPrint("<< /Filter /LZWDecode /Length ", object + 1, " 0 R /Length1 ", object + 2,
+    Out.prPrint("<< /Filter /", font.Filter, " /Length ", object + 1, " 0 R /Length1 ", object + 2,
                 " 0 R >>");
     Out.prBeginStream();
     Out.prWriteBytes(font.Encoded);

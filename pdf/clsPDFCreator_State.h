@@ -32,8 +32,9 @@ struct clsPDFCreator::State
     {
         pdf::TrueTypeFont File;
         std::array<std::uint16_t, 256> Widths;
-        std::string Encoded;    // the file as it will stand in the document
-        std::size_t Length = 0; // of the file itself; 0: not embedded
+        std::string Encoded;     // the file as it will stand in the document
+        std::string_view Filter; // that decodes it
+        std::size_t Length = 0;  // of the file itself; 0: not embedded
     };
 
     // A font of the document; the standard ones share their static tables.
@@ -342,6 +343,7 @@ struct clsPDFCreator::State
     void prWriteFontNames();
     void prWriteWidths(std::int32_t object, const TrueType& font);
     void prWriteDescriptor(std::int32_t object, const TrueType& font);
+    void prEncode(TrueType& font, std::string_view bytes) const;
     void prEmbedFile(std::int32_t object, const TrueType& font);
     std::int32_t prFontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
     pdf::TextMetrics prMetrics() const

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 using aiuti::ByteDocumento;
 using aiuti::Documento;
@@ -148,6 +149,35 @@ TEST(Compressione, IFiltriSceltiRestano)
             EXPECT_EQ(letto.Dati[n], intero.Dati[n]);
         }
     }
+}
+
+// Fonts are deflated when they are added, before BeginDoc or while a page is open.
+TEST(Compressione, ICaratteriIncorporatiSonoCompressi)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << SenzaZlib;
+    const std::string file = SCALVINO_SEMI "/ttf/unicode.ttf";
+    const auto letto = Documento(
+        [&file](clsPDFCreator& pdf) {
+            pdf.AddFont(file, "Prima");
+            pdf.Compress(6);
+            pdf.AddFont(file, "Dopo");
+        },
+        [&file](clsPDFCreator& pdf) {
+            pdf.BeginPage();
+            pdf.SetFont("Dopo", 12);
+            pdf.DrawText(10, 20, "A");
+            pdf.AddFont(file, "Sulla pagina");
+            pdf.DrawText(10, 40, "A");
+            pdf.EndPage();
+        });
+    std::vector<std::string> filtri;
+    for (std::size_t n = 0; n < letto.Oggetti.size(); ++n) {
+        if (letto.Oggetti[n].find("/Length1") == std::string::npos) continue;
+        const bool compresso = letto.Oggetti[n].find("/FlateDecode") != std::string::npos;
+        filtri.emplace_back(compresso ? "FlateDecode" : "LZWDecode");
+        EXPECT_EQ(letto.Dati[n] == aiuti::Byte(file), compresso);
+    }
+    EXPECT_THAT(filtri, testing::ElementsAre("LZWDecode", "FlateDecode", "FlateDecode"));
 }
 
 TEST(Compressione, AltriLivelliSonoErrori)
