@@ -74,7 +74,8 @@ private:
 
     void Riferimenti(int n, const ValorePdf& valore)
     {
-        if (valore.Tipo == TipoPdf::Riferimento && !Esiste(valore.Numero))
+        if (valore.Tipo == TipoPdf::Riferimento &&
+            (!Esiste(valore.Numero) || m_pdf.Liberi.contains(valore.Numero)))
             Difetto(n, "riferimento a un oggetto che non c'è: " + valore.Testo);
         for (const ValorePdf& elemento : valore.Elementi) Riferimenti(n, elemento);
     }

@@ -2,10 +2,11 @@
 #include "StrutturaPdf.h"
 
 #include "DocumentoPdf.h"
+#include "RimandiPdf.h"
 #include "SintassiPdf.h"
 
 #include <algorithm>
-#include <numeric>
+#include <map>
 #include <stdexcept>
 #include <string_view>
 
@@ -30,9 +31,12 @@ public:
     std::vector<ValorePdf> Tutto()
     {
         Testata();
-        if (Fondo() && Tavola()) {
-            Coda();
+        if (!Fondo()) return m_valori;
+        const bool tavola = m_byte.substr(m_tavola).starts_with("xref\r\n0 ");
+        if (tavola ? Tavola() : Rimandi()) {
+            if (tavola) Coda();
             Oggetti();
+            Impacchettati();
         }
         return m_valori;
     }
@@ -62,14 +66,28 @@ private:
         if (prima && prima->starts_with(segno) && NumeroIntero(prima->substr(segno.size())) >= 0)
             m_pdf.Versione = prima->substr(segno.size() - 2);
         else Difetto("testata sbagliata");
+        m_conforme = Binario(m_inizioCorpo);
+        if (m_conforme) Riga(m_inizioCorpo);
         const auto commento = Riga(m_inizioCorpo);
         if (!commento || !commento->starts_with("% ")) Difetto("manca la riga di commento");
     }
 
-    // "startxref", CR, the place of the table, CR LF, "%%EOF", CR, CR LF.
+    // Whether a line says that the file is not text (ISO 32000-1, 7.5.2): "%" and four bytes above
+    // 127. Only a conforming document has one.
+    bool Binario(std::size_t posizione) const
+    {
+        const auto riga = Riga(posizione);
+        return riga && riga->size() == 5 && riga->starts_with('%') &&
+               std::all_of(riga->begin() + 1, riga->end(),
+                           [](char c) { return static_cast<unsigned char>(c) > 127; });
+    }
+
+    // "startxref", CR, the place of the table, CR LF, "%%EOF", CR, CR LF; in a conforming document
+    // without these two CR.
     bool Fondo()
     {
-        constexpr std::string_view segno = "startxref\r", fine = "\r\n%%EOF\r\r\n";
+        const std::string_view segno = m_conforme ? "startxref\r\n" : "startxref\r";
+        const std::string_view fine = m_conforme ? "\r\n%%EOF\r\n" : "\r\n%%EOF\r\r\n";
         if (!m_byte.ends_with(fine)) {
             Difetto("la fine non è \"%%EOF\" CR CR LF");
             return false;
@@ -81,18 +99,20 @@ private:
                 : m_byte.substr(m_fondo + segno.size(),
                                 m_byte.size() - fine.size() - m_fondo - segno.size());
         const int tavola = NumeroIntero(numero);
-        if (tavola < 0 || static_cast<std::size_t>(tavola) >= m_fondo ||
-            !m_byte.substr(static_cast<std::size_t>(tavola)).starts_with("xref\r\n0 ")) {
+        const auto qui = static_cast<std::size_t>(std::max(tavola, 0));
+        if (tavola < 0 || qui >= m_fondo ||
+            (!m_conforme && !m_byte.substr(qui).starts_with("xref\r\n0 "))) {
             Difetto("startxref non indica la tavola: " + std::string(numero));
             return false;
         }
-        m_tavola = static_cast<std::size_t>(tavola);
+        m_tavola = qui;
         return true;
     }
 
     bool Tavola()
     {
         m_dopoTavola = m_tavola;
+        m_fineCorpo = m_tavola;
         Riga(m_dopoTavola);
         const auto conto = Riga(m_dopoTavola);
         const int voci = conto ? NumeroIntero(conto->substr(2)) : -1;
@@ -107,16 +127,45 @@ private:
         return true;
     }
 
+    // Only a conforming document has free entries besides the first.
     bool Voce(std::size_t n, std::string_view voce)
     {
         const int posizione = NumeroIntero(voce.substr(1, 9));
+        const bool libera = n == 0 || (m_conforme && posizione == 0);
         const bool giusta = voce[0] == '0' && posizione >= 0 &&
-                            voce.substr(10) == (n == 0 ? " 65535 f\r\n" : " 00000 n\r\n");
+                            voce.substr(10) == (libera ? " 65535 f\r\n" : " 00000 n\r\n");
         if (!giusta || (n == 0 && posizione != 0)) {
             Difetto("voce " + std::to_string(n) + " della tavola sbagliata");
             return false;
         }
-        m_posizioni.push_back(static_cast<std::size_t>(posizione));
+        const auto genere = libera ? PostoPdf::Genere::Libero : PostoPdf::Genere::PerConto;
+        m_posti.push_back({genere, static_cast<std::size_t>(posizione), 0});
+        return true;
+    }
+
+    // In place of the table: one object more, whose dictionary is the trailer, too.
+    bool Rimandi()
+    {
+        constexpr std::string_view segno = "stream\r\n";
+        std::size_t dopo = m_tavola;
+        Riga(dopo);
+        const auto testo = m_byte.substr(dopo, m_fondo - dopo);
+        LettorePdf lettore(testo, true, "rimandi", m_pdf.Difetti);
+        const ValorePdf dizionario = lettore.Prossimo();
+        lettore.SaltaBianchi();
+        const auto resto = testo.substr(lettore.Posizione());
+        const auto righe = resto.starts_with(segno)
+                               ? DatiDelFlusso(dizionario, resto.substr(segno.size()))
+                               : std::nullopt;
+        if (righe) m_posti = PostiDegliOggetti(dizionario, *righe);
+        const ValorePdf* tipo = dizionario.Voce("Type");
+        if (m_posti.empty() || !tipo || !tipo->E(TipoPdf::Nome, "XRef") ||
+            m_posti.back().Tipo != PostoPdf::Genere::PerConto || m_posti.back().Dove != m_tavola) {
+            Difetto("startxref non indica né una tavola né un flusso di rimandi");
+            return false;
+        }
+        VociDellaCoda(dizionario);
+        m_fineCorpo = m_fondo;
         return true;
     }
 
@@ -132,9 +181,16 @@ private:
         LettorePdf lettore(coda.substr(segno.size()), true, "coda", m_pdf.Difetti);
         const ValorePdf valore = lettore.Prossimo();
         if (lettore.Prossimo().Tipo != TipoPdf::Fine) Difetto("coda: c'è altro dopo il dizionario");
+        VociDellaCoda(valore);
+    }
+
+    void VociDellaCoda(const ValorePdf& valore)
+    {
         const ValorePdf* ampiezza = valore.Voce("Size");
-        if (!ampiezza || !ampiezza->E(TipoPdf::Numero, std::to_string(m_posizioni.size() - 1)))
-            Difetto("coda: /Size non è il numero dell'ultimo oggetto");
+        const std::size_t giusta = m_posti.size() - (m_conforme ? 0 : 1);
+        if (!ampiezza || !ampiezza->E(TipoPdf::Numero, std::to_string(giusta)))
+            Difetto(m_conforme ? "coda: /Size non è uno più dell'ultimo oggetto"
+                               : "coda: /Size non è il numero dell'ultimo oggetto");
         const ValorePdf* informazioni = valore.Voce("Info");
         if (!informazioni || !informazioni->E(TipoPdf::Riferimento, "1"))
             Difetto("coda: /Info non è l'oggetto 1");
@@ -147,22 +203,60 @@ private:
     // object shows as a fault of the one before it.
     void Oggetti()
     {
-        const std::size_t ultimo = m_posizioni.size() - 1;
+        const std::size_t ultimo = m_posti.size() - 1;
         m_pdf.Oggetti.resize(ultimo);
         m_pdf.Dati.resize(ultimo);
         m_valori.resize(ultimo + 1);
-        std::vector<std::size_t> ordine(ultimo);
-        std::iota(ordine.begin(), ordine.end(), 1U);
-        std::sort(ordine.begin(), ordine.end(),
-                  [this](std::size_t a, std::size_t b) { return m_posizioni[a] < m_posizioni[b]; });
-        if (m_posizioni[ordine.front()] != m_inizioCorpo)
+        std::vector<std::size_t> ordine;
+        for (std::size_t n = 1; n <= ultimo; ++n) {
+            if (m_posti[n].Tipo == PostoPdf::Genere::PerConto) ordine.push_back(n);
+            if (m_posti[n].Tipo == PostoPdf::Genere::Libero)
+                m_pdf.Liberi.insert(static_cast<int>(n));
+        }
+        std::sort(ordine.begin(), ordine.end(), [this](std::size_t a, std::size_t b) {
+            return m_posti[a].Dove < m_posti[b].Dove;
+        });
+        if (ordine.empty() || m_posti[ordine.front()].Dove != m_inizioCorpo)
             Difetto("il primo oggetto non segue la testata");
-        for (std::size_t i = 0; i < ultimo; ++i) {
-            const std::size_t inizio = m_posizioni[ordine[i]];
-            const std::size_t fine = i + 1 < ultimo ? m_posizioni[ordine[i + 1]] : m_tavola;
-            if (fine < inizio || fine > m_tavola) Difetto(ordine[i], "fuori dal corpo del file");
+        for (std::size_t i = 0; i < ordine.size(); ++i) {
+            const std::size_t inizio = m_posti[ordine[i]].Dove;
+            const std::size_t fine =
+                i + 1 < ordine.size() ? m_posti[ordine[i + 1]].Dove : m_fineCorpo;
+            if (fine < inizio || fine > m_fineCorpo) Difetto(ordine[i], "fuori dal corpo del file");
             else Oggetto(ordine[i], m_byte.substr(inizio, fine - inizio));
         }
+    }
+
+    // The objects that stand in streams, each where the references say.
+    void Impacchettati()
+    {
+        std::map<std::size_t, std::vector<OggettoImpacchettato>> flussi;
+        for (std::size_t n = 1; n < m_posti.size(); ++n) {
+            const PostoPdf& posto = m_posti[n];
+            if (posto.Tipo != PostoPdf::Genere::InFlusso) continue;
+            auto [flusso, nuovo] = flussi.try_emplace(posto.Dove);
+            if (nuovo) flusso->second = DelFlusso(posto.Dove);
+            const auto& oggetti = flusso->second;
+            if (posto.Indice >= oggetti.size() ||
+                oggetti[posto.Indice].Numero != static_cast<int>(n))
+                Difetto(n, "non è dove dicono i rimandi");
+            else Corpo(n, oggetti[posto.Indice].Testo);
+            if (m_pdf.Dati[n - 1]) Difetto(n, "un flusso in un flusso");
+        }
+    }
+
+    std::vector<OggettoImpacchettato> DelFlusso(std::size_t n)
+    {
+        std::vector<OggettoImpacchettato> oggetti;
+        if (n < m_valori.size() && m_pdf.Dati[n - 1]) {
+            const std::string testo = *m_pdf.Dati[n - 1] + "endstream\r\nendobj\r\n";
+            if (const auto dati = DatiDelFlusso(m_valori[n], testo))
+                oggetti = OggettiImpacchettati(m_valori[n], *dati);
+        }
+        const ValorePdf* tipo = n < m_valori.size() ? m_valori[n].Voce("Type") : nullptr;
+        if (oggetti.empty() || !tipo || !tipo->E(TipoPdf::Nome, "ObjStm"))
+            Difetto(n, "non è un flusso di oggetti");
+        return oggetti;
     }
 
     void Oggetto(std::size_t n, std::string_view testo)
@@ -203,8 +297,9 @@ private:
 
     std::string_view m_byte;
     PdfLetto& m_pdf;
-    std::size_t m_inizioCorpo = 0, m_tavola = 0, m_dopoTavola = 0, m_fondo = 0;
-    std::vector<std::size_t> m_posizioni; // of object n at n; of nothing at 0
+    bool m_conforme = false;
+    std::size_t m_inizioCorpo = 0, m_fineCorpo = 0, m_tavola = 0, m_dopoTavola = 0, m_fondo = 0;
+    std::vector<PostoPdf> m_posti; // of object n at n; of nothing at 0
     std::vector<ValorePdf> m_valori;
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@ struct PdfLetto
     std::vector<std::optional<std::string>> Dati; // stream of object n at n - 1, where it has one
     std::vector<int> NumeriPagina;                // the page objects in their order
     std::vector<int> NumeriContenuto;             // of each page its content stream, 0 for none
+
+    std::set<int> Liberi; // numbers that belong to no object; of a conforming document only
 
     // Names that a content stream uses and its resources do not have, as "XObject /Nome", each
     // once, sorted. No fault of the file: a document may play a form that nobody ever defines.
@@ -46,6 +49,9 @@ struct PdfLetto
 // object;
 //   the objects 1 to n are there once each; /Size is n, one short of the entries; /Info is object
 //   1, /Root object 2;
+// - a conforming document, known by its binary comment, may have free entries, its /Size is n + 1;
+//   or a stream of cross-references stands for the table (see RimandiPdf.h), and then objects may
+//   stand in streams;
 // - every object is one value of sound syntax (see SintassiPdf.h), every reference names an object;
 // - /Length of a stream, given or referred to, is the number of bytes between the lines "stream"
 //   and "endstream", the line end of the last operator counted, that after encoded bytes not;
