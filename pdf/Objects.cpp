@@ -59,12 +59,14 @@ void Objects::prOpen(std::unique_ptr<Output> output, const Format& format)
         format.CompressLevel == 0 ? nullptr : std::make_unique<Deflate>(format.CompressLevel);
     if (!m_file.Bytes) m_file.Resize(BufferSize);
     if (deflate && !m_content.Bytes) m_content.Resize(ContentBufferSize);
+    if (format.PacksObjects() && !m_packed.Bytes) m_packed.Resize(BufferSize);
     m_deflate = std::move(deflate);
     m_failure.reset();
     m_format = format;
     m_counter = 0;
-    m_positions.clear();
-    for (Buffer* buffer : {&m_file, &m_content}) buffer->Begin();
+    m_references.Clear();
+    m_waiting.Clear();
+    for (Buffer* buffer : Buffers()) buffer->Begin();
     m_at = &m_file;
     m_output = std::move(output);
 }
@@ -76,7 +78,7 @@ void Objects::prKeep()
 
 void Objects::Shut()
 {
-    for (Buffer* buffer : {&m_file, &m_content}) buffer->Room = 0;
+    for (Buffer* buffer : Buffers()) buffer->Room = 0;
     m_at = &m_file;
     m_deflate.reset();
 }
@@ -109,7 +111,9 @@ void Objects::NotOpen() const
 
 void Objects::Buffer::Resize(std::size_t size)
 {
-    Bytes = std::make_unique<char[]>(size);
+    auto bytes = std::make_unique<char[]>(size);
+    std::copy_n(Bytes.get(), Used, bytes.get());
+    Bytes = std::move(bytes);
     Size = size;
     Room = size;
 }
@@ -127,8 +131,7 @@ void Objects::Flush()
         m_output->Write(m_file.Held());
     } catch (const ErroreRuntime& error) {
         m_failure = error;
-        m_file.Room = 0;
-        m_content.Room = 0;
+        for (Buffer* buffer : Buffers()) buffer->Room = 0;
         throw;
     }
     m_file.Leave();
@@ -167,8 +170,9 @@ void Objects::MakeRoom(std::size_t bytes)
 {
     prRequireOpen();
     if (m_at == &m_file) Flush();
-    else FlushContent();
-    if (bytes > m_at->Room) m_at->Resize(bytes);
+    if (m_at == &m_content) FlushContent();
+    const std::size_t wanted = m_at->Used + bytes;
+    if (wanted > m_at->Room) m_at->Resize(std::max(wanted, 2 * m_at->Used));
 }
 
 std::int32_t Objects::prReserve(std::int32_t count)
@@ -184,23 +188,77 @@ std::int32_t Objects::prInitObj(std::int32_t number)
     prRequireOpen();
     if (number == 0) number = m_counter + 1;
     prRequireRoom(number - 1, "oggetti", prLargestNumber());
-    if (prPosition() > LargestPosition) Overflow("il file supera i 10 GB");
     m_counter = std::max(m_counter, number);
-    if (m_positions.size() < static_cast<std::size_t>(m_counter)) {
-        m_positions.resize(static_cast<std::size_t>(m_counter));
+    if (!m_format.PacksObjects()) {
+        BeginByItself(number);
+        return number;
     }
-    m_positions[static_cast<std::size_t>(number) - 1] = prPosition();
-    prPrint(number, " 0 obj");
+    m_packed.Used = m_waiting.End(); // without what is left of one that was given up
+    m_begun = number;
+    m_at = &m_packed;
     return number;
+}
+
+void Objects::BeginByItself(std::int32_t number)
+{
+    if (prPosition() > LargestPosition) Overflow("il file supera i 10 GB");
+    m_references.StandAt(number, prPosition());
+    prPrint(number, " 0 obj");
 }
 
 void Objects::prEndObj()
 {
+    if (m_at == &m_packed) return Pack();
+    prWriteRaw("endobj");
+}
+
+void Objects::Pack()
+{
+    m_at = &m_file;
+    m_waiting.Add(m_begun, m_packed.Used);
+    if (m_waiting.IsFull()) WritePacked();
+}
+
+void Objects::Unpack()
+{
+    m_at = &m_file;
+    BeginByItself(m_begun);
+    prPart(m_packed.Held().substr(m_waiting.End()));
+}
+
+// The stream of the objects that wait. Its length stands in itself: a reader may need the objects
+// before it can look up a number.
+void Objects::WritePacked()
+{
+    const auto& objects = m_waiting.Objects();
+    if (objects.empty()) return;
+    const std::string front = m_waiting.Index();
+    const std::string data =
+        m_deflate->Whole(front + std::string(m_packed.Held().substr(0, m_waiting.End())));
+    const std::int32_t stream = ++m_counter;
+    std::size_t index = 0;
+    for (const auto& object : objects) m_references.StandIn(object.Number, stream, index++);
+    BeginByItself(stream);
+    WriteWhole("/Type /ObjStm /N " + std::to_string(objects.size()) + " /First " +
+                   std::to_string(front.size()),
+               data);
+    m_waiting.Clear();
+}
+
+// Ends an object that is a stream of so many bytes, deflated already.
+void Objects::WriteWhole(std::string_view dictionary, std::string_view data)
+{
+    prPrint("<< ", dictionary, " ", prContentFilter(), "/Length ",
+            static_cast<std::int32_t>(data.size()), " >>");
+    prWriteRaw("stream");
+    prPrint(data);
+    prWriteRaw("endstream");
     prWriteRaw("endobj");
 }
 
 void Objects::prBeginStream()
 {
+    if (m_at == &m_packed) Unpack(); // no stream stands in a stream
     prWriteRaw("stream");
     m_streamStart = prPosition();
 }
@@ -250,12 +308,6 @@ std::size_t Objects::prLengthOfBytes(std::string_view bytes, ByteRows rows)
     return InRows(bytes, rows).size();
 }
 
-std::uint64_t Objects::PositionOf(std::int32_t number) const
-{
-    const auto index = static_cast<std::size_t>(number) - 1;
-    return index < m_positions.size() ? m_positions[index] : 0;
-}
-
 void Objects::prWriteCrossReferences()
 {
     prWriteRaw("xref");
@@ -263,20 +315,56 @@ void Objects::prWriteCrossReferences()
     prWriteRaw("0000000000 65535 f");
     // With the CR LF exactly 20 bytes: readers find an entry by multiplication.
     for (std::int32_t number = 1; number <= m_counter; ++number) {
-        const std::uint64_t position = PositionOf(number);
+        const std::uint64_t position = m_references.PositionOf(number);
         prPrint(TenDigits{position}, position == 0 ? " 65535 f" : " 00000 n");
     }
 }
 
 void Objects::prWriteTrailer(std::string_view entries)
 {
+    if (m_format.PacksObjects()) return WriteReferenceStream(entries);
     const std::uint64_t references = prPosition();
     prWriteCrossReferences();
     prWriteRaw("trailer");
     prPrint("<< /Size ", m_counter + 1, " ", entries, " >>");
+    WriteEnd(references);
+}
+
+void Objects::WriteEnd(std::uint64_t references)
+{
     prWriteRaw("startxref");
     prWriteRaw(std::to_string(references));
     prWriteRaw("%%EOF");
+}
+
+// The last object; it stands in its own rows.
+void Objects::WriteReferenceStream(std::string_view entries)
+{
+    WritePacked();
+    const std::uint64_t references = prPosition();
+    const std::int32_t last = ++m_counter;
+    BeginByItself(last);
+    const int width = CrossReferences::WidthFor(references);
+    const std::string data = DeflatedRows(width);
+    WriteWhole("/Type /XRef /Size " + std::to_string(last + 1) + " /W [1 " + std::to_string(width) +
+                   " 2] " + std::string(entries),
+               data);
+    WriteEnd(references);
+}
+
+std::string Objects::DeflatedRows(int width)
+{
+    std::string data;
+    const Deflate::Sink sink = [&data](std::string_view piece) { data.append(piece); };
+    std::string rows;
+    for (std::int32_t number = 0; number <= m_counter; ++number) {
+        rows.append(m_references.Row(number, width));
+        if (rows.size() < ContentBufferSize && number < m_counter) continue;
+        m_deflate->Add(rows, sink);
+        rows.clear();
+    }
+    m_deflate->End(sink);
+    return data;
 }
 
 } // namespace pdf

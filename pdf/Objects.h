@@ -2,21 +2,23 @@
 // clsPDFCreator_*.cpp write goes through here.
 #pragma once
 
+#include "CrossReferences.h"
 #include "Deflate.h"
 #include "ErroreRuntime.h"
 #include "Name.h"
 #include "Number.h"
+#include "ObjectStream.h"
 #include "Output.h"
 #include "Template.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace pdf {
 
@@ -42,8 +44,17 @@ struct Format
     bool Conforming = false;
     std::int32_t CompressLevel = 0; // 0, off, to 9
 
-    // The highest number that an object may have.
-    std::int32_t Largest() const { return Conforming ? LargestNumber : LargestCount; }
+    // Whether objects without a stream of their own share streams (ISO 32000-1, 7.5.7).
+    bool PacksObjects() const { return Conforming && CompressLevel > 0; }
+
+    // The highest number that an object may have. Object streams need one for each 200 objects or
+    // 32 KB, also for those that come when all others are given out.
+    std::int32_t Largest() const
+    {
+        constexpr std::int32_t forStreams = 65536;
+        if (PacksObjects()) return LargestNumber - forStreams;
+        return Conforming ? LargestNumber : LargestCount;
+    }
 };
 
 // Pieces of a line that are no text as it stands.
@@ -112,11 +123,14 @@ public:
     std::int32_t prLargestNumber() const { return m_format.Largest(); }
 
     // Gives out so many numbers in a row, for objects that are begun later, and returns the first.
-    // Error 6 when the last one would pass prLargestNumber; none is given out then.
+    // Error 6 when the last one would pass prLargestNumber; none is given out then. Where objects
+    // are packed this is the only way to two numbers in a row: the end of any object may take one
+    // for the stream that it goes into.
     std::int32_t prReserve(std::int32_t count = 1);
 
-    // Begins the object of that number, or of the next free one for 0, at the present position;
-    // returns the number. Error 6 when it would pass prLargestNumber.
+    // Begins the object of that number, or of the next free one for 0; returns the number. Error 6
+    // when it would pass prLargestNumber. Where objects are packed it waits with others, unless a
+    // stream is begun in it.
     std::int32_t prInitObj(std::int32_t number);
     void prEndObj();
 
@@ -255,21 +269,30 @@ private:
     void EndContent();
     void Shut();
     [[noreturn]] void NotOpen() const;
-
-    // Where the object of that number stands; 0, where no object can, for one that was never begun.
-    std::uint64_t PositionOf(std::int32_t number) const;
+    std::array<Buffer*, 3> Buffers() { return {&m_file, &m_content, &m_packed}; }
+    void BeginByItself(std::int32_t number);
+    void Unpack();
+    void Pack();
+    void WritePacked();
+    void WriteReferenceStream(std::string_view entries);
+    std::string DeflatedRows(int width);
+    void WriteEnd(std::uint64_t references);
+    void WriteWhole(std::string_view dictionary, std::string_view data);
 
     std::unique_ptr<Output> m_output;
     Format m_format;
     std::optional<ErroreRuntime> m_failure;
     Buffer m_file;                      // on its way to the output
     Buffer m_content;                   // on its way to m_deflate, whose output goes into m_file
+    Buffer m_packed;                    // objects that wait for their stream
     Buffer* m_at = &m_file;             // what is being written
     std::unique_ptr<Deflate> m_deflate; // of a document that is compressed
     std::uint64_t m_streamStart = 0;
     std::uint64_t m_streamLength = 0;
     std::int32_t m_counter = 0;
-    std::vector<std::uint64_t> m_positions; // of the objects, from number 1
+    std::int32_t m_begun = 0; // number of the object that waits in m_packed
+    ObjectStream m_waiting;   // what m_packed holds besides
+    CrossReferences m_references;
 };
 
 } // namespace pdf
