@@ -299,6 +299,15 @@ struct clsPDFCreator::State
     void prPlayAutoObjects(bool atEnd);
 
     // ---- _Navigation
+    double prFromBottom(double y) const; // user units from the top to points from the bottom
+    std::string prDestination(std::int32_t fitMode, double left, double top, double right,
+                              double bottom, double zoom) const;
+    std::vector<OutlineItem> prOutlineTree() const;
+    std::int32_t prWriteOutlines();
+    void prWriteSiblings(const std::vector<std::size_t>& children, std::size_t item,
+                         std::int32_t firstObject);
+
+    // ---- _Notes
     template <typename... Numbers>
     void prRequireAnnotation(Numbers... numbers) const
     {
@@ -306,14 +315,7 @@ struct clsPDFCreator::State
         prRequireObjects(1);
     }
     void prAddAnnotation(std::string annotation);
-    double prFromBottom(double y) const; // user units from the top to points from the bottom
     std::array<double, 4> prAnnotationRect(double x, double y, double width, double height) const;
-    std::string prDestination(std::int32_t fitMode, double left, double top, double right,
-                              double bottom, double zoom) const;
-    std::vector<OutlineItem> prOutlineTree() const;
-    std::int32_t prWriteOutlines();
-    void prWriteSiblings(const std::vector<std::size_t>& children, std::size_t item,
-                         std::int32_t firstObject);
 
     // ---- _Images
     std::int32_t prImageOf(const std::string& fileName, std::string_view key);
