@@ -1,4 +1,4 @@
-// Draws borders, boxes and stamps for annotations.
+// Draws borders, boxes and stamps for annotations; Appearance_Icons.cpp draws the icons.
 
 #include "Appearance.h"
 

@@ -18,6 +18,12 @@ inline constexpr std::string_view BoldFont = "HeBo";
 // asks for none or less.
 double prLetterSize(double points);
 
+inline constexpr double IconSize = 20; // how large readers draw such icons, too
+
+// The icon of a note, IconSize by IconSize: 0 note, 1 comment, 2 key, 3 help, 4 paragraph, 5 new
+// paragraph, 6 insertion; a note for any other. Without a color it is yellow.
+std::string prIconContent(std::int32_t icon, std::string_view color);
+
 struct BorderLook
 {
     double Width;       // at most half of what it encloses counts; 0 or less: none
