@@ -63,6 +63,12 @@ ErroreRuntime ErroreSistema(int codice, const std::string& file)
     return ErroreRuntime(numero, MotivoSistema(codice), file);
 }
 
+bool DiChiNonLegge(const ErroreRuntime& errore)
+{
+    const Voce* voce = Cerca(EPIPE);
+    return voce != nullptr && errore.Numero() == voce->numero && errore.Motivo() == voce->motivo;
+}
+
 void PretendiMemoria(const std::error_code& errore)
 {
     if (errore == std::errc::not_enough_memory) throw std::bad_alloc();

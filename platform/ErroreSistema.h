@@ -12,6 +12,9 @@ ErroreRuntime ErroreSistema(int codice, const std::string& file);
 // The Italian reason alone, lower case, without a full stop.
 std::string MotivoSistema(int codice);
 
+// Whether errore is that of writing to somebody who reads no more, as after "| head".
+bool DiChiNonLegge(const ErroreRuntime& errore);
+
 // Throws std::bad_alloc when errore says that memory ran out; any other error, or none, has no
 // effect. To be called after file operations of the standard library: they report exhausted memory
 // like an answer of the disk ("no such file"), and the program would go on with a wrong answer.
