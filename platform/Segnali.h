@@ -11,6 +11,11 @@ void AscoltaInterruzioni();
 // True once a request to stop has arrived. Any thread may ask.
 bool InterruzioneChiesta() noexcept;
 
+// Ends the program as it would have ended by itself when it wrote into a pipe that nobody reads any
+// more. Returns where nothing of the kind was to happen: the caller ignores SIGPIPE, there is none
+// on this system, or AscoltaInterruzioni() was not called.
+void FinisciDiTubo() noexcept;
+
 // Opens a descriptor that becomes readable when a request to stop arrives, for an event loop to
 // watch; negative where there is none. It stays open to the end of the program. Call it once,
 // before AscoltaInterruzioni().

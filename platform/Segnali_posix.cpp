@@ -21,6 +21,9 @@ static_assert(std::atomic<int>::is_always_lock_free);
 constinit std::atomic<std::uint64_t> venuti = 0;
 static_assert(std::atomic<std::uint64_t>::is_always_lock_free);
 
+// Whether a closed pipe was to end the program before AscoltaInterruzioni() said otherwise.
+constinit bool tuboFatale = false;
+
 constexpr std::uint64_t Bit(int segnale)
 {
     return std::uint64_t{1} << static_cast<unsigned>(segnale - 1);
@@ -121,8 +124,13 @@ void AscoltaInterruzioni()
     for (int segnale = 1; segnale <= ultimo; ++segnale) {
         if (::sigismember(&segnali, segnale) == 1) Ascolta(segnale);
     }
-    std::signal(SIGPIPE, SIG_IGN);
+    if (std::signal(SIGPIPE, SIG_IGN) == SIG_DFL) tuboFatale = true;
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+void FinisciDiTubo() noexcept
+{
+    if (tuboFatale) FinisciSubito(SIGPIPE);
 }
 
 int ApriCanaleInterruzioni() noexcept

@@ -21,6 +21,8 @@ void AscoltaInterruzioni()
     for (const int segnale : Richieste) std::signal(segnale, Segna);
 }
 
+void FinisciDiTubo() noexcept {} // no signal tells of it here
+
 int ApriCanaleInterruzioni() noexcept
 {
     return -1;

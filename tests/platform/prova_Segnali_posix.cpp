@@ -290,3 +290,21 @@ TEST(Segnali, LaRichiestaSiImpostaAncheAMano)
     ImpostaInterruzione(false);
     EXPECT_FALSE(InterruzioneChiesta());
 }
+
+TEST(Segnali, UnTuboSenzaLettoreFinisceComeSeNessunoLoSapesse)
+{
+    EXPECT_EQ(InUnFiglio([] {
+                  std::signal(SIGPIPE, SIG_DFL);
+                  AscoltaInterruzioni();
+                  FinisciDiTubo();
+              }),
+              DaSegnale + SIGPIPE);
+    // Not where the caller ignores it, nor where nobody listens.
+    EXPECT_EQ(InUnFiglio([] {
+                  std::signal(SIGPIPE, SIG_IGN);
+                  AscoltaInterruzioni();
+                  FinisciDiTubo();
+              }),
+              Riuscito);
+    EXPECT_EQ(InUnFiglio([] { FinisciDiTubo(); }), Riuscito);
+}
