@@ -23,4 +23,9 @@ std::string PercorsoReport(std::string_view nome)
     return std::string(AmbienteInUso.Cartella).append(nome);
 }
 
+std::string PercorsoForma(std::string_view nome)
+{
+    return AmbienteInUso.Report.empty() ? PercorsoReport(nome) : AmbienteInUso.Report;
+}
+
 } // namespace Stampe

@@ -28,10 +28,24 @@ struct Messaggio
     Icona Figura;
 };
 
+// How a report comes into its place.
+enum class ViaReport
+{
+    NelPosto,       // written there, in place of the old one
+    Intero,         // put there when it is whole, and only the full text written there
+    UscitaStandard, // written to standard output: there is no file
+};
+
 struct Ambiente
 {
     // Report folder, ending in the platform's separator.
     std::string Cartella;
+
+    // The report's name with its folder, or what errors call it where it has no file; empty: the
+    // form's own name in the report folder.
+    std::string Report;
+
+    ViaReport Via = ViaReport::NelPosto;
 
     // Marks in the numbers of the reports.
     Separatori SeparatoriNumeri;
@@ -71,6 +85,9 @@ extern Ambiente AmbienteInUso;
 
 // Name of a report, or of any other file that goes into the report folder, with that folder.
 std::string PercorsoReport(std::string_view nome);
+
+// Name of the report of the form whose own name nome is, as AmbienteInUso.Report has it.
+std::string PercorsoForma(std::string_view nome);
 
 // A shuffled shoe a turn, never stopped, shows and opens nothing: what the window and the command
 // line start from.

@@ -79,7 +79,7 @@ void TroppePerUnPdf()
     throw ErroreRuntime(NumeroErrore::Overflow,
                         "le taglie sono troppe per un PDF con tutti i colpi: ne entrano circa 82, "
                         "con --caratteri-unici 8187",
-                        PercorsoReport(NomePdf));
+                        PercorsoForma(NomePdf));
 }
 
 void PretendiPdfPossibile(const NumeroTaglie& chieste)

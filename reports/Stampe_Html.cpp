@@ -5,7 +5,7 @@
 // browsers show it all the same.
 
 #include "Ambiente.h"
-#include "FileNuovo.h"
+#include "Destinazione.h"
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "RigheGenerali.h"
@@ -55,14 +55,14 @@ void Coda(std::string& testo)
     Riga(testo, "</html>");
 }
 
-void Scarica(FileNuovo& file, std::string& testo)
+void Scarica(Destinazione& file, std::string& testo)
 {
     file.Scrivi(InWindows1252(testo));
     testo.clear();
 }
 
 // False when asked to stop: the links of very many shoes take a while.
-bool CimaPagina(FileNuovo& file, std::string& testo, const NumeroTaglie& chieste)
+bool CimaPagina(Destinazione& file, std::string& testo, const NumeroTaglie& chieste)
 {
     constexpr std::size_t pieno = 64 * 1024; // any number of links takes no more memory than this
     Riga(testo,
@@ -245,13 +245,11 @@ void Generali(std::string& testo, const NumeroTaglie& chieste, const TotaliRepor
     Riga(testo, "<br>");
 }
 
-void Finisci(FileNuovo& file, std::string& testo)
+void Finisci(Destinazione& file, std::string& testo)
 {
     Scarica(file, testo);
-    file.Chiudi();
-    file.PretendiNostro(); // nobody else's file is opened as the report
-    file.Conserva();
-    AmbienteInUso.Apri(file.Percorso(), StileFinestra::MassimizzataConFuoco);
+    file.Finisci();
+    AmbienteInUso.Apri(PercorsoForma(NomeHtml), StileFinestra::MassimizzataConFuoco);
 }
 
 } // namespace
@@ -260,14 +258,14 @@ std::optional<TotaliReport> StampaHtml(double numeroTaglie)
 {
     const NumeroTaglie chieste(numeroTaglie);
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
-    FileNuovo file(PercorsoReport(NomeHtml));
+    const auto file = ApriDestinazione(NomeHtml);
     std::string testo;
     Testa(testo, FoglioStile::Completo);
-    if (!CimaPagina(file, testo, chieste)) return std::nullopt;
-    Scarica(file, testo);
+    if (!CimaPagina(*file, testo, chieste)) return std::nullopt;
+    Scarica(*file, testo);
 
     const auto totali = EseguiPiene(chieste, [&](std::int64_t taglia, const CifreTaglia& cifre) {
-        file.Scrivi(InWindows1252(Sezione(taglia, chieste, cifre, separatori)));
+        file->Scrivi(InWindows1252(Sezione(taglia, chieste, cifre, separatori)));
     });
     if (!totali) return std::nullopt;
 
@@ -278,7 +276,7 @@ std::optional<TotaliReport> StampaHtml(double numeroTaglie)
         Generali(testo, chieste, *totali, separatori);
     }
     Coda(testo);
-    Finisci(file, testo);
+    Finisci(*file, testo);
     return totali;
 }
 
@@ -287,7 +285,7 @@ std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
 {
     const NumeroTaglie chieste(numeroTaglie); // refuses a bad number before the old report is gone
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
-    FileNuovo file(PercorsoReport(NomeHtml));
+    const auto file = ApriDestinazione(NomeHtml);
     std::string testo;
     Testa(testo, FoglioStile::Statistiche);
     Riga(testo, "<br>");
@@ -296,14 +294,14 @@ std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
     Riga(testo, "<font face=\"arial\" size=\"4\"><b>Simulazione taglie</b></font><br><br>");
     Riga(testo, "</div>");
     Riga(testo, "<br>");
-    Scarica(file, testo);
+    Scarica(*file, testo);
 
     const auto totali = EseguiConAvanzamento(chieste, etichettaStato);
     if (!totali) return std::nullopt;
 
     Generali(testo, chieste, *totali, separatori);
     Coda(testo);
-    Finisci(file, testo);
+    Finisci(*file, testo);
     return totali;
 }
 

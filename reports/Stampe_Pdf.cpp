@@ -6,6 +6,7 @@
 
 #include "Ambiente.h"
 #include "Calendario.h"
+#include "Destinazione.h"
 #include "FileInUso.h"
 #include "FileVecchio.h"
 #include "FormatiNumero.h"
@@ -17,6 +18,7 @@
 #include "clsPDFCreator.h"
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -77,15 +79,22 @@ private:
     bool m_finito = false;
 };
 
-// A document that is removed again unless it was finished.
+bool InUso()
+{
+    if (AmbienteInUso.Via == ViaReport::UscitaStandard) return false;
+    return FileInUso::AvvisoFileInUso(PercorsoForma(NomePdf)) != Falso;
+}
+
+// A document that leaves nothing unless it was finished.
 class Documento
 {
-    // Before the writer, so that it goes after it: not every system removes a file that is open.
+    // Before the writer, so that they go after it: not every system removes a file that is open.
     FileProvvisorio m_file;
+    std::unique_ptr<Destinazione> m_destinazione; // none: the writer makes its file itself
 
 public:
     Documento()
-        : m_percorso(PercorsoReport(NomePdf))
+        : m_percorso(PercorsoForma(NomePdf))
     {
         constexpr std::int32_t centimetri = 3;
         Pdf.ShareFonts(AmbienteInUso.CaratteriUnici);
@@ -95,12 +104,8 @@ public:
         Pdf.Margin(0);
         Pdf.Orientation(0);
         Pdf.PDFReader(0);
-        std::string nome = m_percorso; // all memory is taken before there is a file
-        // The writer refuses a link to a device as one that its caller means. Nobody chose the name
-        // of a report: any link there is a stray one.
-        TogliCollegamento(m_percorso);
-        Pdf.BeginDoc(m_percorso);
-        m_file.Segna(std::move(nome));
+        if (AmbienteInUso.Via == ViaReport::NelPosto) IniziaNelPosto();
+        else IniziaAltrove();
     }
 
     ~Documento() = default;
@@ -109,18 +114,41 @@ public:
     Documento(Documento&&) = delete;
     Documento& operator=(Documento&&) = delete;
 
-    // Writes the footer that the pages already play, closes and opens the document.
-    void Finisci()
+    // Writes the footer that the pages already play, closes and opens the document. False, and the
+    // old report left, when another program holds that one by now.
+    bool Finisci()
     {
         PiePagina();
         Pdf.EndDoc();
-        m_file.Tieni();
+        if (!m_destinazione) {
+            m_file.Tieni();
+        } else {
+            if (InUso()) return false;
+            m_destinazione->Finisci();
+        }
         AmbienteInUso.Apri(m_percorso, StileFinestra::MassimizzataConFuoco);
+        return true;
     }
 
     clsPDFCreator Pdf;
 
 private:
+    void IniziaNelPosto()
+    {
+        std::string nome = m_percorso; // all memory is taken before there is a file
+        // The writer refuses a link to a device as one that its caller means. Nobody chose the name
+        // of a report: any link there is a stray one.
+        TogliCollegamento(m_percorso);
+        Pdf.BeginDoc(m_percorso);
+        m_file.Segna(std::move(nome));
+    }
+
+    void IniziaAltrove()
+    {
+        m_destinazione = ApriDestinazione(NomePdf);
+        Pdf.BeginDocTo([this](std::string_view byte) { m_destinazione->Scrivi(byte); });
+    }
+
     // The number of pages is known only now.
     void PiePagina()
     {
@@ -310,9 +338,10 @@ void PretendiData()
     CalendarioInUso.Adesso();
 }
 
-bool InUso()
+void PretendiPosto()
 {
-    return FileInUso::AvvisoFileInUso(PercorsoReport(NomePdf)) != Falso;
+    if (AmbienteInUso.Via != ViaReport::UscitaStandard)
+        PretendiSostituibile(PercorsoForma(NomePdf));
 }
 
 } // namespace
@@ -357,7 +386,7 @@ std::optional<TotaliReport> ScriviPieno(const NumeroTaglie& chieste)
         pdf.DrawText(Mezzeria, 3, TitoloStatistiche, Centro, 0);
         Generali(pdf, chieste, *totali, separatori);
     }
-    documento.Finisci();
+    if (!documento.Finisci()) return std::nullopt;
     return totali;
 }
 
@@ -386,7 +415,7 @@ std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
     const NumeroTaglie chieste(numeroTaglie); // a bad number is refused before anything is asked
     PretendiData();
     if (InUso()) return std::nullopt;
-    PretendiSostituibile(PercorsoReport(NomePdf)); // not only when all the shoes are played
+    PretendiPosto(); // not only when all the shoes are played
     const auto totali = EseguiConAvanzamento(chieste, etichettaStato);
     if (!totali) return std::nullopt;
 
@@ -398,7 +427,7 @@ std::optional<TotaliReport> StatistichePdf(double numeroTaglie,
     pdf.SetFontSize(10);
     pdf.DrawText(Mezzeria, 3.5F, TitoloStatistiche, Centro, 0);
     Generali(pdf, chieste, *totali, SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri));
-    documento.Finisci();
+    if (!documento.Finisci()) return std::nullopt;
     return totali;
 }
 

@@ -1,7 +1,7 @@
 // Layout of the text report: "taglie.txt". What all layouts share stands in Stampe_Comune.h.
 
 #include "Ambiente.h"
-#include "FileNuovo.h"
+#include "Destinazione.h"
 #include "FileVecchio.h"
 #include "FormatiNumero.h"
 #include "Numeri.h"
@@ -130,12 +130,19 @@ void Generali(std::string& testo, const NumeroTaglie& chieste, const TotaliRepor
     }
 }
 
-// The file is closed between two shoes, so that what stands in it is whole whenever a run ends.
-void Accoda(FileNuovo& file, const std::string& testo)
+// What the place of the report is asked before the shoes are played. The old one goes already,
+// where the surroundings do not want it kept.
+void PreparaPosto()
 {
-    file.Riapri();
-    file.Scrivi(InWindows1252(testo));
-    file.Chiudi();
+    const std::string percorso = PercorsoForma(NomeTxt);
+    if (AmbienteInUso.Via == ViaReport::NelPosto) TogliFile(percorso);
+    if (AmbienteInUso.Via == ViaReport::Intero) PretendiSostituibile(percorso);
+}
+
+void Finisci(Destinazione& file)
+{
+    file.Finisci();
+    AmbienteInUso.Apri(PercorsoForma(NomeTxt), StileFinestra::NormaleConFuoco);
 }
 
 } // namespace
@@ -144,16 +151,14 @@ std::optional<TotaliReport> StampaTxt(double numeroTaglie)
 {
     const NumeroTaglie chieste(numeroTaglie);
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
-    FileNuovo file(PercorsoReport(NomeTxt));
+    const auto file = ApriCrescente(NomeTxt);
     std::string testo;
     Riga(testo, Titolo);
     Riga(testo);
-    file.Scrivi(InWindows1252(testo));
-    file.Chiudi();
-    file.Conserva();
+    file->Scrivi(InWindows1252(testo));
 
     const auto totali = EseguiPiene(chieste, [&](std::int64_t taglia, const CifreTaglia& cifre) {
-        Accoda(file, Sezione(taglia, cifre, separatori));
+        file->Scrivi(InWindows1252(Sezione(taglia, cifre, separatori)));
     });
     if (!totali) return std::nullopt;
 
@@ -163,9 +168,8 @@ std::optional<TotaliReport> StampaTxt(double numeroTaglie)
     Riga(testo, TitoloGenerali);
     Riga(testo);
     Generali(testo, chieste, *totali, separatori);
-    Accoda(file, testo);
-    file.PretendiNostro(); // nobody else's file is opened as the report
-    AmbienteInUso.Apri(file.Percorso(), StileFinestra::NormaleConFuoco);
+    file->Scrivi(InWindows1252(testo));
+    Finisci(*file);
     return totali;
 }
 
@@ -174,7 +178,7 @@ std::optional<TotaliReport> StatisticheTxt(double numeroTaglie,
 {
     const NumeroTaglie chieste(numeroTaglie); // refuses a bad number before the old report is gone
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
-    TogliFile(PercorsoReport(NomeTxt));
+    PreparaPosto();
     const auto totali = EseguiConAvanzamento(chieste, etichettaStato);
     if (!totali) return std::nullopt;
 
@@ -187,12 +191,9 @@ std::optional<TotaliReport> StatisticheTxt(double numeroTaglie,
     Riga(testo);
     Generali(testo, chieste, *totali, separatori);
 
-    FileNuovo file(PercorsoReport(NomeTxt));
-    file.Scrivi(InWindows1252(testo));
-    file.Chiudi();
-    file.PretendiNostro();
-    file.Conserva();
-    AmbienteInUso.Apri(file.Percorso(), StileFinestra::NormaleConFuoco);
+    const auto file = ApriDestinazione(NomeTxt);
+    file->Scrivi(InWindows1252(testo));
+    Finisci(*file);
     return totali;
 }
 
