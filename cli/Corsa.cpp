@@ -89,7 +89,7 @@ private:
     void ApriFile();
     void DopoTaglia(std::int64_t fatte);
     std::optional<Stampe::TotaliReport> FaiReport();
-    void ChiudiFile();
+    void ChiudiDati();
     double Taglie() const { return static_cast<double>(m_sorgente.Quante()); } // exact below 2^53
     std::string DescriviInterruzione() const;
     std::string Risultati(const Stampe::TotaliReport& totali) const;
@@ -112,6 +112,7 @@ void Corsa::ImpostaAmbiente()
 {
     Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
     ambiente.Cartella = m_posto.Cartella;
+    ambiente.Via = Stampe::ViaReport::Intero;
     ambiente.SeparatoriNumeri = m_opzioni.Numeri;
     ambiente.PreparaTaglia = m_sorgente.Preparazione();
     ambiente.Fermare = InterruzioneChiesta;
@@ -161,6 +162,8 @@ void Corsa::DopoTaglia(std::int64_t fatte)
         for (const auto& record : modCarte::Colpi) righe.append(record).push_back('\n');
         m_fileColpi->Aggiungi(righe);
     }
+    // What they lack is known before the report takes the place of the old one.
+    if (fatte == m_sorgente.Quante()) ChiudiDati();
     if (m_avanzamento) m_avanzamento->Mostra(fatte);
 }
 
@@ -171,9 +174,8 @@ std::optional<Stampe::TotaliReport> Corsa::FaiReport()
     return m_opzioni.Piena() ? forma.Stampa(taglie) : forma.Statistiche(taglie, m_schermo, {});
 }
 
-void Corsa::ChiudiFile()
+void Corsa::ChiudiDati()
 {
-    if (m_avanzamento) m_avanzamento->Finisci();
     if (m_fileMazzi) m_fileMazzi->Chiudi();
     if (m_fileColpi) m_fileColpi->Chiudi();
 }
@@ -205,7 +207,8 @@ std::string Corsa::Esegui()
     ApriFile();
 
     const auto totali = FaiReport();
-    ChiudiFile();
+    if (m_avanzamento) m_avanzamento->Finisci();
+    ChiudiDati();
     if (!totali) Interrompi(DescriviInterruzione());
     m_sorgente.AvvisaCambiamento();
     if (!m_daAprire.empty()) ApriReport(m_daAprire, m_stile);

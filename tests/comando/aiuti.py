@@ -8,6 +8,7 @@ import math
 import os
 import shutil
 import signal
+import stat
 import subprocess
 import tempfile
 import time
@@ -54,6 +55,22 @@ def aspetta(condizione, cosa, secondi=ATTESA):
         if time.monotonic() > fine:
             raise AssertionError(f"non è mai accaduto: {cosa}")
         time.sleep(0.005)
+
+
+def scritti(numero):
+    """How many bytes the longest file has that the process holds open, whether it has a name yet.
+
+    0 when it has none, or has ended.
+    """
+    lunghezze = [0]
+    for canale in Path(f"/proc/{numero}/fd").glob("*"):
+        try:
+            stato = canale.stat()
+        except OSError:
+            continue
+        if stat.S_ISREG(stato.st_mode):
+            lunghezze.append(stato.st_size)
+    return max(lunghezze)
 
 
 def con_sanificatori():

@@ -244,7 +244,7 @@ class SpazioFinito(Prova):
         self.errore(self.taglie("60", "--seme", "8", preexec_fn=limita_i_file(limite)), SCRITTURA)
         self.assertEqual(self.byte("taglie.txt"), senza_generali(self.intero))
 
-    def test_le_altre_forme_non_lasciano_niente(self):
+    def test_le_altre_forme_lasciano_il_report_di_prima(self):
         for argomenti, nome in [(["60", "-f", "html"], "taglie.htm"),
                                 (["60", "-f", "html", "-s"], "taglie.htm"),
                                 (["60", "-s"], "taglie.txt")]:
@@ -253,7 +253,9 @@ class SpazioFinito(Prova):
                     (self.cartella / nome).write_bytes(b"il vecchio")
                     self.errore(self.taglie(*argomenti, preexec_fn=limita_i_file(limite)),
                                 SCRITTURA, f"taglie: {self.cartella}/{nome}: ")
-                    self.assertEqual(self.contenuto(), [])
+                    self.assertEqual(self.contenuto(), [nome])
+                    self.assertEqual(self.byte(nome), b"il vecchio")
+                    (self.cartella / nome).unlink()
         self.errore(self.taglie("60", "-f", "html", preexec_fn=limita_i_file(1_000_000)), SCRITTURA)
         self.assertEqual(self.contenuto(), [])
 

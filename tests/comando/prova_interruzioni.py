@@ -14,7 +14,7 @@ import unittest
 from pathlib import Path
 
 from aiuti import (ATTESA, FATTO, INTERROTTO, MASSIMO, SCRITTURA, TAGLIE, Esito, Prova, ambiente,
-                   aspetta, senza_generali, taglie_dei_colpi, taglie_nel_testo)
+                   aspetta, scritti, senza_generali, taglie_dei_colpi, taglie_nel_testo)
 
 TANTE = 10**9
 
@@ -63,6 +63,19 @@ class Interruzione(Prova):
         file = self.cartella / nome
         return lambda _: file.exists() and file.stat().st_size > byte
 
+    def senza_nome(self, byte):
+        """So much of a report is written that shows only when it is whole."""
+        return lambda processo: scritti(processo.pid) > byte
+
+    def col_vecchio(self, nome, *argomenti, **opzioni):
+        """Stops a run that writes a report out of sight: the old one stays, or none."""
+        for vecchio in [[], [nome]]:
+            for altro in vecchio:
+                (self.cartella / altro).write_bytes(b"di prima")
+            self.interrompe(*argomenti, **opzioni)
+            self.assertEqual(self.contenuto(), vecchio)
+            self.assertEqual([self.byte(altro) for altro in vecchio], [b"di prima"] * len(vecchio))
+
     def lavora(self, processo):
         """A little processor time spent: the run itself has begun."""
         campi = Path(f"/proc/{processo.pid}/stat").read_text().rpartition(") ")[2].split()
@@ -79,33 +92,34 @@ class Interruzione(Prova):
                 self.fa(fatte, "--seme", "5", "--numeri", "c")
                 self.assertTrue(rimasto == senza_generali(self.byte("taglie.txt")))
 
-    def test_la_pagina_non_lascia_niente(self):
+    def test_la_pagina_lascia_la_vecchia(self):
         # Few shoes in the index at the top, many enough for the time that it takes to stop.
-        self.interrompe(20_000, "-f", "html", quando=self.cresciuto("taglie.htm", 3_000_000))
-        self.assertEqual(self.contenuto(), [])
+        self.col_vecchio("taglie.htm", 20_000, "-f", "html", quando=self.senza_nome(3_000_000))
 
     def test_la_pagina_si_ferma_anche_mentre_scrive_l_indice(self):
         # The index of so many shoes would fill any disk; the limit keeps a failing test small.
         limite = 200_000_000
-        self.interrompe(MASSIMO, "-f", "html", quando=self.cresciuto("taglie.htm", 100_000),
+        self.interrompe(MASSIMO, "-f", "html", quando=self.senza_nome(100_000),
                         preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE,
                                                               (limite, limite)))
         self.assertEqual(self.contenuto(), [])
 
-    def test_il_documento_non_lascia_niente(self):
+    def test_il_documento_lascia_il_vecchio(self):
         # With every font written once, as many pages as this fit into a document.
         for segnale in [signal.SIGINT, signal.SIGTERM]:
             with self.subTest(segnale=segnale):
-                self.interrompe(8_000, "-f", "pdf", "--caratteri-unici", segnale=segnale,
-                                quando=self.cresciuto("taglie.pdf", 3_000_000))
-                self.assertEqual(self.contenuto(), [])
+                (self.cartella / "taglie.pdf").unlink(missing_ok=True)
+                self.col_vecchio("taglie.pdf", 8_000, "-f", "pdf", "--caratteri-unici",
+                                 segnale=segnale, quando=self.senza_nome(3_000_000))
 
-    def test_le_statistiche_non_lasciano_niente(self):
-        for argomenti in [["-s"], ["-s", "-f", "html"], ["-s", "-f", "pdf"], ["-s", "-j", "2"],
-                          ["-s", "-f", "html", "-j", "0"], ["-s", "-f", "pdf", "-j", "2"]]:
+    def test_le_statistiche_lasciano_il_report_di_prima(self):
+        for nome, *argomenti in [
+                ["taglie.txt"], ["taglie.htm", "-f", "html"], ["taglie.pdf", "-f", "pdf"],
+                ["taglie.txt", "-j", "2"], ["taglie.htm", "-f", "html", "-j", "0"],
+                ["taglie.pdf", "-f", "pdf", "-j", "2"]]:
             with self.subTest(argomenti=argomenti):
-                self.interrompe(MASSIMO, *argomenti, quando=self.lavora)
-                self.assertEqual(self.contenuto(), [])
+                self.col_vecchio(nome, MASSIMO, "-s", *argomenti, quando=self.lavora)
+                (self.cartella / nome).unlink()
 
     def test_i_dati_non_escono(self):
         for argomenti in [["json"], ["csv"], ["json", "-j", "2"], ["json", "-j", "0"],
@@ -180,19 +194,15 @@ class FineImprovvisa(Prova):
         self.assertTrue(self.byte("vecchio") == senza_generali(self.byte("taglie.txt")))
         self.assertTrue(colpi == self.byte("c"))  # what was still waiting has reached the disk
 
-    def test_la_pagina_rimasta_a_meta_e_sostituita_dalla_corsa_seguente(self):
+    def test_la_corsa_uccisa_lascia_la_pagina_di_prima(self):
         self.fa("3", "--seme", "2", "-f", "html", "--numeri", "it")
         attesa = self.byte("taglie.htm")
         processo = self.avvia("20000", "-f", "html")
-        file = self.cartella / "taglie.htm"
-        aspetta(lambda: file.exists() and file.stat().st_size > 3_000_000, "una pagina lunga")
+        aspetta(lambda: scritti(processo.pid) > 3_000_000, "una pagina lunga")
         processo.kill()
         self.assertEqual(self.raccogli(processo).codice, -signal.SIGKILL)
         self.assertEqual(self.contenuto(), ["taglie.htm"])
-        self.assertNotIn(b"</html>", self.byte("taglie.htm"))
-        self.fa("3", "--seme", "2", "-f", "html", "--numeri", "it")
         self.assertEqual(self.byte("taglie.htm"), attesa)
-        self.assertEqual(self.contenuto(), ["taglie.htm"])
 
 
 class Terminale(Prova):

@@ -140,6 +140,9 @@ protected:
 
     std::string Cartella() const { return m_cartella.Nome(); }
 
+    // Not even the old report goes for nothing, but for files that grow in its place.
+    bool VecchioResta = true;
+
 private:
     [[noreturn]] void Figlio(const std::vector<std::string>& argomenti, std::uint64_t quale,
                              Durata durata)
@@ -168,7 +171,9 @@ private:
         ASSERT_EQ(esito.Codice, 5) << esito.Errori;
         ASSERT_EQ(esito.Errori, "taglie: memoria: esaurita\n");
         ASSERT_EQ(esito.Uscita, "");
-        for (const auto& [nome, byte] : Contenuto()) {
+        const auto rimasto = Contenuto();
+        ASSERT_TRUE(!VecchioResta || !rimasto.empty());
+        for (const auto& [nome, byte] : rimasto) {
             const auto trovato = intero.find(nome);
             ASSERT_NE(trovato, intero.end()) << nome;
             ASSERT_TRUE(byte == Vecchio || byte == trovato->second || ammessi(nome, byte))
@@ -220,6 +225,7 @@ TEST_F(Comando, IlTestoTieneLeTaglieIntere)
         ASSERT_NE(tutto.find(inizio), std::string::npos);
         stati.push_back(tutto.substr(0, tutto.find(inizio)));
     }
+    VecchioResta = false;
     EsaurisciOvunque(argomenti, "taglie.txt", [&](const std::string&, const std::string& byte) {
         return std::find(stati.begin() + 1, stati.end(), byte) != stati.end();
     });
@@ -247,6 +253,7 @@ TEST_F(Comando, LeStatisticheSulTerminale)
 
 TEST_F(Comando, TaglieEColpiSuFile)
 {
+    VecchioResta = false;
     EsaurisciOvunque({"--seme", "7", "3", "-f", "nessuna", "--colpi", "c", "--salva-mazzi", "m"},
                      "c", RigheIntere);
 }
