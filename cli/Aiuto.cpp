@@ -25,6 +25,8 @@ Report:
                            terminale) o nessuna
   -s, --statistiche        solo le statistiche generali, senza i singoli colpi
   -c, --cartella DIR       cartella del report (normale: quella corrente)
+  -o, --uscita FILE        nome del report; senza -f la forma è quella che dice
+                           (.txt, .htm, .html, .pdf); "-" è lo standard output
   -a, --apri               apre il report finito
       --caratteri-unici    PDF di un terzo più piccolo: ogni carattere una sola
                            volta
@@ -49,7 +51,8 @@ Risultati:
   -V, --version            mostra la versione
 
 L'ultima riga dello standard output è il percorso del report, se ce n'è uno e
-senza --dati né -q.
+senza --dati, -q né -o -. Il report di prima resta com'è finché quello nuovo non
+è intero; solo il testo con tutti i colpi cresce al suo posto.
 
 Codici di uscita: 0 fatto, 2 uso sbagliato, 3 richiesta rifiutata, 4 uscita non
 scrivibile, 5 guasto interno, 130 interrotto.

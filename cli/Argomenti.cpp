@@ -21,10 +21,11 @@ struct ConValore
     std::optional<std::string> Argomenti::*Posto;
 };
 
-constexpr std::array<ConValore, 11> ConValori = {{
+constexpr std::array<ConValore, 12> ConValori = {{
     {"", "N", &Argomenti::Taglie},
     {"-f", opzione::Forma, &Argomenti::Forma},
     {"-c", opzione::Cartella, &Argomenti::Cartella},
+    {"-o", opzione::Uscita, &Argomenti::Report},
     {"", opzione::Seme, &Argomenti::Seme},
     {"", opzione::Mazzi, &Argomenti::Mazzi},
     {"", opzione::SalvaMazzi, &Argomenti::SalvaMazzi},

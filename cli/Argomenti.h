@@ -12,6 +12,7 @@ namespace cli {
 namespace opzione {
 inline constexpr const char* Forma = "--forma";
 inline constexpr const char* Cartella = "--cartella";
+inline constexpr const char* Uscita = "--uscita";
 inline constexpr const char* Apri = "--apri";
 inline constexpr const char* CaratteriUnici = "--caratteri-unici";
 inline constexpr const char* Seme = "--seme";
@@ -27,8 +28,8 @@ inline constexpr const char* Avanzamento = "--avanzamento";
 // Nothing where an option was not given; of one given twice the last value counts.
 struct Argomenti
 {
-    std::optional<std::string> Taglie, Forma, Cartella, Seme, Mazzi, SalvaMazzi, Colpi, Dati,
-        Numeri, Lavori, Avanzamento;
+    std::optional<std::string> Taglie, Forma, Cartella, Report, Seme, Mazzi, SalvaMazzi, Colpi,
+        Dati, Numeri, Lavori, Avanzamento;
     bool Statistiche = false;
     bool Apri = false;
     bool CaratteriUnici = false;

@@ -7,8 +7,8 @@
 #include "ErroreRuntime.h"
 #include "Opzioni.h"
 #include "RigaErrore.h"
-#include "ScritturaFile.h"
 #include "Segnali.h"
+#include "UscitaStandard.h"
 
 #include <cstdlib>
 #include <exception>
@@ -35,8 +35,7 @@ std::string FaiComando(const std::vector<std::string>& argomenti)
 
 void ScriviRisultati(const std::string& testo)
 {
-    constexpr int uscitaStandard = 1;
-    if (!testo.empty()) ScriviSuDescrittore(uscitaStandard, testo, "uscita standard");
+    if (!testo.empty()) ScriviInUscita(testo);
 }
 
 // Runs where std::terminate() is called. No exception in flight: there was no room for one.
@@ -66,6 +65,10 @@ int EseguiComando(std::span<const char* const> argomenti) noexcept
         AscoltaInterruzioni();
         ScriviRisultati(FaiComando({argomenti.begin(), argomenti.end()}));
         return UscitaFatto;
+    } catch (const NessunoLegge& errore) {
+        FinisciDiTubo();
+        ScriviErrore({errore.what()});
+        return errore.CodiceUscita();
     } catch (const ErroreComando& errore) {
         ScriviErrore({errore.what()});
         return errore.CodiceUscita();

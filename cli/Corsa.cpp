@@ -8,7 +8,9 @@
 #include "Calendario.h"
 #include "Dati.h"
 #include "ErroreComando.h"
+#include "ErroreSistema.h"
 #include "FileDati.h"
+#include "FileIntero.h"
 #include "FileRichiesti.h"
 #include "Numeri.h"
 #include "Orologio.h"
@@ -20,6 +22,7 @@
 #include "Stampe.h"
 #include "SuperficieTesto.h"
 #include "Terminale.h"
+#include "UscitaStandard.h"
 #include "modCarte.h"
 
 #include <algorithm>
@@ -40,10 +43,25 @@ struct Posto
     std::string Percorso;
 };
 
+// Of the name given with -o, in the folder given with -c if there is one.
+Posto PostoCol(const std::string& cartella, const std::string& nome)
+{
+    const auto corto = percorsi::Cammino(nome); // errors name it as it was typed
+    const auto dato = cartella == "." ? corto : percorsi::Cammino(cartella) / corto;
+    const std::string file = dato.filename().string();
+    if (file.empty() || file == "." || file == "..") RifiutaUso(nome, "è una cartella");
+    if (NomeRiservato(file)) RifiutaUso(nome, "è un nome che il programma usa per sé");
+    const auto sopra = dato.parent_path();
+    std::string completa = CartellaCompleta(sopra.empty() ? "." : sopra.string());
+    std::string percorso = completa + file;
+    return {std::move(completa), std::move(percorso)};
+}
+
 Posto PostoReport(const Opzioni& opzioni)
 {
     const std::string_view nome = Stampe::Forme.at(opzioni.FormaReport).File;
-    if (nome.empty()) return {};
+    if (nome.empty() || opzioni.SuUscita) return {};
+    if (!opzioni.Report.empty()) return PostoCol(opzioni.Cartella, opzioni.Report);
     std::string cartella = CartellaCompleta(opzioni.Cartella);
     std::string percorso = std::string(cartella).append(nome);
     return {std::move(cartella), std::move(percorso)};
@@ -112,7 +130,9 @@ void Corsa::ImpostaAmbiente()
 {
     Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
     ambiente.Cartella = m_posto.Cartella;
-    ambiente.Via = Stampe::ViaReport::Intero;
+    ambiente.Report = m_opzioni.SuUscita ? NomeUscita : m_posto.Percorso;
+    ambiente.Via =
+        m_opzioni.SuUscita ? Stampe::ViaReport::UscitaStandard : Stampe::ViaReport::Intero;
     ambiente.SeparatoriNumeri = m_opzioni.Numeri;
     ambiente.PreparaTaglia = m_sorgente.Preparazione();
     ambiente.Fermare = InterruzioneChiesta;
@@ -171,7 +191,14 @@ std::optional<Stampe::TotaliReport> Corsa::FaiReport()
 {
     const auto& forma = Stampe::Forme.at(m_opzioni.FormaReport);
     const double taglie = Taglie();
-    return m_opzioni.Piena() ? forma.Stampa(taglie) : forma.Statistiche(taglie, m_schermo, {});
+    try {
+        return m_opzioni.Piena() ? forma.Stampa(taglie) : forma.Statistiche(taglie, m_schermo, {});
+    } catch (const ErroreRuntime& errore) {
+        if (m_opzioni.SuUscita && errore.File() == NomeUscita && DiChiNonLegge(errore)) {
+            throw NessunoLegge();
+        }
+        throw;
+    }
 }
 
 void Corsa::ChiudiDati()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Uscita.h"
+#include "UscitaStandard.h"
 
 #include <exception>
 #include <string>
@@ -23,6 +24,17 @@ public:
 private:
     Uscita m_uscita;
     std::string m_messaggio;
+};
+
+// Ends the command because nobody reads the report any more that it writes to standard output: no
+// fault, and nothing to tell where the system has its own way of ending then.
+class NessunoLegge : public ErroreComando
+{
+public:
+    NessunoLegge()
+        : ErroreComando(UscitaScrittura, NomeUscita, "chi leggeva ha chiuso")
+    {
+    }
 };
 
 // Ends the command because of what was typed.

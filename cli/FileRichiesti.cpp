@@ -9,6 +9,7 @@
 #include "FileSulDisco.h"
 #include "FileVecchio.h"
 #include "Percorsi.h"
+#include "UscitaStandard.h"
 
 #include <filesystem>
 #include <system_error>
@@ -57,7 +58,12 @@ void RifiutaFileDoppi(const Opzioni& opzioni, const std::string& percorsoReport)
 
 void PretendiScrivibili(const Opzioni& opzioni, const std::string& percorsoReport)
 {
-    if (!percorsoReport.empty()) PretendiCreabile(percorsoReport);
+    if (!percorsoReport.empty()) {
+        // The form's own name was given by nobody: any link there is a stray one.
+        if (opzioni.Report.empty()) PretendiCreabile(percorsoReport);
+        else PretendiFileDati(percorsoReport);
+    }
+    if (opzioni.SuUscita) PreparaUscita();
     for (const auto* file : {&opzioni.SalvaMazzi, &opzioni.Colpi}) {
         if (!file->empty()) PretendiFileDati(*file);
     }

@@ -7,6 +7,7 @@
 #include "ErroreComando.h"
 #include "LimitiTaglie.h"
 #include "Numeri.h"
+#include "Percorsi.h"
 
 #include <algorithm>
 #include <limits>
@@ -20,6 +21,7 @@ namespace cli {
 namespace {
 
 constexpr std::uint64_t FiliMassimi = 256;
+constexpr const char* SoloPdf = "vale solo con -f pdf";
 
 std::string FraVirgolette(const std::string& testo)
 {
@@ -80,13 +82,35 @@ void PretendiReportInFile(const Opzioni& opzioni, const char* opzione, const std
     RifiutaUso(opzione, "senza un report in un file non c'è nulla da " + niente);
 }
 
+// What "-o -" leaves no place for: a second use of standard output, and what needs a file.
+void RifiutaConUscita(const Opzioni& opzioni, bool conCartella)
+{
+    if (opzioni.Dati != FormaDati::Nessuna || opzioni.FormaReport == Stampe::FormaVideo) {
+        RifiutaUso(opzioni.Dati != FormaDati::Nessuna ? opzione::Dati : opzione::Forma,
+                   "con -o - lo standard output è già del report");
+    }
+    if (opzioni.Apri) RifiutaUso(opzione::Apri, "con -o - non c'è un file da aprire");
+    if (conCartella) RifiutaUso(opzione::Cartella, "con -o - il report non va in una cartella");
+}
+
+void RifiutaNome(const Opzioni& opzioni, bool conCartella)
+{
+    if (opzioni.SuUscita) RifiutaConUscita(opzioni, conCartella);
+    if (opzioni.SuUscita || !opzioni.Report.empty()) {
+        PretendiReportInFile(opzioni, opzione::Uscita, "scrivere");
+    }
+    if (conCartella && percorsi::Cammino(opzioni.Report).is_absolute()) {
+        RifiutaUso(opzione::Cartella, "il nome dato con -o comprende già la cartella");
+    }
+}
+
 void RifiutaContraddizioni(const Opzioni& opzioni, bool conCartella)
 {
+    RifiutaNome(opzioni, conCartella);
     if (opzioni.Apri) PretendiReportInFile(opzioni, opzione::Apri, "aprire");
     if (conCartella) PretendiReportInFile(opzioni, opzione::Cartella, "metterci");
-    if (opzioni.CaratteriUnici && opzioni.FormaReport != Stampe::FormaPdf) {
-        RifiutaUso(opzione::CaratteriUnici, "vale solo con -f pdf");
-    }
+    const bool pdf = opzioni.FormaReport == Stampe::FormaPdf;
+    if (opzioni.CaratteriUnici && !pdf) RifiutaUso(opzione::CaratteriUnici, SoloPdf);
     if (!opzioni.Mazzi.empty() && opzioni.Seme) {
         RifiutaUso(opzione::Seme, "con --mazzi le carte non si mescolano");
     }
@@ -122,6 +146,9 @@ void LeggiNomi(Opzioni& opzioni, const Argomenti& argomenti)
         posto = *testo;
     };
     leggi(opzioni.Cartella, opzione::Cartella, argomenti.Cartella);
+    leggi(opzioni.Report, opzione::Uscita, argomenti.Report);
+    opzioni.SuUscita = opzioni.Report == "-";
+    if (opzioni.SuUscita) opzioni.Report.clear();
     leggi(opzioni.Mazzi, opzione::Mazzi, argomenti.Mazzi);
     leggi(opzioni.SalvaMazzi, opzione::SalvaMazzi, argomenti.SalvaMazzi);
     leggi(opzioni.Colpi, opzione::Colpi, argomenti.Colpi);
@@ -140,6 +167,18 @@ void LeggiNumeri(Opzioni& opzioni, const Argomenti& argomenti)
     }
 }
 
+// The form that the end of a file's name stands for.
+std::optional<Stampe::Forma> FormaDelNome(const std::string& nome)
+{
+    std::string fine = percorsi::Cammino(nome).extension().string();
+    std::transform(fine.begin(), fine.end(), fine.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+    if (fine == ".txt") return Stampe::FormaTxt;
+    if (fine == ".htm" || fine == ".html") return Stampe::FormaHtml;
+    if (fine == ".pdf") return Stampe::FormaPdf;
+    return std::nullopt;
+}
+
 void LeggiScelte(Opzioni& opzioni, const Argomenti& argomenti)
 {
     if (argomenti.Dati) {
@@ -148,6 +187,8 @@ void LeggiScelte(Opzioni& opzioni, const Argomenti& argomenti)
         // Data on standard output want no report beside them.
         opzioni.FormaReport = Stampe::FormaNessuna;
     }
+    // Nobody wants a text of the name "report.pdf" without saying so.
+    opzioni.FormaReport = FormaDelNome(opzioni.Report).value_or(opzioni.FormaReport);
     if (argomenti.Forma) {
         opzioni.FormaReport = Scegli<Stampe::Forma>(opzione::Forma, *argomenti.Forma,
                                                     {{"txt", Stampe::FormaTxt},

@@ -31,6 +31,8 @@ struct Opzioni
     Stampe::Forma FormaReport = Stampe::FormaTxt;
     bool Statistiche = false;
     std::string Cartella = ".";
+    std::string Report;    // its name as given; empty: the form's own
+    bool SuUscita = false; // the report goes to standard output; Report is empty then
     bool Apri = false;
     bool CaratteriUnici = false;
     std::optional<std::uint64_t> Seme;

@@ -22,7 +22,7 @@ _taglie_valore()
         --dati) _taglie_tra "json csv" "$2" ;;
         --avanzamento) _taglie_tra "auto sempre mai" "$2" ;;
         -c | --cartella) _taglie_percorsi -d "$2" ;;
-        --mazzi | --salva-mazzi | --colpi) _taglie_percorsi -f "$2" ;;
+        -o | --uscita | --mazzi | --salva-mazzi | --colpi) _taglie_percorsi -f "$2" ;;
         --seme | -j | --lavori) ;;
         *) return 1 ;;
     esac
@@ -40,7 +40,7 @@ _taglie()
     fi
     if _taglie_valore "$prima" "$attuale"; then return; fi
     if [[ $attuale == -* ]]; then
-        _taglie_tra "-f --forma -s --statistiche -c --cartella -a --apri --caratteri-unici
+        _taglie_tra "-f --forma -s --statistiche -c --cartella -o --uscita -a --apri --caratteri-unici
             --numeri --seme --mazzi --salva-mazzi --colpi --dati -j --lavori --avanzamento
             -q --quieto -h --help -V --version" "$attuale"
     fi

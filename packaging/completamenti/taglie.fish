@@ -3,6 +3,7 @@ complete -c taglie -f
 complete -c taglie -s f -l forma -x -a 'txt html pdf video nessuna' -d 'Forma del report'
 complete -c taglie -s s -l statistiche -d 'Solo le statistiche generali'
 complete -c taglie -s c -l cartella -x -a '(__fish_complete_directories)' -d 'Cartella del report'
+complete -c taglie -s o -l uscita -r -F -d 'Nome del report'
 complete -c taglie -s a -l apri -d 'Apre il report finito'
 complete -c taglie -l caratteri-unici -d 'PDF di un terzo più piccolo'
 complete -c taglie -l numeri -x -a 'sistema it c' -d 'Separatori dei numeri'

@@ -168,3 +168,53 @@ TEST(Opzioni, ICaratteriUniciSonoDelSoloPdf)
     EXPECT_EQ(Rifiuto({"--caratteri-unici"}),
               std::pair(2, std::string("--caratteri-unici: vale solo con -f pdf")));
 }
+
+TEST(Opzioni, IlNomeDelReportDiceLaForma)
+{
+    using Stampe::Forma;
+    const std::vector<std::pair<std::string, Forma>> casi = {
+        {"x.pdf", Stampe::FormaPdf},   {"a/b.PDF", Stampe::FormaPdf}, {"x.htm", Stampe::FormaHtml},
+        {"x.html", Stampe::FormaHtml}, {"x.HtMl", Stampe::FormaHtml}, {"x.txt", Stampe::FormaTxt},
+        {"pdf", Stampe::FormaTxt},     {".pdf", Stampe::FormaTxt},    {"x.pdf/y", Stampe::FormaTxt},
+        {"x.pdf~", Stampe::FormaTxt}};
+    for (const auto& [nome, forma] : casi) {
+        EXPECT_EQ(LeggiOpzioni({"-o", nome}).FormaReport, forma) << nome;
+        EXPECT_EQ(LeggiOpzioni({"-o", nome}).Report, nome);
+        EXPECT_EQ(LeggiOpzioni({"-o", nome, "-f", "html"}).FormaReport, Stampe::FormaHtml) << nome;
+    }
+    EXPECT_EQ(LeggiOpzioni({"--dati", "json", "-o", "x.pdf"}).FormaReport, Stampe::FormaPdf);
+    EXPECT_FALSE(LeggiOpzioni({"-o", "x.pdf"}).SuUscita);
+}
+
+TEST(Opzioni, UnTrattoELoStandardOutput)
+{
+    const Opzioni opzioni = LeggiOpzioni({"-o", "-", "-f", "pdf"});
+    EXPECT_TRUE(opzioni.SuUscita);
+    EXPECT_EQ(opzioni.Report, "");
+    EXPECT_EQ(LeggiOpzioni({"--uscita=-"}).FormaReport, Stampe::FormaTxt);
+    EXPECT_FALSE(LeggiOpzioni({"-o", "./-"}).SuUscita);
+}
+
+TEST(Opzioni, CioCheNonVaConUnNomeOConLoStandardOutput)
+{
+    using Caso = std::pair<std::vector<std::string>, std::string>;
+    const std::vector<Caso> casi = {
+        {{"-o", "-", "--dati", "json"}, "--dati: con -o - lo standard output è già del report"},
+        {{"-o", "-", "--dati", "csv", "-f", "txt"},
+         "--dati: con -o - lo standard output è già del report"},
+        {{"-o", "-", "-f", "video"}, "--forma: con -o - lo standard output è già del report"},
+        {{"-o", "-", "-a"}, "--apri: con -o - non c'è un file da aprire"},
+        {{"-o", "-", "-c", "x"}, "--cartella: con -o - il report non va in una cartella"},
+        {{"-o", "-", "-f", "nessuna"},
+         "--uscita: senza un report in un file non c'è nulla da scrivere"},
+        {{"-o", "x", "-f", "video"},
+         "--uscita: senza un report in un file non c'è nulla da scrivere"},
+        {{"-o", "x", "--dati", "json"},
+         "--uscita: senza un report in un file non c'è nulla da scrivere"},
+        {{"-o", ""}, "--uscita: il nome è vuoto"},
+        {{"-o"}, "--uscita: manca il valore"}};
+    for (const auto& [argomenti, messaggio] : casi) {
+        EXPECT_EQ(Rifiuto(argomenti), std::pair(static_cast<int>(UscitaUso), messaggio));
+    }
+    EXPECT_EQ(Rifiuto({"-o", "x", "-c", "y"}).first, 0); // x in y
+}
