@@ -16,9 +16,6 @@ constexpr std::array<char16_t, 32> DaOttanta = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// What stands for bytes that are no character at all.
-constexpr char32_t NonValido = 0xFFFFFFFF;
-
 struct Sequenza
 {
     std::size_t lunghezza;
@@ -33,30 +30,6 @@ std::optional<Sequenza> SequenzaDa(unsigned char primo)
     if (primo >= 0xE0 && primo <= 0xEF) return Sequenza{3, 0x800, primo & 0x0Fu};
     if (primo >= 0xF0 && primo <= 0xF4) return Sequenza{4, 0x10000, primo & 0x07u};
     return std::nullopt;
-}
-
-// Takes one character off the front of testo. A malformed sequence takes one byte only: the bytes
-// after it may begin a good character.
-char32_t PrendiCarattere(std::string_view& testo)
-{
-    const auto sequenza = SequenzaDa(static_cast<unsigned char>(testo.front()));
-    if (!sequenza || sequenza->lunghezza > testo.size()) {
-        testo.remove_prefix(1);
-        return NonValido;
-    }
-    char32_t carattere = sequenza->bit;
-    for (std::size_t i = 1; i < sequenza->lunghezza; ++i) {
-        const auto byte = static_cast<unsigned char>(testo[i]);
-        if ((byte & 0xC0u) != 0x80u) {
-            testo.remove_prefix(1);
-            return NonValido;
-        }
-        carattere = (carattere << 6) | (byte & 0x3Fu);
-    }
-    const bool surrogato = carattere >= 0xD800 && carattere <= 0xDFFF;
-    const bool valido = carattere >= sequenza->minimo && carattere <= 0x10FFFF && !surrogato;
-    testo.remove_prefix(valido ? sequenza->lunghezza : 1);
-    return valido ? carattere : NonValido;
 }
 
 std::optional<char> Codice(char32_t carattere)
@@ -78,6 +51,28 @@ bool SoloAscii(std::string_view testo)
 }
 
 } // namespace
+
+char32_t PrendiCarattere(std::string_view& utf8)
+{
+    const auto sequenza = SequenzaDa(static_cast<unsigned char>(utf8.front()));
+    if (!sequenza || sequenza->lunghezza > utf8.size()) {
+        utf8.remove_prefix(1);
+        return NonValido;
+    }
+    char32_t carattere = sequenza->bit;
+    for (std::size_t i = 1; i < sequenza->lunghezza; ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if ((byte & 0xC0u) != 0x80u) {
+            utf8.remove_prefix(1);
+            return NonValido;
+        }
+        carattere = (carattere << 6) | (byte & 0x3Fu);
+    }
+    const bool surrogato = carattere >= 0xD800 && carattere <= 0xDFFF;
+    const bool valido = carattere >= sequenza->minimo && carattere <= 0x10FFFF && !surrogato;
+    utf8.remove_prefix(valido ? sequenza->lunghezza : 1);
+    return valido ? carattere : NonValido;
+}
 
 std::string InWindows1252(std::string_view utf8)
 {

@@ -186,12 +186,12 @@ void clsPDFCreator::SetDocProperty(std::string_view DocTitle, std::string_view D
                                    std::string_view DocProducer, std::string_view DocKeywords)
 {
     auto& properties = m->DocProperties;
-    properties.Title = InWindows1252(DocTitle);
-    properties.Subject = InWindows1252(DocSubject);
-    properties.Keywords = InWindows1252(DocKeywords);
-    if (!DocAuthor.empty()) properties.Author = InWindows1252(DocAuthor);
-    if (!DocCreator.empty()) properties.Creator = InWindows1252(DocCreator);
-    if (!DocProducer.empty()) properties.Producer = InWindows1252(DocProducer);
+    properties.Title = DocTitle;
+    properties.Subject = DocSubject;
+    properties.Keywords = DocKeywords;
+    if (!DocAuthor.empty()) properties.Author = DocAuthor;
+    if (!DocCreator.empty()) properties.Creator = DocCreator;
+    if (!DocProducer.empty()) properties.Producer = DocProducer;
 }
 
 std::string clsPDFCreator::BeginDoc(const std::string& FileName)
@@ -306,9 +306,14 @@ std::string clsPDFCreator::State::prUnnamedFile() const
 // after, and is an error where it asks for a number.
 std::string clsPDFCreator::State::prInfoText() const
 {
-    const pdf::Argument arguments[] = {
-        DocProperties.Title, DocProperties.Author,  DocProperties.Creator, DocProperties.Producer,
-        CreationDate,        DocProperties.Subject, DocProperties.Keywords};
+    const auto& texts = DocProperties;
+    const pdf::Argument arguments[] = {InWindows1252(texts.Title),
+                                       InWindows1252(texts.Author),
+                                       InWindows1252(texts.Creator),
+                                       InWindows1252(texts.Producer),
+                                       CreationDate,
+                                       InWindows1252(texts.Subject),
+                                       InWindows1252(texts.Keywords)};
     return pdf::prExpand("<<\r/Title (#p)\r/Author (#p)\r/Creator (#p)\r/Producer (#p)\r"
                          "/CreationDate (#p)\r/Subject (#p)\r/Keywords (#p)\r>>",
                          arguments)

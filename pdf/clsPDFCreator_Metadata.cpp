@@ -5,14 +5,14 @@
 
 namespace {
 
-// The text of an element: XML's own characters escaped, all above 127 as references, so that the
-// packet is plain ASCII; what XML forbids is "?".
+// The text (UTF-8) of an element, as far as Windows-1252 has it: XML's own characters escaped, all
+// above 127 as references, so that the packet is plain ASCII; what XML forbids is "?".
 std::string InXml(std::string_view text)
 {
     constexpr unsigned char firstPrintable = 0x20;
     constexpr unsigned char lastAscii = 0x7F;
     std::string xml;
-    for (const char c : text) {
+    for (const char c : InWindows1252(text)) {
         const auto code = static_cast<unsigned char>(c);
         const bool space = c == '\t' || c == '\n' || c == '\r';
         if (c == '&') xml.append("&amp;");

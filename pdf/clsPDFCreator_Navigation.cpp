@@ -13,7 +13,7 @@ void clsPDFCreator::AddBookmark(std::string_view Title, std::int32_t Level, std:
     auto& bookmarks = m->Bookmarks;
     m->prKeepObjects(bookmarks.empty() ? 3 : 1); // the first one with the root and the title
     const std::int32_t deepest = bookmarks.empty() ? 1 : bookmarks.back().Level + 1;
-    bookmarks.push_back({InWindows1252(Title), std::clamp(Level, 1, deepest),
+    bookmarks.push_back({std::string(Title), std::clamp(Level, 1, deepest),
                          m->prDestination(FitMode, Left, Top, Right, Bottom, Zoom)});
 }
 
@@ -82,7 +82,7 @@ std::int32_t clsPDFCreator::State::prWriteOutlines()
     for (std::size_t i = 0; i < items.size(); ++i) {
         const OutlineItem& item = items[i];
         Out.prInitObj(object(i));
-        Out.prPrint("<< /Title (", pdf::Escaped{item.Title}, ")");
+        Out.prPrint("<< /Title (", pdf::Escaped{InWindows1252(item.Title)}, ")");
         Out.prPrint("/Parent ", i == 0 ? root : object(item.Parent), " 0 R");
         if (!item.Children.empty()) {
             Out.prPrint("/First ", object(item.Children.front()), " 0 R");

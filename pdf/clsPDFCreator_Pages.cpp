@@ -23,7 +23,7 @@ std::int16_t clsPDFCreator::BeginPage(std::int32_t Orientation, std::int32_t Pag
                 Orientation == 1 ? "/Rotate 90\r" : "", "/Annots ", page + 3, " 0 R >>");
     out.prEndObj();
     m->Kids.append(std::to_string(page)).append(" 0 R ");
-    m->prAppendPageLabel(PageLabel, InWindows1252(LabelPrefix), FirstValue);
+    m->prAppendPageLabel(PageLabel, LabelPrefix, FirstValue);
 
     out.prInitObj(page + 1);
     out.prPrint("<< ", out.prContentFilter(), "/Length ", page + 2, " 0 R >>");
@@ -70,7 +70,7 @@ void clsPDFCreator::State::prAppendPageLabel(std::int32_t style, std::string_vie
     std::string label;
     if (style >= 0 && style < static_cast<std::int32_t>(std::size(styles))) label = styles[style];
     if (!prefix.empty()) {
-        label.append(" /P (").append(pdf::prPDFString(prefix)).append(")");
+        label.append(" /P (").append(pdf::prPDFString(InWindows1252(prefix))).append(")");
     }
     const auto first = static_cast<std::uint16_t>(firstValue);
     if (first < fromOne) label.append(" /St ").append(std::to_string(first));

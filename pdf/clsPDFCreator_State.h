@@ -56,7 +56,7 @@ struct clsPDFCreator::State
 
     struct Bookmark
     {
-        std::string Title;
+        std::string Title;  // UTF-8
         std::int32_t Level; // from 1
         std::string Destination;
     };
@@ -64,7 +64,7 @@ struct clsPDFCreator::State
     // A bookmark in the tree; numbers of others count from 0, the document's title.
     struct OutlineItem
     {
-        std::string Title;
+        std::string Title; // UTF-8
         std::string Destination;
         std::size_t Parent;
         std::vector<std::size_t> Children;
@@ -103,7 +103,7 @@ struct clsPDFCreator::State
         std::int32_t Flags;
     };
 
-    struct Properties
+    struct Properties // UTF-8
     {
         std::string Title, Subject, Author, Creator, Producer, Keywords;
     };

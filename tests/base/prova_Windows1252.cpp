@@ -165,3 +165,13 @@ TEST(DaWindows1252, RifaIlCarattereDiOgniCodice)
         EXPECT_EQ(InWindows1252(utf8), std::string(1, static_cast<char>(byte))) << codice;
     }
 }
+
+TEST(PrendiCarattere, UnoAllaVoltaDalDavanti)
+{
+    std::string_view testo = "a€\xFF😀";
+    EXPECT_EQ(PrendiCarattere(testo), U'a');
+    EXPECT_EQ(PrendiCarattere(testo), U'€');
+    EXPECT_EQ(PrendiCarattere(testo), NonValido);
+    EXPECT_EQ(PrendiCarattere(testo), U'😀');
+    EXPECT_EQ(testo, "");
+}
