@@ -52,8 +52,8 @@ std::optional<std::uint64_t> MomentoImposto()
 local_seconds Adesso()
 {
     if (const auto imposto = MomentoImposto()) return local_seconds(seconds(*imposto));
-    const auto parti = calendario::OraLocale();
-    if (const auto momento = parti ? Momento(*parti) : std::nullopt) return *momento;
+    const auto ora = calendario::OraLocale();
+    if (const auto momento = ora ? Momento(ora->Parti) : std::nullopt) return *momento;
     throw ErroreRuntime(NumeroErrore::Overflow, "segna una data oltre l'anno 9999",
                         "orologio del sistema");
 }
@@ -64,11 +64,18 @@ int CifraCasuale()
     return MomentoImposto() ? 0 : static_cast<int>(Entropia64() % cifre);
 }
 
+minutes Scarto()
+{
+    if (MomentoImposto()) return minutes(0);
+    const auto ora = calendario::OraLocale();
+    return ora ? ora->Scarto : minutes(0);
+}
+
 } // namespace
 
-constinit Calendario CalendarioInUso = {Adesso, CifraCasuale};
+constinit Calendario CalendarioInUso = {Adesso, CifraCasuale, Scarto};
 
 Calendario CalendarioDelSistema()
 {
-    return {Adesso, CifraCasuale};
+    return {Adesso, CifraCasuale, Scarto};
 }

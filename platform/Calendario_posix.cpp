@@ -5,12 +5,13 @@
 
 namespace calendario {
 
-std::optional<std::tm> OraLocale()
+std::optional<Ora> OraLocale()
 {
     const std::time_t adesso = std::time(nullptr);
     std::tm locale = {};
     if (::localtime_r(&adesso, &locale) == nullptr) return std::nullopt;
-    return locale;
+    const std::chrono::seconds scarto(locale.tm_gmtoff);
+    return Ora{locale, std::chrono::floor<std::chrono::minutes>(scarto)};
 }
 
 } // namespace calendario

@@ -5,12 +5,14 @@
 
 namespace calendario {
 
-std::optional<std::tm> OraLocale()
+std::optional<Ora> OraLocale()
 {
     const std::time_t adesso = std::time(nullptr);
     std::tm locale = {};
     if (::localtime_s(&locale, &adesso) != 0) return std::nullopt;
-    return locale;
+    std::tm comeUtc = locale; // which the function may change
+    const std::chrono::seconds scarto(::_mkgmtime(&comeUtc) - adesso);
+    return Ora{locale, std::chrono::floor<std::chrono::minutes>(scarto)};
 }
 
 } // namespace calendario

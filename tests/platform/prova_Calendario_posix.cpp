@@ -88,6 +88,26 @@ TEST(Calendario, UnMomentoImpostoValeInUtc)
               Riuscito);
 }
 
+TEST(Calendario, LoScartoDaUtc)
+{
+    for (const auto& [fuso, minuti] : {std::pair{"XXX-3:30", 210},
+                                       {"XXX+5", -300},
+                                       {"XXX0", 0},
+                                       {"XXX+0:00:30", -1}, // whole minutes, rounded down
+                                       {"XXX-14", 840}}) {
+        EXPECT_EQ(InUnFiglio([fuso = fuso, minuti = minuti] {
+                      ::unsetenv("SOURCE_DATE_EPOCH");
+                      ::setenv("TZ", fuso, 1);
+                      ::tzset();
+                      EXPECT_EQ(CalendarioDelSistema().Scarto().count(), minuti);
+                      ::setenv("SOURCE_DATE_EPOCH", "0", 1);
+                      EXPECT_EQ(CalendarioDelSistema().Scarto().count(), 0);
+                  }),
+                  Riuscito)
+            << fuso;
+    }
+}
+
 TEST(Calendario, UnMomentoSbagliatoEUnErrore)
 {
     EXPECT_EQ(InUnFiglio([] {

@@ -50,6 +50,15 @@ std::string OraDelSistema()
     return Testo({t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond});
 }
 
+// What the system counts as minutes behind UTC, daylight saving time included.
+int ScartoDelSistema()
+{
+    TIME_ZONE_INFORMATION fuso = {};
+    const DWORD ora = ::GetTimeZoneInformation(&fuso);
+    const LONG legale = ora == TIME_ZONE_ID_DAYLIGHT ? fuso.DaylightBias : fuso.StandardBias;
+    return -static_cast<int>(fuso.Bias + (ora == TIME_ZONE_ID_UNKNOWN ? 0 : legale));
+}
+
 } // namespace
 
 TEST(Calendario, DaLOraLocale)
@@ -69,6 +78,16 @@ TEST(Calendario, UnMomentoImpostoValeInUtc)
     EXPECT_EQ(Con("951868799"), "2000 2 29 23 59 59"); // a leap day
     EXPECT_EQ(Con("4107542400"), "2100 3 1 0 0 0");    // no leap year
     EXPECT_EQ(Con("253402300799"), "9999 12 31 23 59 59");
+}
+
+TEST(Calendario, LoScartoDaUtc)
+{
+    {
+        const Variabile vuota("SOURCE_DATE_EPOCH", "");
+        EXPECT_EQ(CalendarioDelSistema().Scarto().count(), ScartoDelSistema());
+    }
+    const Variabile imposta("SOURCE_DATE_EPOCH", "0");
+    EXPECT_EQ(CalendarioDelSistema().Scarto().count(), 0);
 }
 
 TEST(Calendario, UnMomentoSbagliatoEUnErrore)
