@@ -106,7 +106,7 @@ TEST(Compressione, UnTestoLunghissimoPassaIntero)
     const auto pagina = [](clsPDFCreator& pdf) {
         pdf.BeginPage();
         pdf.SetFont("Arial", 1);
-        for (const std::size_t lunga : {4096, 100, 300000, 4095, 1}) {
+        for (const std::size_t lunga : {4096U, 100U, 300000U, 4095U, 1U}) {
             pdf.DrawText(0, 10, std::string(lunga, 'x'));
         }
         pdf.EndPage();

@@ -80,7 +80,7 @@ TEST(Deflate, APezziEsceLoStesso)
     for (const int livello : {1, 6, 9}) {
         pdf::Deflate deflate(livello);
         for (const std::string& testo : Testi()) {
-            for (const std::size_t pezzo : {1, 100, 4096, 1000000}) {
+            for (const std::size_t pezzo : {1U, 100U, 4096U, 1000000U}) {
                 EXPECT_TRUE(Inflato(APezzi(deflate, testo, pezzo)) == testo) << testo.size();
             }
         }
