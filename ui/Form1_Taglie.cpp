@@ -3,6 +3,7 @@
 #include "Form1.h"
 
 #include "Ambiente.h"
+#include "Applicazione.h"
 #include "ErroreRuntime.h"
 #include "FormatiNumero.h"
 #include "Generale.h"
@@ -163,7 +164,9 @@ bool Form1::OrologioFermo(double adesso)
 // most so old.
 void Form1::MostraAvanzamento(std::string_view testo)
 {
-    constexpr double ritocco = 0.015; // seconds
+    // Seconds. Wayland has room for five pictures on their way; where they run out Qt hears the
+    // desktop in the middle of a drawing, and MisuraFissa.h comes too late.
+    const double ritocco = Applicazione::SuWayland() ? 0.06 : 0.015;
     lblStatus->setUpdatesEnabled(false);
     lblStatus->setText(InQt(testo));
     const double adesso = SecondiTrascorsi();

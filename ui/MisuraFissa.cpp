@@ -5,6 +5,7 @@
 #include "Applicazione.h"
 
 #include <QEvent>
+#include <QExposeEvent>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QTimer>
@@ -47,6 +48,7 @@ public:
     bool eventFilter(QObject* oggetto, QEvent* evento) override
     {
         if (evento->type() == QEvent::MetaCall) Diffida(*oggetto);
+        if (Espone(*oggetto, *evento) && InDubbio()) return m_esposta = true;
         if (oggetto != &m_finestra) return false;
         if (evento->type() == QEvent::UpdateRequest && InDubbio()) return m_rimandato = true;
         const bool cambiato = evento->type() == QEvent::WindowStateChange;
@@ -56,6 +58,13 @@ public:
 
 private:
     bool EIngrandita() const { return (m_finestra.windowState() & Ingrandita) != 0; }
+
+    // A window that comes to light is drawn at once, without being asked to.
+    bool Espone(const QObject& oggetto, const QEvent& evento) const
+    {
+        const QWindow* finestra = m_finestra.windowHandle();
+        return evento.type() == QEvent::Expose && &oggetto == finestra && finestra->isExposed();
+    }
 
     // A call that Qt has queued for its end of the connection may accept a new state, of which the
     // window hears a moment later: whatever is shown in between has the wrong size for it. Nothing
@@ -82,8 +91,17 @@ private:
     {
         if (--m_mancanti != 0) return;
         m_giri.stop();
+        if (std::exchange(m_esposta, false)) Esponi();
         if (!std::exchange(m_rimandato, false)) return;
         QCoreApplication::postEvent(&m_finestra, new QEvent(QEvent::UpdateRequest));
+    }
+
+    void Esponi() const
+    {
+        QWindow* finestra = m_finestra.windowHandle();
+        if (finestra == nullptr) return;
+        const QRect tutta(QPoint(0, 0), finestra->size());
+        QCoreApplication::postEvent(finestra, new QExposeEvent(tutta));
     }
 
     // The new state has been accepted by now, but nothing of the window's own size been shown under
@@ -107,7 +125,8 @@ private:
     QPointer<QObject> m_connessione; // the first that was called: this window's, as a rule
     QTimer m_giri;                   // of the event loop
     int m_mancanti = 0;              // rounds until something may be drawn
-    bool m_rimandato = false;        // something waits for that
+    bool m_rimandato = false;        // a drawing waits for that
+    bool m_esposta = false;          // so does a window that has come to light
 };
 
 } // namespace

@@ -4,6 +4,8 @@ A Wayland client cannot tell where its windows are, so they are looked for in th
 is not the background.
 """
 
+import contextlib
+import signal
 import subprocess
 import time
 from pathlib import Path
@@ -47,6 +49,15 @@ class Compositore(Schermo):
                 env=self.ambiente, stdout=registro, stderr=registro)
         aspetta(lambda: (Path(self.casa) / "wayland-prova").exists(), "weston")
         return gestore
+
+    @contextlib.contextmanager
+    def taciuto(self):
+        """Meanwhile it does nothing, as on a machine that has no time for it."""
+        self.gestore.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.gestore.send_signal(signal.SIGCONT)
 
     def aspetta_sfondo(self):
         aspetta(lambda: self.zona(9, 9, 1, 1)[:3] == SFONDO, "lo sfondo di weston")

@@ -97,7 +97,7 @@ class Wayland(Prova):
         aspetta(lambda: len(finestra.aperti()) == 1, "il report di 50 taglie")
         self.finisce(finestra)
 
-    def test_nemmeno_durante_una_corsa(self):
+    def corre(self):
         finestra = self.avvia()
         finestra.clicca("chkStat")
         finestra.clicca("optStampa2")
@@ -105,6 +105,21 @@ class Wayland(Prova):
         finestra.clicca("cmdTaglie")
         time.sleep(0.7)
         finestra.tasti("Return")
+        return finestra
+
+    def test_nemmeno_quando_il_compositore_tace(self):
+        """What it has not answered for a while comes all at once, in the middle of a drawing."""
+        finestra = self.corre()
+        for tasto, secondi in [(MASSIMO, 0.09), (SCHERMO_INTERO, 0.3), (MASSIMO, 0.15)] * 3:
+            with self.schermo.taciuto():
+                finestra.tasti(tasto)
+                time.sleep(secondi)
+            time.sleep(0.15)
+            self.assertIsNone(finestra.processo.poll(), (finestra.base / "errori").read_text())
+        self.finisce(finestra.pronta())
+
+    def test_nemmeno_durante_una_corsa(self):
+        finestra = self.corre()
         for gesto in self.ingrandisci(finestra):
             self.resta(finestra, gesto)
         stato = finestra.stato()
