@@ -107,9 +107,6 @@ public:
         return Pari() && TotaleNero() == "31" && TotaleRosso() == "31";
     }
 
-    // Whether the coup came to its end; the last record of a shoe has no outcome.
-    constexpr bool Compiuto() const { return !Esito().empty(); }
-
     int NumeroCarte() const { return Nero().NumeroCarte() + Rosso().NumeroCarte(); }
 
     // Whether the totals add up to 61 or less, as they do in most coups that ran out of cards. A

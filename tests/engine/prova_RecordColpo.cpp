@@ -33,7 +33,7 @@ TEST(RecordColpo, SetteCampiAncheNelRecordFinale)
     EXPECT_EQ(record.Nero().Testo(), "KP#9C#5F");
     EXPECT_EQ(record.Rosso().Testo(), "");
     EXPECT_EQ(record.NumeroCarte(), 3);
-    EXPECT_FALSE(record.Compiuto());
+    EXPECT_EQ(record.Esito(), "");
 }
 
 TEST(RecordColpo, CampiMancantiSonoVuotiEQuelliInPiuCadono)
@@ -47,7 +47,7 @@ TEST(RecordColpo, CampiMancantiSonoVuotiEQuelliInPiuCadono)
 TEST(RecordColpo, EsitiEColoriSiConfrontanoEsattamente)
 {
     const RecordColpo nero("1,N,C,32,33,,");
-    EXPECT_TRUE(nero.VinceNero() && nero.VinceColore() && nero.Compiuto());
+    EXPECT_TRUE(nero.VinceNero() && nero.VinceColore());
     EXPECT_FALSE(nero.VinceRosso() || nero.VinceInverso() || nero.Pari());
     const RecordColpo rosso("1,R,I,33,32,,");
     EXPECT_TRUE(rosso.VinceRosso() && rosso.VinceInverso());

