@@ -6,16 +6,15 @@ namespace scritte {
 
 void StampaNome(Superficie& superficie, float x, float y)
 {
-    constexpr std::string_view nome = "SCALVINO";
     constexpr std::int32_t punti = 20;
     constexpr float ombra = 20;
     superficie.ImpostaFont(ArialBlack, punti, Vero);
     superficie.ImpostaPosizione(x + ombra, y + ombra);
     superficie.ImpostaColoreTesto(Grigio);
-    superficie.Stampa(nome);
+    superficie.Stampa(Insegna);
     superficie.ImpostaPosizione(x, y);
     superficie.ImpostaColoreTesto(Rosso);
-    superficie.Stampa(nome);
+    superficie.Stampa(Insegna);
     superficie.ImpostaColoreTesto(Nero);
 }
 

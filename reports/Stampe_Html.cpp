@@ -9,6 +9,7 @@
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "RigheGenerali.h"
+#include "Scritte.h"
 #include "Stampe_Comune.h"
 #include "Stampe_Stile.h"
 #include "Windows1252.h"
@@ -68,7 +69,7 @@ bool CimaPagina(Destinazione& file, std::string& testo, const NumeroTaglie& chie
     Riga(testo,
          "<a name=\"top\"></a><div id=\"su\"><a href=\"#statistiche\">Statistiche</a></div>");
     Riga(testo, "<div align=\"center\">");
-    Riga(testo, "<font face=\"Tahoma\" size=\"5\"><b>SCALVINO</b></font><br><br>");
+    Riga(testo, "<font face=\"Tahoma\" size=\"5\"><b>", scritte::Insegna, "</b></font><br><br>");
     if (chieste.PiuDiUna()) {
         Riga(testo, "Vai alla taglia: ");
         // The first shoe has no link on purpose: it follows at once, and its link would lead
@@ -224,9 +225,8 @@ void Generali(std::string& testo, const NumeroTaglie& chieste, const TotaliRepor
     Riga(testo, "<div align=\"center\">");
     Riga(testo, "  <table class=sample width=\"80%\" >");
     Riga(testo, "    <tr>");
-    Riga(
-        testo,
-        "      <td width=\"100%\" colspan=\"9\" align=\"center\"><b>Statistiche generali</b></td>");
+    Riga(testo, "      <td width=\"100%\" colspan=\"9\" align=\"center\"><b>", TitoloStatistiche,
+         "</b></td>");
     Riga(testo, "    </tr>");
     static_assert(modCarte::PrimoCombinato == 6 && modCarte::NumeroMostrati == 10,
                   "two rows of three outcomes, then two of two combined ones");
@@ -290,8 +290,8 @@ std::optional<TotaliReport> StatisticheHtml(double numeroTaglie,
     Testa(testo, FoglioStile::Statistiche);
     Riga(testo, "<br>");
     Riga(testo, "<div align=\"center\">");
-    Riga(testo, "<font face=\"Tahoma\" size=\"5\"><b>SCALVINO</b><br><br>");
-    Riga(testo, "<font face=\"arial\" size=\"4\"><b>Simulazione taglie</b></font><br><br>");
+    Riga(testo, "<font face=\"Tahoma\" size=\"5\"><b>", scritte::Insegna, "</b><br><br>");
+    Riga(testo, "<font face=\"arial\" size=\"4\"><b>", TitoloSimulazione, "</b></font><br><br>");
     Riga(testo, "</div>");
     Riga(testo, "<br>");
     Scarica(*file, testo);

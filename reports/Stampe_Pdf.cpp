@@ -13,6 +13,7 @@
 #include "Impronta.h"
 #include "Numeri.h"
 #include "RigheGenerali.h"
+#include "Scritte.h"
 #include "SpazioPdf.h"
 #include "Stampe_Comune.h"
 #include "clsPDFCreator.h"
@@ -174,7 +175,7 @@ void TestaPagina(clsPDFCreator& pdf, float altezzaTitolo)
     pdf.DrawText(18.5F, altezzaPiede, "pag. " + TestoNumero(pagina), Destra, 0);
     pdf.PlayObject("Footers"); // made after the last page
     pdf.SetFont("Verdana", 14, Grassetto);
-    pdf.DrawText(Mezzeria, altezzaTitolo, "SCALVINO", Centro, 0);
+    pdf.DrawText(Mezzeria, altezzaTitolo, scritte::Insegna, Centro, 0);
 }
 
 void Cella(clsPDFCreator& pdf, float larghezza, float altezza, std::string_view testo,

@@ -6,6 +6,7 @@
 #include "FormatiNumero.h"
 #include "Numeri.h"
 #include "RigheGenerali.h"
+#include "Scritte.h"
 #include "Stampe_Comune.h"
 #include "Windows1252.h"
 
@@ -15,9 +16,6 @@
 namespace Stampe {
 
 namespace {
-
-constexpr std::string_view Titolo = "\t\t\tSCALVINO";
-constexpr std::string_view TitoloGenerali = "\t\tStatistiche generali";
 
 std::string ConPunti(std::string_view carte)
 {
@@ -153,7 +151,7 @@ std::optional<TotaliReport> StampaTxt(double numeroTaglie)
     const Separatori separatori = SeparatoriPerFile(AmbienteInUso.SeparatoriNumeri);
     const auto file = ApriCrescente(NomeTxt);
     std::string testo;
-    Riga(testo, Titolo);
+    Riga(testo, "\t\t\t", scritte::Insegna);
     Riga(testo);
     file->Scrivi(InWindows1252(testo));
 
@@ -165,7 +163,7 @@ std::optional<TotaliReport> StampaTxt(double numeroTaglie)
     testo.clear();
     Riga(testo);
     Riga(testo);
-    Riga(testo, TitoloGenerali);
+    Riga(testo, "\t\t", TitoloStatistiche);
     Riga(testo);
     Generali(testo, chieste, *totali, separatori);
     file->Scrivi(InWindows1252(testo));
@@ -183,11 +181,11 @@ std::optional<TotaliReport> StatisticheTxt(double numeroTaglie,
     if (!totali) return std::nullopt;
 
     std::string testo;
-    Riga(testo, Titolo);
+    Riga(testo, "\t\t\t", scritte::Insegna);
     Riga(testo);
-    Riga(testo, "\t\tSimulazione taglie");
+    Riga(testo, "\t\t", TitoloSimulazione);
     Riga(testo);
-    Riga(testo, TitoloGenerali);
+    Riga(testo, "\t\t", TitoloStatistiche);
     Riga(testo);
     Generali(testo, chieste, *totali, separatori);
 

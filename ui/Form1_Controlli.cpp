@@ -4,6 +4,7 @@
 #include "Caratteri.h"
 #include "Form1.h"
 #include "Misure.h"
+#include "RigheGenerali.h"
 #include "Scritte.h"
 #include "Testi.h"
 
@@ -49,7 +50,7 @@ struct Form1::Controllo
 
     const char* Nome;
     Membro Dove;
-    const char* Testo;
+    std::string_view Testo;
     std::optional<Membro> Contenitore;
     int Left, Top, Width, Height; // twips, relative to the container
     int Tab;
@@ -116,7 +117,7 @@ constexpr std::array<Form1::Controllo, 20> Form1::Controllo::Tutti = {{
     {MEMBRO(cmdTaglie), SimulaUna, NellaFinestra, 420, 3360, 2760, 525, 3},
     {MEMBRO(Frame1), "Taglie da simulare", NellaFinestra, 420, 225, 2760, 855, 0},
     {MEMBRO(numTaglie), UnaTaglia, &Form1::Frame1, 1530, 300, 840, 315, 1},
-    {MEMBRO(Label1), "Numero taglie:", &Form1::Frame1, 300, 360, 1020, 195, 2},
+    {MEMBRO(Label1), Stampe::EtichettaNumero, &Form1::Frame1, 300, 360, 1020, 195, 2},
     {MEMBRO(lblStatus), "", NellaFinestra, 3420, 6315, 45, 195, 19},
 }};
 
@@ -135,10 +136,10 @@ constexpr const char* StileCornice =
 constexpr int PixelControlli = 11;
 
 template <typename Tipo>
-Tipo* Crea(const char* testo, QWidget* padre)
+Tipo* Crea(std::string_view testo, QWidget* padre)
 {
     if constexpr (std::is_constructible_v<Tipo, QString, QWidget*>) {
-        return new Tipo(QString::fromUtf8(testo), padre);
+        return new Tipo(InQt(testo), padre);
     } else {
         return new Tipo(padre);
     }
