@@ -163,7 +163,7 @@ std::string LeggiFile(const std::string& percorso, std::size_t massimo)
         if (letti < 0 && errno == EINTR) continue;
         if (letti < 0) throw ErroreSistema(errno, percorso);
         if (byte.size() + static_cast<std::size_t>(letti) > massimo) {
-            throw ErroreRuntime(NumeroErrore::Overflow, "è troppo grande", percorso);
+            throw ErroreRuntime(NumeroErrore::Overflow, std::string(TroppoGrande), percorso);
         }
         byte.append(blocco.data(), static_cast<std::size_t>(letti));
     }

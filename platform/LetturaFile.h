@@ -9,6 +9,9 @@
 #include <string>
 #include <string_view>
 
+// The reason of the error for a file with more bytes than the caller wants.
+inline constexpr std::string_view TroppoGrande = "è troppo grande";
+
 // A file that is read line by line; "-" is standard input.
 //
 // Lines are told without their line end (LF or CR LF); a last one without a line end counts, too.

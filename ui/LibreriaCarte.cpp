@@ -4,6 +4,7 @@
 #include "LibreriaCarte.h"
 
 #include "ErroreRuntime.h"
+#include "LetturaFile.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -55,7 +56,7 @@ QByteArray Leggi(const QString& percorso)
     if (!QFileInfo(percorso).isFile() || !file.open(QIODevice::ReadOnly)) {
         Manca(percorso, "non si può leggere");
     }
-    if (file.size() > massimo) Manca(percorso, "è troppo grande");
+    if (file.size() > massimo) Manca(percorso, std::string(TroppoGrande));
     return file.readAll();
 }
 
