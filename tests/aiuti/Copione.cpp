@@ -11,6 +11,7 @@
 #include <cmath>
 #include <functional>
 #include <map>
+#include <sstream>
 
 namespace aiuti {
 
@@ -57,6 +58,7 @@ private:
 
 struct Scena
 {
+    std::ostringstream Flusso; // what is written where there is no file
     clsPDFCreator Pdf;
     std::string Cartella;
     std::string Nome; // of the file written
@@ -65,12 +67,13 @@ struct Scena
 using Operazione = std::function<json(Scena&, const Argomenti&)>;
 using Repertorio = std::map<std::string, Operazione>;
 
-clsPDFCreator::DateTime Momento(const std::string& testo)
+clsPDFCreator::DateTime Momento(const std::string& testo, int minutiAEst)
 {
     const auto parte = [&testo](std::size_t da, std::size_t quante) {
         return std::stoi(testo.substr(da, quante));
     };
-    return {parte(0, 4), parte(4, 2), parte(6, 2), parte(8, 2), parte(10, 2), parte(12, 2)};
+    return {parte(0, 4),  parte(4, 2),  parte(6, 2), parte(8, 2),
+            parte(10, 2), parte(12, 2), minutiAEst};
 }
 
 // Wraps an operation without a result.
@@ -86,9 +89,11 @@ Operazione Fa(Lavoro lavoro)
 void Documento(Repertorio& r)
 {
     r["Clock"] = Fa([](auto& pdf, auto& a) {
-        pdf.SetClock({[momento = Momento(a.S(0))] { return momento; }, [] { return 7; }});
+        pdf.SetClock({[momento = Momento(a.S(0), a.I(1))] { return momento; }, [] { return 7; }});
     });
     r["ShareFonts"] = Fa([](auto& pdf, auto& a) { pdf.ShareFonts(a.B(0)); });
+    r["Conforming"] = Fa([](auto& pdf, auto& a) { pdf.Conforming(a.B(0, true)); });
+    r["Compress"] = Fa([](auto& pdf, auto& a) { pdf.Compress(a.I(0)); });
     r["PDFReader"] = Fa([](auto& pdf, auto& a) { pdf.PDFReader(a.I(0)); });
     r["Margin"] = Fa([](auto& pdf, auto& a) { pdf.Margin(a.F(0)); });
     r["Orientation"] = Fa([](auto& pdf, auto& a) { pdf.Orientation(a.I(0)); });
@@ -99,6 +104,11 @@ void Documento(Repertorio& r)
     });
     r["BeginDoc"] = [](Scena& scena, const Argomenti& a) {
         scena.Nome = scena.Pdf.BeginDoc(scena.Cartella + a.S(0));
+        return json();
+    };
+    r["BeginDocTo"] = [](Scena& scena, const Argomenti& a) {
+        if (a.S(0) == "stream") scena.Pdf.BeginDocTo(scena.Flusso);
+        else scena.Pdf.BeginDocTo([&scena](std::string_view pezzo) { scena.Flusso << pezzo; });
         return json();
     };
     r["EndDoc"] = Fa([](auto& pdf, auto&) { pdf.EndDoc(); });
@@ -285,7 +295,7 @@ bool Uguali(const json& atteso, const json& avuto)
 Recita RecitaCopione(const std::string& copione, const std::string& cartella)
 {
     Recita recita;
-    Scena scena{{}, cartella, {}};
+    Scena scena{{}, {}, cartella, {}};
     for (const json& chiamata : json::parse(copione)) {
         if (chiamata[0] != "Expect") {
             Chiama(scena, chiamata, 0, chiamata);
@@ -298,7 +308,7 @@ Recita RecitaCopione(const std::string& copione, const std::string& cartella)
             recita.Mancate.push_back(chiamata.dump() + " gave " + avuto.dump());
         }
     }
-    recita.Pdf = Byte(scena.Nome);
+    recita.Pdf = scena.Nome.empty() ? scena.Flusso.str() : Byte(scena.Nome);
     return recita;
 }
 

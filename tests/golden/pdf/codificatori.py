@@ -1,5 +1,7 @@
 """Stream encoders of the reference PDF writer: bytes in, bytes out."""
 
+import zlib
+
 PULISCI, FINE, PRIMO = 256, 257, 258
 
 # From here on an encoder may clear its table when it likes.
@@ -22,6 +24,11 @@ def AScii85(dati):
 
 def AEsadecimale(dati):
     return dati.hex().upper().encode("ascii") + b">"
+
+
+def Comprimi(dati, livello):
+    """Deflated with the header and the check of zlib (RFC 1950)."""
+    return zlib.compress(dati, livello)
 
 
 class DatiLunghi(Exception):

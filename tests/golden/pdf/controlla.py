@@ -16,10 +16,10 @@ import subprocess
 import sys
 import tempfile
 import xml.etree.ElementTree
+import zlib
 from fractions import Fraction
 
 import numeri
-from scrittore import Scrittore
 from suona import Leggi, QUI, Suona
 
 # The one complaint allowed: the size in the trailer, one short on purpose.
@@ -81,7 +81,8 @@ def Struttura(percorso):
             continue
         flusso = corpo[taglio.end():-len(b"endstream\r\n")]
         Pretendi(corpo.endswith(b"endstream\r\n"), f"object {numero}: no endstream")
-        Pretendi(corpi[int(taglio.group(1))] == b"%d\r\n" % len(flusso),
+        sgonfio = b"/FlateDecode" in corpo[:taglio.start()]
+        Pretendi(corpi[int(taglio.group(1))] == b"%d\r\n" % (len(flusso) - 2 * sgonfio),
                  f"object {numero}: wrong length")
         if b"/Metadata" in corpo[:taglio.start()]:
             dichiarata = int(re.search(rb"bytes='(\d+)'", flusso).group(1))
@@ -89,7 +90,7 @@ def Struttura(percorso):
             xml.etree.ElementTree.fromstring(flusso.decode("ascii").split("?>", 1)[1]
                                              .rsplit("<?xpacket", 1)[0])
         else:
-            Bilancio(flusso)
+            Bilancio(zlib.decompress(flusso[:-2]) if sgonfio else flusso)
 
 
 # What was written by hand: a whole document, and a piece of one that ends in the middle.
@@ -173,8 +174,7 @@ def Confronta(copione):
     Pretendi(Suona(chiamate) == atteso, "the golden is not what the scenario makes")
     diverse = []
     for insieme in VARIANTI:
-        classe = type("Variante", (Scrittore,), {"varianti": frozenset(insieme)})
-        if Suona(chiamate, classe) != atteso:
+        if Suona(chiamate, frozenset(insieme)) != atteso:
             diverse.append("+".join(sorted(insieme)))
     Pretendi(not diverse, "depends on the readings " + ", ".join(diverse))
     fragili = NumeriFragili(lambda: Suona(chiamate))

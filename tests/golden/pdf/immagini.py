@@ -2,7 +2,7 @@
 
 import os
 
-from codificatori import AEsadecimale, ALzw, AScii85
+from codificatori import AEsadecimale, ALzw, AScii85, Comprimi
 from figure import LeggiFigura
 from numeri import Byte, ErroreScrittore, Singolo
 
@@ -24,13 +24,23 @@ class Immagini:
         return AScii85(testo.encode("utf-8")).decode("ascii")
 
     def DrawImage(self, nome, x, y, larghezza, altezza, chiave=""):
+        self.Figura(("file", nome, Byte(chiave)), nome, x, y, larghezza, altezza)
+
+    def DrawImageData(self, nome, x, y, larghezza, altezza, chiave=""):
+        """nome: of the file whose bytes a program would pass."""
+        with open(os.path.join(SEMI, nome), "rb") as archivio:
+            dati = archivio.read()
+        chi = ("chiave", Byte(chiave)) if chiave else ("byte", dati)
+        self.Figura(chi, nome, x, y, larghezza, altezza)
+
+    def Figura(self, chi, nome, x, y, larghezza, altezza):
+        """chi: what makes a picture the same as one already there."""
         x, y, larghezza, altezza = map(Singolo, (x, y, larghezza, altezza))
-        voci = [(voce["nome"], voce["chiave"]) for voce in self.immagini]
-        if (nome, Byte(chiave)) not in voci:
-            self.immagini.append({"nome": nome, "chiave": Byte(chiave),
-                                  "figura": LeggiFigura(os.path.join(SEMI, nome))})
-            voci.append((nome, Byte(chiave)))
-        numero = voci.index((nome, Byte(chiave))) + 1
+        voci = [voce["chi"] for voce in self.immagini]
+        if chi not in voci:
+            self.immagini.append({"chi": chi, "figura": LeggiFigura(os.path.join(SEMI, nome))})
+            voci.append(chi)
+        numero = voci.index(chi) + 1
         v = self.interno
         self.BeginGraphicSpace(v(x), v(y + altezza))
         # The picture's own y axis goes up.
@@ -42,6 +52,8 @@ class Immagini:
 
     def Codifica(self, dati, filtro):
         """Encoded data and the names of their filters, in decoding order."""
+        if self.livello and not self.filtri and not filtro:
+            return Comprimi(dati, self.livello), "/Filter /FlateDecode "
         if self.filtri & 1 and not filtro:
             raise ErroreScrittore("the runs of a run-length encoder are its own choice")
         if self.filtri & 2 and not filtro:
@@ -52,12 +64,12 @@ class Immagini:
             dati, filtro = AEsadecimale(dati), "/ASCIIHexDecode " + filtro
         return dati, f"/Filter [\r{filtro}] " if filtro else ""
 
-    def Flusso(self, dati, righe):
+    def Flusso(self, dati, righe, filtro=""):
         """Writes "stream", the data and "endstream"; returns their length."""
         self.prWriteRaw("stream")
-        inizio = len(self.dati)
-        self.dati += InRighe(dati) if righe else dati + b"\r\r\n"
-        lunghezza = len(self.dati) - inizio
+        dati = InRighe(dati) if righe else dati + Coda(filtro)
+        self.dati += dati
+        lunghezza = len(dati) - (len(Coda(filtro)) if Sgonfio(filtro) else 0)
         self.prWriteRaw("endstream")
         self.prEndObj()
         return lunghezza
@@ -83,7 +95,7 @@ class Immagini:
         if figura.inversa:
             self.prWriteRaw("/Decode [1 0 1 0 1 0 1 0]")
         self.prWriteRaw(">>")
-        lunghezza = self.Flusso(dati, righe)
+        lunghezza = self.Flusso(dati, righe, filtro)
         self.prInitObj()
         self.prPrint("#i", lunghezza)
         self.prEndObj()
@@ -92,10 +104,19 @@ class Immagini:
 
     def Tavolozza(self, tavolozza, righe):
         dati, filtro = self.Codifica(tavolozza, "")
-        lunga = len(InRighe(dati)) if righe else len(dati) + 3
+        lunga = len(InRighe(dati)) if righe else len(dati) + (0 if Sgonfio(filtro) else 3)
         self.prInitObj()
         self.prPrint("<< #t /Length #i >>", filtro, lunga)
-        self.Flusso(dati, righe)
+        self.Flusso(dati, righe, filtro)
+
+
+def Sgonfio(filtro):
+    return "Flate" in filtro
+
+
+def Coda(filtro):
+    """What follows the data; only behind deflated ones it is not counted among them."""
+    return b"\r\n" if Sgonfio(filtro) else b"\r\r\n"
 
 
 def InRighe(dati):

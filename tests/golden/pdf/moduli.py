@@ -22,17 +22,15 @@ class Moduli:
         self.prPrint("/BBox [#s #s #s #s]", margine, margine,
                      self.larghezza - margine, self.altezza - margine)
         self.prWriteRaw("/Matrix [1 0 0 1 0 0]")
-        self.prPrint("/Length #i 0 R >>", numero + 1)
-        self.prWriteRaw("stream")
-        self.inizioFlusso = len(self.dati)
+        self.prPrint("#t/Length #i 0 R >>", self.prFiltro(), numero + 1)
+        self.ApriFlusso()
         self.risorseModuli += f"/{nome} {numero} 0 R \r"
         self.prWriteRaw("q")
         self.NuovoContenuto()
 
     def EndObject(self):
         self.prWriteRaw("Q")
-        lunghezza = len(self.dati) - self.inizioFlusso
-        self.prWriteRaw("endstream")
+        lunghezza = self.ChiudiFlusso()
         self.prEndObj()
         self.prInitObj()
         self.prPrint("#i", lunghezza)

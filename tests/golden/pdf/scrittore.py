@@ -9,7 +9,7 @@ import json
 import os
 
 from codici import Codici
-from codificatori import ALzw
+from codificatori import ALzw, Comprimi
 from disegno import Disegno
 from immagini import Immagini, SEMI
 from moduli import Moduli
@@ -58,9 +58,10 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
     #   "misure":    a measured text length is rounded to 32 bits
     varianti = frozenset()
 
-    def __init__(self, orologio):
-        """orologio: time of creation as yyyymmddhhmmss."""
-        self.orologio = orologio
+    def __init__(self, orologio, est=0):
+        """orologio: time of creation as yyyymmddhhmmss; est: minutes east of UTC."""
+        self.orologio, self.est = orologio, est
+        self.livello, self.lingua = 0, None
         self.dati = bytearray()
         self.aperto = False
         self.titolo, self.soggetto, self.parole = "(senza titolo)", "", ""
@@ -108,6 +109,28 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
     def prEndObj(self):
         self.prWriteRaw("endobj")
 
+    def ApriFlusso(self):
+        """Begins a stream that is deflated when Compress asks for it."""
+        self.prWriteRaw("stream")
+        self.prima, self.dati = self.dati, bytearray()
+
+    def ChiudiFlusso(self):
+        """Ends it and returns its length."""
+        dati = bytes(self.dati)
+        if self.livello:
+            # The line end before "endstream" does not count (ISO 32000-1, 7.3.8.1).
+            dati = Comprimi(dati, self.livello)
+            self.prima += dati + b"\r\n"
+        else:
+            self.prima += dati
+        self.dati = self.prima
+        self.prWriteRaw("endstream")
+        return len(dati)
+
+    def prFiltro(self):
+        """What the dictionary of a drawing says of its filter."""
+        return "/Filter /FlateDecode " if self.livello else ""
+
     def interno(self, valore):
         """An argument passed from one operation to another."""
         return Singolo(valore) if "argomenti" in self.varianti else valore
@@ -125,6 +148,14 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
 
     def ShareFonts(self, valore):
         self.condividi = bool(valore)
+
+    def Compress(self, livello):
+        if not 0 <= livello <= 9:
+            raise ErroreScrittore(f"no level: {livello}")
+        self.livello = livello
+
+    def SetLanguage(self, lingua):
+        self.lingua = lingua
 
     def SetScale(self, modo, punti=1.0):
         if modo == 255:
@@ -182,6 +213,9 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
             "soggetto": self.soggetto, "parole": self.parole,
         })
         return nome
+
+    def BeginDocTo(self, _dove):
+        self.BeginDoc("")
 
     def EndDoc(self):
         profilo = self.prWriteOutlines() if self.segnalibri else 0
@@ -288,9 +322,8 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
         self.figli += f"{pagina} 0 R "
         self.AggiungiEtichetta(etichetta, Byte(prefisso), primo)
         self.prInitObj(pagina + 1)
-        self.prPrint("<< /Length #i 0 R >>", pagina + 2)
-        self.prWriteRaw("stream")
-        self.inizioFlusso = len(self.dati)
+        self.prPrint("<< #t/Length #i 0 R >>", self.prFiltro(), pagina + 2)
+        self.ApriFlusso()
         self.prPrint("1 0 0 -1 0 #s cm ", self.altezza)
         self.Nero()
         self.prPlayAutoObjects(False)
@@ -309,8 +342,7 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
 
     def EndPage(self):
         self.prPlayAutoObjects(True)
-        lunghezza = len(self.dati) - self.inizioFlusso
-        self.prWriteRaw("endstream")
+        lunghezza = self.ChiudiFlusso()
         self.prEndObj()
         oggetto = self.prInitObj()
         self.prPrint("#i", lunghezza)
@@ -377,6 +409,10 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
             "discesa": font.discesa, "font": font, "incorpora": incorpora,
         })
 
+    def AddFontData(self, file, nome, incorpora=True):
+        """file: whose bytes a program would pass."""
+        self.AddFont(file, nome, incorpora)
+
     def SetFontSize(self, corpo):
         self.corpo = Singolo(corpo)
 
@@ -437,10 +473,10 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
 
     def FileDelFont(self, dati):
         flusso = self.prInitObj()
-        self.prPrint("<< /Filter /LZWDecode /Length #i 0 R /Length1 #i 0 R >>",
-                     flusso + 1, flusso + 2)
-        codici = ALzw(dati)
-        self.Flusso(codici, False)
+        self.prPrint("<< /Filter /#t /Length #i 0 R /Length1 #i 0 R >>",
+                     "FlateDecode" if self.livello else "LZWDecode", flusso + 1, flusso + 2)
+        codici = Comprimi(dati, self.livello) if self.livello else ALzw(dati)
+        self.Flusso(codici, False, "Flate" if self.livello else "")
         # The line end after the codes is not counted here.
         for numero in (len(codici), len(dati)):
             self.prInitObj()

@@ -7,7 +7,8 @@ Writes DIR/COPIONE.pdf (by default beside this script).  A scenario is one
 array of calls, one call a line: ["Operation", argument, ...].  Besides the
 writer's operations:
 
-    ["Clock", "yyyymmddhhmmss"]   first of all; the writer is created by it
+    ["Clock", "yyyymmddhhmmss", minutes east]
+                                  first of all; the writer is created by it
     ["Expect", "Operation", argument, ..., result]
                                   the call must give this result; numbers
                                   within one part in ten thousand
@@ -18,6 +19,7 @@ import json
 import os
 import sys
 
+from conforme import Conforme
 from numeri import ErroreScrittore
 from scrittore import Scrittore
 
@@ -37,6 +39,7 @@ OPERAZIONI = frozenset((
     "SetColorLine", "ToColor", "ShareFonts", "AddBookmark", "AddNoteIcon", "AddNoteBox",
     "AddNoteStamp", "AddWebLink", "FilterDecode", "DrawImage", "AddFont", "prToASCII85",
     "DrawEAN13", "DrawCODE39", "BeginTiling", "EndTiling", "SetLinearFill", "SetRadialFill",
+    "Conforming", "Compress", "SetLanguage", "BeginDocTo", "AddFontData", "DrawImageData",
 ))
 
 
@@ -58,12 +61,13 @@ def Chiama(scrittore, nome, argomenti):
     return getattr(scrittore, nome)(*argomenti)
 
 
-def Suona(copione, classe=Scrittore):
+def Suona(copione, varianti=frozenset()):
     """The bytes of the document that a list of calls makes."""
-    scrittore = None
+    scrittore, classe = None, Conforme if ["Conforming", True] in copione else Scrittore
     for numero, (nome, *argomenti) in enumerate(copione, 1):
         if nome == "Clock":
-            scrittore = classe(argomenti[0])
+            scrittore = classe(*argomenti)
+            scrittore.varianti = varianti
         elif nome == "Expect":
             operazione, *argomenti, atteso = argomenti
             avuto = Chiama(scrittore, operazione, argomenti)

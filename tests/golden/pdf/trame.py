@@ -21,17 +21,15 @@ class Trame:
         self.prPrint("/XStep #s /YStep #s", passoX, passoY)
         self.prPrint("/Resources #i 0 R", 5)
         self.prWriteRaw("/Matrix [1 0 0 1 0 0]")
-        self.prPrint("/Length #i 0 R >>", numero + 1)
-        self.prWriteRaw("stream")
-        self.inizioFlusso = len(self.dati)
+        self.prPrint("#t/Length #i 0 R >>", self.prFiltro(), numero + 1)
+        self.ApriFlusso()
         self.risorseTrame += f"/{nome} {numero} 0 R \r"
         if x1 != 0 or y1 != 0:
             self.prPrint("1 0 0 1 #s #s cm", x1, y1)
         self.prPrint("1 0 0 -1 0 #s cm", y2 - y1)
 
     def EndTiling(self):
-        lunghezza = len(self.dati) - self.inizioFlusso
-        self.prWriteRaw("endstream")
+        lunghezza = self.ChiudiFlusso()
         self.prEndObj()
         self.prInitObj()
         self.prPrint("#i", lunghezza)
