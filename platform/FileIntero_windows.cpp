@@ -96,9 +96,9 @@ FileIntero::FileIntero(std::string percorso)
 
 FileIntero::~FileIntero() = default;
 
-void FileIntero::Scrivi(std::string_view byte)
+void FileIntero::Scrivi(std::string_view pezzo)
 {
-    ScriviSuDescrittore(m->File, byte, m_percorso);
+    ScriviSuDescrittore(m->File, pezzo, m_percorso);
 }
 
 void FileIntero::MettiAPosto()

@@ -129,9 +129,9 @@ TEST(FileIntero, IlSeguenteToglieCioCheUnUccisoHaLasciato)
 TEST(FileIntero, CioCheSomigliaAUnIncompiutoResta)
 {
     const CartellaDiProva cartella;
-    Nomi nomi = {".taglie.7.incompiuto",  ".taglie.007.incompiuto", ".taglie.07.incompiuto~",
-                 ".taglie.07.Incompiuto", "taglie.07.incompiuto",   ".taglie.100.incompiuto",
-                 ".taglie..incompiuto",   ".taglie.0x.incompiuto"};
+    Nomi nomi = {".taglie.7.incompiuto", ".taglie.007.incompiuto", ".taglie.07.incompiuto~",
+                 ".taglie.07.completo",  "taglie.07.incompiuto",   ".taglie.100.incompiuto",
+                 ".taglie..incompiuto",  ".taglie.0x.incompiuto"};
     for (const auto& nome : nomi) {
         EXPECT_FALSE(NomeRiservato(nome)) << nome;
         Scrivi(cartella.File(nome), "altrui");
