@@ -17,6 +17,9 @@
 // Coordinates: the origin is the top left corner of the page, x grows to the right, y downward.
 // Lengths are in user units (SetScale), font sizes, character and word spacing always in points.
 //
+// Operations that choose by a number take its name as well: AlignRight is 2, and all others stand in
+// clsPDFCreator_Options.h.
+//
 // Texts are UTF-8 and become Windows-1252 bytes in the file; a character outside that set is
 // drawn as "?". File names are the system's own bytes, passed on unchanged. Colours are texts:
 //
@@ -48,6 +51,7 @@
 #pragma once
 
 #include "ErroreRuntime.h"
+#include "clsPDFCreator_Options.h"
 
 #include <cstdint>
 #include <functional>
@@ -57,7 +61,7 @@
 #include <string_view>
 #include <vector>
 
-class SCALVINO_PUBBLICO clsPDFCreator
+class SCALVINO_PUBBLICO clsPDFCreator : public clsPDFCreatorOptions
 {
 public:
     // A moment of the Gregorian calendar, written into the document as it is.

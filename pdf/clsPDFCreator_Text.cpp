@@ -9,19 +9,8 @@ namespace {
 
 enum : std::int32_t
 {
-    AlignLeft = 1,
-    AlignRight = 2,
-    AlignCentre = 4,
-    AlignBottom = 16,
-    AlignMiddle = 32,
-    AlignJustified = 64,
-
     LineAlignment = 7, // the bits that DrawText looks at
     BoxAlignment = 71, // and those of a box, of which exactly one counts
-
-    Underline = 4,
-    Overline = 8,
-    StrikeOut = 16,
 };
 
 } // namespace
@@ -63,7 +52,7 @@ void clsPDFCreator::DrawText(float X, float Y, std::string_view Text, std::int32
     double x = X;
     const std::int32_t alignment = Options & LineAlignment;
     if (alignment == AlignRight) x -= m->prTextWidth(text);
-    if (alignment == AlignCentre) x -= m->prTextWidth(text) / 2;
+    if (alignment == AlignCenter) x -= m->prTextWidth(text) / 2;
     const double left = m->prInPoints(x);
     const double baseline = m->prInPoints(Y);
     m->prSetCurrent(left, baseline + m->FontSize);
@@ -138,10 +127,11 @@ void clsPDFCreator::State::prDrawDecorations(double x, double y, std::string_vie
         std::int32_t Style;
         double Distance;
     };
-    constexpr Decoration decorations[] = {{Underline, 0.125}, {Overline, -0.8}, {StrikeOut, -0.3}};
+    constexpr Decoration decorations[] = {
+        {StyleUnderline, 0.125}, {StyleOverline, -0.8}, {StyleStrikeOut, -0.3}};
     constexpr double widthPart = 16;
 
-    if ((FontStyle & (Underline | Overline | StrikeOut)) == 0) return;
+    if ((FontStyle & (StyleUnderline | StyleOverline | StyleStrikeOut)) == 0) return;
     const double size = FontSize;
     const double length = prInPoints(prTextWidth(text));
     Out.prPrint(size / widthPart, " w ");
@@ -165,10 +155,10 @@ void clsPDFCreator::State::prWriteLine(const pdf::TextLine& line, double width, 
     const double room = width - line.Width;
     double offset = firstIndent;
     if (alignment == AlignRight) offset += room;
-    if (alignment == AlignCentre) offset += room / 2;
+    if (alignment == AlignCenter) offset += room / 2;
     const bool known = alignment == AlignLeft || alignment == AlignJustified;
     const bool moved =
-        alignment == AlignRight || alignment == AlignCentre || (known && firstIndent != 0);
+        alignment == AlignRight || alignment == AlignCenter || (known && firstIndent != 0);
     const bool justified = alignment == AlignJustified && line.Blanks > 0 && !line.LastOfParagraph;
 
     if (justified) Out.prPart(prInPoints(room) / line.Blanks, " Tw ");
