@@ -1,13 +1,10 @@
 // A PDF writer: pages are written to the file as they are drawn.
 //
 //     clsPDFCreator pdf;
-//     pdf.SetScale(3);                        // centimetres
-//     pdf.BeginDoc("saluto.pdf");
-//     pdf.BeginPage();
+//     pdf.BeginDoc("saluto.pdf"); pdf.BeginPage();
 //     pdf.SetFont("Times New Roman", 24);
-//     pdf.DrawText(10.5, 5, "Buongiorno", 4); // centred on 10.5 cm
-//     pdf.EndPage();
-//     pdf.EndDoc();
+//     pdf.DrawText(298, 100, "Buongiorno", clsPDFCreator::AlignCenter); // in the middle of A4
+//     pdf.EndPage(); pdf.EndDoc();
 //
 // Life of a document: settings, BeginDoc, then pages (BeginPage ... EndPage) and reusable objects
 // (BeginObject ... EndObject, outside pages), EndDoc. One object writes one document, used by one
@@ -17,8 +14,8 @@
 // Coordinates: the origin is the top left corner of the page, x grows to the right, y downward.
 // Lengths are in user units (SetScale), font sizes, character and word spacing always in points.
 //
-// Operations that choose by a number take its name as well: AlignRight is 2, and all others stand in
-// clsPDFCreator_Options.h.
+// Operations that choose by a number take its name as well: AlignRight is 2, and all others stand
+// in clsPDFCreator_Options.h.
 //
 // Texts are UTF-8 and become Windows-1252 bytes in the file; a character outside that set is
 // drawn as "?". File names are the system's own bytes, passed on unchanged. Colours are texts:
@@ -59,6 +56,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 class SCALVINO_PUBBLICO clsPDFCreator : public clsPDFCreatorOptions
@@ -625,6 +623,33 @@ public:
 
 private:
     struct SCALVINO_INTERNO State;
+
+    // A pointer in the place of a switch, such as a text for the bars of DrawEAN13, would silently
+    // count as true: such a call does not compile.
+    template <typename... Values>
+    using IfPointer =
+        std::enable_if_t<(... || (std::is_pointer_v<Values> || std::is_member_pointer_v<Values>))>;
+
+    template <typename T, typename = IfPointer<T>>
+    void ShareFonts(T) = delete;
+    template <typename T, typename = IfPointer<T>>
+    void Conforming(T) = delete;
+    template <typename T, typename = IfPointer<T>>
+    void AddNoteIcon(std::string_view, std::int32_t, float, float, T, std::string_view = {},
+                     std::string_view = {}, std::int32_t = 0) = delete;
+    template <typename... T, typename = IfPointer<T...>>
+    void SetRadialFill(const std::vector<std::string>&, float, float, float, float, float, float,
+                       T...) = delete;
+    template <typename... T, typename = IfPointer<T...>>
+    void SetLinearFill(const std::vector<std::string>&, float, float, float, float, T...) = delete;
+    template <typename T, typename = IfPointer<T>>
+    void DrawEAN13(std::string_view, float, float, T, float = 0, float = 0) = delete;
+    template <typename T, typename = IfPointer<T>>
+    void DrawCODE39(std::string_view, float, float, float, T, float = 0, float = 0) = delete;
+    template <typename T, typename = IfPointer<T>>
+    void AddFont(const std::string&, std::string_view, T) = delete;
+    template <typename T, typename = IfPointer<T>>
+    void AddFontData(std::string_view, std::string_view, T) = delete;
 
     static std::string ColorOf(const float* values, std::size_t count);
 
