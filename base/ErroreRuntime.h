@@ -47,6 +47,10 @@ public:
     const std::string& File() const noexcept { return m_file; }
     const std::string& Motivo() const noexcept { return m_motivo; }
 
+    // Number and reason for programs in English, which know this class as clsPDFCreator::Error.
+    int Number() const noexcept { return static_cast<int>(m_numero); }
+    const std::string& Reason() const noexcept { return m_motivo; }
+
     // One line "file: reason"; the number's text stands in for whichever of the two is empty.
     const char* what() const noexcept override { return m_messaggio.c_str(); }
 

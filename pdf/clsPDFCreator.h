@@ -62,6 +62,10 @@
 class SCALVINO_PUBBLICO clsPDFCreator : public clsPDFCreatorOptions
 {
 public:
+    // What is thrown: what() is file and reason in one line, in Italian; Number() one of the error
+    // numbers; File() and Reason() are empty where there is none. ErroreRuntime is the same type.
+    using Error = ErroreRuntime;
+
     // A moment of the Gregorian calendar, written into the document as it is.
     struct DateTime
     {

@@ -111,4 +111,13 @@ struct clsPDFCreatorOptions
     // AddWebLink: how a link looks while it is pressed.
     static constexpr std::int32_t HighlightNone = 0, HighlightInvert = 1, HighlightOutline = 2,
                                   HighlightPush = 3;
+
+    // ---- Errors --------------------------------------------------------------------------------
+
+    // What clsPDFCreator::Error::Number says.
+    static constexpr std::int32_t ErrorInvalidCall = 5, ErrorOverflow = 6, ErrorOutOfMemory = 7,
+                                  ErrorTypeMismatch = 13, ErrorFileNotFound = 53,
+                                  ErrorInputOutput = 57, ErrorDiskFull = 61,
+                                  ErrorPermissionDenied = 70, ErrorFileAccess = 75,
+                                  ErrorPathNotFound = 76;
 };

@@ -28,6 +28,8 @@ TEST(ErroreRuntime, FileEMotivoInUnaRiga)
     EXPECT_EQ(errore.Testo(), "Disco pieno");
     EXPECT_EQ(errore.Motivo(), "spazio esaurito");
     EXPECT_EQ(errore.File(), "/tmp/taglie.txt");
+    EXPECT_EQ(errore.Number(), 61);
+    EXPECT_EQ(errore.Reason(), "spazio esaurito");
     EXPECT_STREQ(errore.what(), "/tmp/taglie.txt: spazio esaurito");
 }
 

@@ -112,6 +112,21 @@ TEST(Options, Timbri)
         (Numeri{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}));
 }
 
+TEST(Options, Errori)
+{
+    EXPECT_EQ((Numeri{Pdf::ErrorInvalidCall, Pdf::ErrorOverflow, Pdf::ErrorOutOfMemory,
+                      Pdf::ErrorTypeMismatch, Pdf::ErrorFileNotFound, Pdf::ErrorInputOutput,
+                      Pdf::ErrorDiskFull, Pdf::ErrorPermissionDenied, Pdf::ErrorFileAccess,
+                      Pdf::ErrorPathNotFound}),
+              (Numeri{5, 6, 7, 13, 53, 57, 61, 70, 75, 76}));
+    try {
+        clsPDFCreator().EndDoc();
+        FAIL() << "no document is open";
+    } catch (const clsPDFCreator::Error& errore) {
+        EXPECT_EQ(errore.Number(), Pdf::ErrorInvalidCall);
+    }
+}
+
 // They mix with numbers, with one another and with what is known at run time only, and are found
 // through an object, too.
 TEST(Options, SonoNumeri)
