@@ -59,6 +59,14 @@
 #include <type_traits>
 #include <vector>
 
+// The version of this header, for the preprocessor: 10901 is 1.9.1. Version() tells the library's.
+#define CLSPDFCREATOR_VERSION_MAJOR 1
+#define CLSPDFCREATOR_VERSION_MINOR 9
+#define CLSPDFCREATOR_VERSION_PATCH 1
+#define CLSPDFCREATOR_VERSION                                                                      \
+    (CLSPDFCREATOR_VERSION_MAJOR * 10000 + CLSPDFCREATOR_VERSION_MINOR * 100 +                     \
+     CLSPDFCREATOR_VERSION_PATCH)
+
 class SCALVINO_PUBBLICO clsPDFCreator : public clsPDFCreatorOptions
 {
 public:

@@ -195,6 +195,10 @@ TEST(Testata, IlCommentoNominaLaClasseELaVersione)
 TEST(Version, QuellaDelloScrittore)
 {
     EXPECT_EQ(clsPDFCreator::Version(), "1.9.1");
+    EXPECT_EQ(CLSPDFCREATOR_VERSION, 10901);
+    EXPECT_EQ(CLSPDFCREATOR_VERSION_MAJOR, 1);
+    EXPECT_EQ(CLSPDFCREATOR_VERSION_MINOR, 9);
+    EXPECT_EQ(CLSPDFCREATOR_VERSION_PATCH, 1);
 }
 
 // ---- File names ------------------------------------------------------------------------------

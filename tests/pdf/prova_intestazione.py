@@ -107,6 +107,10 @@ class Intestazione(unittest.TestCase):
     def test_da_sola(self):
         self.pulita("#include <clsPDFCreator.h>\n")
 
+    def test_il_preprocessore_sa_la_versione(self):
+        self.pulita("#include <clsPDFCreator.h>\n#if CLSPDFCREATOR_VERSION < 10901 || "
+                    "CLSPDFCREATOR_VERSION_MAJOR != 1\n#error\n#endif\n")
+
     def test_il_primo_esempio_e_di_cinque_righe(self):
         righe = primo_esempio()
         self.assertEqual(len(righe), 5)
