@@ -3,21 +3,20 @@
 #include "Copione.h"
 
 #include "Aiuti.h"
+#include "Json.h"
 #include "clsPDFCreator.h"
-
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include <cmath>
 #include <functional>
 #include <map>
 #include <sstream>
+#include <stdexcept>
 
 namespace aiuti {
 
 namespace {
 
-using nlohmann::json;
+using json = Json;
 
 // The arguments of one call; what is not there takes the operation's default.
 class Argomenti
@@ -277,8 +276,7 @@ json Chiama(Scena& scena, const json& chiamata, std::size_t da, const json& tutt
 {
     const auto trovata = Operazioni().find(tutta[da].get<std::string>());
     if (trovata == Operazioni().end()) {
-        ADD_FAILURE() << "no such operation: " << tutta.dump();
-        return {};
+        throw std::invalid_argument("no such operation: " + tutta.dump());
     }
     return trovata->second(scena, Argomenti(chiamata, da + 1));
 }
