@@ -27,21 +27,19 @@ int main(int argc, char** argv)
     pdf.SetPaperSize(13); // A7
     pdf.BeginDoc(argv[1]);
 
-    constexpr int small = 2;     // small Roman numbers
-    constexpr int noRange = 255; // goes on with the range of the page before
-    pdf.BeginPage(0, small);
+    pdf.BeginPage(clsPDFCreator::PageUpright, clsPDFCreator::LabelSmallRoman);
     Draw(pdf, "i", "Preface");
     pdf.EndPage();
-    pdf.BeginPage(0, noRange);
+    pdf.BeginPage(0, clsPDFCreator::LabelNone); // goes on with the range before
     Draw(pdf, "ii", "Contents");
     pdf.EndPage();
-    pdf.BeginPage(0, 0); // decimal, from 1
+    pdf.BeginPage(0, clsPDFCreator::LabelDecimal); // from 1
     Draw(pdf, "1", "The rules");
     pdf.EndPage();
-    pdf.BeginPage(0, noRange);
+    pdf.BeginPage(0, clsPDFCreator::LabelNone);
     Draw(pdf, "2", "The odds");
     pdf.EndPage();
-    pdf.BeginPage(1, 0, "A-", 10); // turned by 90 degrees, labelled A-10
+    pdf.BeginPage(clsPDFCreator::PageTurned, 0, "A-", 10); // labelled A-10
     Draw(pdf, "A-10", "Annex");
     pdf.EndPage();
     pdf.EndDoc();

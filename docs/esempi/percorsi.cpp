@@ -2,7 +2,6 @@
 #include "clsPDFCreator.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace {
 
@@ -10,8 +9,9 @@ namespace {
 void Star(clsPDFCreator& pdf, float x, float y, float ray, int options)
 {
     constexpr int points = 5;
+    constexpr double pi = 3.141592653589793;
     for (int i = 0; i < points; ++i) {
-        const double angle = (0.8 * i - 0.5) * std::numbers::pi; // every second corner
+        const double angle = (0.8 * i - 0.5) * pi; // every second corner
         const float px = x + ray * static_cast<float>(std::cos(angle));
         const float py = y + ray * static_cast<float>(std::sin(angle));
         if (i == 0) {

@@ -13,15 +13,15 @@ int main(int argc, char** argv)
     pdf.SetColorLine("#C8553D");
     pdf.DrawLine(48, 7, 48, 32);
     pdf.SetFont("Times New Roman", 14);
-    pdf.DrawText(48, 13, "starts at the line", 1);
-    pdf.DrawText(48, 21, "ends at the line", 2);
-    pdf.DrawText(48, 29, "centred on it", 4);
+    pdf.DrawText(48, 13, "starts at the line", clsPDFCreator::AlignLeft);
+    pdf.DrawText(48, 21, "ends at the line", clsPDFCreator::AlignRight);
+    pdf.DrawText(48, 29, "centred on it", clsPDFCreator::AlignCenter);
 
-    pdf.SetFont("Arial", 13, 4);
+    pdf.SetFont("Arial", 13, clsPDFCreator::StyleUnderline);
     pdf.DrawText(12, 46, "underlined");
-    pdf.SetFont("Arial", 13, 8);
+    pdf.SetFont("Arial", 13, clsPDFCreator::StyleOverline);
     pdf.DrawText(12, 56, "overlined");
-    pdf.SetFont("Arial", 13, 16);
+    pdf.SetFont("Arial", 13, clsPDFCreator::StyleStrikeOut);
     pdf.DrawText(12, 66, "struck out");
 
     pdf.SetFont("Arial", 13);
@@ -38,9 +38,9 @@ int main(int argc, char** argv)
     pdf.SetLineStyle(0.3F);
     pdf.SetColorFill("#F0D9A8");
     pdf.SetFont("Times New Roman", 54, 1);
-    pdf.SetTextRenderingMode(2); // filled and stroked
+    pdf.SetTextRenderingMode(clsPDFCreator::RenderFillStroke);
     pdf.DrawText(12, 94, "Scalvino");
-    pdf.SetTextRenderingMode(0);
+    pdf.SetTextRenderingMode(clsPDFCreator::RenderFill);
 
     pdf.SetColorFill("#1F4E3D");
     pdf.SetFont("Times New Roman", 12);

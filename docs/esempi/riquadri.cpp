@@ -17,18 +17,20 @@ int main(int argc, char** argv)
     // A box draws no frame of its own.
     float x = 6;
     pdf.SetFont("Arial", 8.5);
-    for (const int align : {1, 4, 2, 64}) { // left, centre, right, justified
+    for (const int align : {clsPDFCreator::AlignLeft, clsPDFCreator::AlignCenter,
+                            clsPDFCreator::AlignRight, clsPDFCreator::AlignJustified}) {
         pdf.DrawRect(x, 7, 32.5, 24);
         pdf.DrawTextBox(x + 1.5F, 8.5, 29.5, 21, text, 1.2F, 0, align);
         x += 34.5F;
     }
 
     pdf.SetFont("Times New Roman", 12, 2);
-    const char* heights[] = {"top", "bottom", "middle"};
+    const char* names[] = {"top", "bottom", "middle"};
+    const int heights[] = {0, clsPDFCreator::AlignBottom, clsPDFCreator::AlignMiddle};
     for (int i = 0; i < 3; ++i) {
         const float top = 40 + 20 * static_cast<float>(i);
         pdf.DrawRect(6, top, 32.5, 16);
-        pdf.DrawTextBox(6, top, 32.5, 16, heights[i], 1, 0, 4 + 16 * i); // centred
+        pdf.DrawTextBox(6, top, 32.5, 16, names[i], 1, 0, clsPDFCreator::AlignCenter + heights[i]);
     }
 
     // CR LF ends a paragraph; the indent is that of its first line.
