@@ -29,25 +29,57 @@ class Libreria(Prova):
         self.assertEqual(manca.returncode, 2)
         self.assertTrue(manca.stderr.startswith("/non/esiste/x.pdf: "), manca.stderr)
 
+    def configura(self, costruito, *opzioni):
+        return fai(CMAKE, "-S", QUI / "progetto", "-B", costruito, "-G", "Ninja",
+                   f"-DCMAKE_PREFIX_PATH={self.installata}", *opzioni)
+
+    def con_zlib(self):
+        return "Requires.private: zlib" in (
+            self.installata / "lib/pkgconfig/clsPDFCreator.pc").read_text()
+
     def test_un_progetto_fuori_la_trova_con_find_package(self):
         costruito = self.cartella / "fuori"
-        fai(CMAKE, "-S", QUI / "progetto", "-B", costruito, "-G", "Ninja",
-            f"-DCMAKE_PREFIX_PATH={self.installata}")
+        self.configura(costruito)
         fai(CMAKE, "--build", costruito)
+        self.saluta(costruito / "saluto")
         for modo in ["shared", "static"]:
             with self.subTest(modo=modo):
                 self.saluta(costruito / f"saluto_{modo}")
                 # A program may have names that the library has inside.
                 fai(costruito / f"omonimi_{modo}", self.cartella / "omonimi.pdf")
+        self.assertIn("libclsPDFCreator.so.1 => ", fai("ldd", costruito / "saluto"))
+        self.configura(costruito, "-DclsPDFCreator_USE_STATIC_LIBS=ON")
+        fai(CMAKE, "--build", costruito, "--target", "saluto")
+        self.saluta(costruito / "saluto")
+        self.assertNotIn("clsPDFCreator", fai("ldd", costruito / "saluto"))
+
+    def test_solo_la_statica_chiede_zlib(self):
+        if not self.con_zlib():
+            self.skipTest("built without zlib")
+        senza = "-DCMAKE_DISABLE_FIND_PACKAGE_ZLIB=ON"
+        costruito = self.cartella / "senza zlib"
+        self.configura(costruito, senza)
+        fai(CMAKE, "--build", costruito)
+        self.saluta(costruito / "saluto")
+        self.assertFalse((costruito / "saluto_static").exists())
+        for opzione in ["-DclsPDFCreator_USE_STATIC_LIBS=ON", "-DPARTI=static"]:
+            with self.subTest(opzione=opzione), self.assertRaisesRegex(AssertionError, "ZLIB"):
+                self.configura(self.cartella / "mai", senza, opzione)
 
     def test_un_compilatore_solo_la_trova_con_pkg_config(self):
         ambiente = {**os.environ, "PKG_CONFIG_PATH": str(self.installata / "lib/pkgconfig")}
-        programma = self.cartella / "saluto"
-        self.assertEqual(fai("pkg-config", "--modversion", "clsPDFCreator", env=ambiente), "1.9.1\n")
-        opzioni = fai("pkg-config", "--cflags", "--libs", "clsPDFCreator", env=ambiente)
-        fai("g++", "-std=c++20", QUI / "progetto/saluto.cpp", "-o", programma,
-            *shlex.split(opzioni), env=ambiente)
-        self.saluta(programma, {**os.environ, "LD_LIBRARY_PATH": str(self.installata / "lib")})
+        versione = fai("pkg-config", "--modversion", "clsPDFCreator", env=ambiente)
+        self.assertEqual(versione, "1.9.1\n")
+        for statica in [[], ["--static"]]:
+            with self.subTest(statica=statica):
+                programma = self.cartella / f"saluto{len(statica)}"
+                opzioni = shlex.split(fai("pkg-config", "--cflags", "--libs", *statica,
+                                          "clsPDFCreator", env=ambiente))
+                self.assertEqual("-lz" in opzioni, bool(statica) and self.con_zlib())
+                fai("g++", "-std=c++17", QUI / "progetto/saluto.cpp", "-o", programma,
+                    *(["-static"] if statica else []), *opzioni, env=ambiente)
+                self.saluta(programma, {**ambiente,
+                                        "LD_LIBRARY_PATH": str(self.installata / "lib")})
 
 
 if __name__ == "__main__":
