@@ -16,7 +16,8 @@ if FINESTRA:
 VERDE = "69E600" # of the title screen
 
 # Pages of the documentation may lead to what only the sources have.
-SOLO_NEI_SORGENTI = {"../pdf/clsPDFCreator.h", "rigenera.sh", "api/genera.sh"}
+SOLO_NEI_SORGENTI = {"../pdf/clsPDFCreator.h", "../pdf/clsPDFCreator_Options.h",
+                     "rigenera.sh", "api/genera.sh"}
 
 
 class Alberi(Prova):
