@@ -147,7 +147,7 @@ public:
     // but 0 where the library was built without zlib.
     void Compress(std::int32_t Level);
 
-    // The natural language of the document (ISO 32000-1, 14.9.2) as a tag like "it" or "en-GB":
+    // The natural language of the document (ISO 32000-1, 14.9.2) as a Tag like "it" or "en-GB":
     // 1 to 8 letters, then parts of 1 to 8 letters or digits after hyphens (RFC 5646); error 5 for
     // anything else. Call it before EndDoc. A document of version 1.3 thereby becomes one of 1.4.
     void SetLanguage(std::string_view Tag);
