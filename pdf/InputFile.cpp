@@ -1,4 +1,4 @@
-// Reads whole files and hands pictures to the reader of their kind; see InputFile.h.
+// Reads whole files and hands pictures to the reader of their kind; InputFile.h says which.
 
 #include "InputFile.h"
 
@@ -37,6 +37,20 @@ ImageKind prImageKind(std::string_view fileName)
     return ImageKind::Unknown;
 }
 
+ImageKind prImageKindOfData(std::string_view bytes)
+{
+    if (bytes.starts_with("BM")) return ImageKind::Bmp;
+    if (bytes.starts_with("GIF8")) return ImageKind::Gif;
+    if (bytes.starts_with("\xFF\xD8")) return ImageKind::Jpeg;
+    return ImageKind::Unknown;
+}
+
+void prRequireInput(std::string_view bytes, const std::string& what)
+{
+    if (bytes.size() <= LargestInput) return;
+    throw ErroreRuntime(NumeroErrore::Overflow, "è troppo grande", what);
+}
+
 Picture prReadPicture(const std::string& fileName)
 {
     switch (prImageKind(fileName)) {
@@ -49,6 +63,22 @@ Picture prReadPicture(const std::string& fileName)
     default:
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
                             "non è un'immagine .BMP, .GIF, .JPG o .JPEG", fileName);
+    }
+}
+
+Picture prReadPictureData(std::string_view bytes, const std::string& what)
+{
+    prRequireInput(bytes, what);
+    switch (prImageKindOfData(bytes)) {
+    case ImageKind::Bmp:
+        return prReadBMP(bytes, what);
+    case ImageKind::Gif:
+        return prReadGIF(bytes, what);
+    case ImageKind::Jpeg:
+        return prReadJPEG(std::string(bytes), what);
+    default:
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "non è un'immagine BMP, GIF o JPEG",
+                            what);
     }
 }
 

@@ -23,6 +23,30 @@ constexpr std::uint64_t LargestPosition = 9999999999;
     throw ErroreRuntime(NumeroErrore::Overflow, std::move(reason), "clsPDFCreator");
 }
 
+[[noreturn]] void InvalidCall(std::string reason)
+{
+    throw ErroreRuntime(NumeroErrore::ChiamataNonValida, std::move(reason), "clsPDFCreator");
+}
+
+// True for as long as it lives.
+class Handing
+{
+public:
+    explicit Handing(bool& flag)
+        : m_flag(flag)
+    {
+        m_flag = true;
+    }
+    ~Handing() { m_flag = false; }
+    Handing(const Handing&) = delete;
+    Handing& operator=(const Handing&) = delete;
+    Handing(Handing&&) = delete;
+    Handing& operator=(Handing&&) = delete;
+
+private:
+    bool& m_flag;
+};
+
 // Ends data that are written as one run.
 constexpr std::string_view EndOfRun = "\r\r\n";
 
@@ -61,7 +85,7 @@ void Objects::prOpen(std::unique_ptr<Output> output, const Format& format)
     if (deflate && !m_content.Bytes) m_content.Resize(ContentBufferSize);
     if (format.PacksObjects() && !m_packed.Bytes) m_packed.Resize(BufferSize);
     m_deflate = std::move(deflate);
-    m_failure.reset();
+    m_failure = nullptr;
     m_format = format;
     m_counter = 0;
     m_references.Clear();
@@ -86,27 +110,42 @@ void Objects::Shut()
 void Objects::prDiscard()
 {
     m_output.reset();
+    m_failure = nullptr;
     Shut();
 }
 
 void Objects::prClose()
 {
+    prRequireIdle();
     if (!m_output) return;
     if (!m_failure) {
         if (m_at == &m_content) EndContent(); // what was drawn on a page left open
-        if (m_file.Used > 0) Flush();
+        Flush();
     }
     const auto output = std::move(m_output);
     Shut();
-    if (std::exchange(m_failure, std::nullopt)) return; // reported when it happened
+    if (std::exchange(m_failure, nullptr)) return; // reported when it happened
+    const Handing handing(m_handing);
     output->Close();
 }
 
 void Objects::NotOpen() const
 {
-    if (m_failure) throw ErroreRuntime(*m_failure);
-    throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                        "nessun documento è aperto: manca BeginDoc", "clsPDFCreator");
+    prRequireIdle();
+    if (m_failure) std::rethrow_exception(m_failure);
+    InvalidCall("nessun documento è aperto: manca BeginDoc");
+}
+
+void Objects::Busy()
+{
+    InvalidCall("chi riceve il documento non può usare chi lo scrive");
+}
+
+// The error is kept as it was thrown, which takes no memory: there may be none left for another.
+void Objects::prFail()
+{
+    m_failure = std::current_exception();
+    m_at = &m_nothing;
 }
 
 void Objects::Buffer::Resize(std::size_t size)
@@ -127,13 +166,16 @@ void Objects::Buffer::Begin()
 
 void Objects::Flush()
 {
+    if (m_file.Used == 0) return;
+    Buffer* const at = std::exchange(m_at, &m_nothing); // refuses what the receiver calls
     try {
+        const Handing handing(m_handing);
         m_output->Write(m_file.Held());
-    } catch (const ErroreRuntime& error) {
-        m_failure = error;
-        for (Buffer* buffer : Buffers()) buffer->Room = 0;
+    } catch (...) {
+        prFail();
         throw;
     }
+    m_at = at;
     m_file.Leave();
 }
 
@@ -163,9 +205,9 @@ void Objects::EndContent()
     m_at = &m_file;
 }
 
-// A write comes here when the buffer has no room for it. While no file is open, and after a write
-// that failed, it never has any: that is how every write then ends in the error of prRequireOpen,
-// and all others need not ask.
+// A write comes here when the buffer has no room for it. While no document is open, while a piece
+// of it is handed over, and after that failed, it never has any: that is how every write then ends
+// in the error of prRequireOpen, and all others need not ask.
 void Objects::MakeRoom(std::size_t bytes)
 {
     prRequireOpen();
@@ -298,8 +340,20 @@ void Objects::prWriteBytes(std::string_view bytes, ByteRows rows)
         FlushContent();
         return m_deflate->Add(bytes, FileSink());
     }
-    if (rows == ByteRows::None) return prPart(bytes, EndOfRun);
-    prPart(InRows(bytes, rows));
+    if (rows == ByteRows::None) {
+        WriteLong(bytes);
+        return prPart(EndOfRun);
+    }
+    WriteLong(InRows(bytes, rows));
+}
+
+// In pieces that fit the buffer, so that it need not become as large as a picture.
+void Objects::WriteLong(std::string_view bytes)
+{
+    for (; bytes.size() > BufferSize; bytes.remove_prefix(BufferSize)) {
+        prPart(bytes.substr(0, BufferSize));
+    }
+    prPart(bytes);
 }
 
 std::size_t Objects::prLengthOfBytes(std::string_view bytes, ByteRows rows)

@@ -15,8 +15,8 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <exception>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -81,8 +81,8 @@ enum class ByteRows : std::uint8_t
     LettersAndPair,
 };
 
-// Writes one file from front to back. Every failed write is an ErroreRuntime; after one, every
-// further write to this file fails with the same error, so that nothing is ever left out.
+// Writes one document from front to back. After a failed write every further one to this document
+// fails with the same error, so that nothing is ever left out.
 class Objects
 {
 public:
@@ -106,11 +106,23 @@ public:
 
     bool prIsOpen() const { return m_at->Room != 0; }
 
-    // Error 5 when no file is open; the error of the write that failed when one did.
+    // Error 5 when no document is open; the error of the write that failed when one did; that of
+    // prRequireIdle.
     void prRequireOpen() const
     {
         if (m_at->Room == 0) NotOpen();
     }
+
+    // Error 5 while the receiver of the document has a piece of it in hand: what it calls must not
+    // change what is being written.
+    void prRequireIdle() const
+    {
+        if (m_handing) Busy();
+    }
+
+    // While an exception is handled: it is from now on the error of every operation, as if a write
+    // had failed.
+    void prFail();
 
     // Bytes written so far: where the next one will stand. Not within prBeginContent.
     std::uint64_t prPosition() const { return m_file.Gone + m_file.Used; }
@@ -262,6 +274,7 @@ private:
         return m_at->Bytes.get() + m_at->Used;
     }
     void MakeRoom(std::size_t bytes);
+    void WriteLong(std::string_view bytes);
     void Flush();
     void ToFile(std::string_view bytes);
     Deflate::Sink FileSink();
@@ -269,6 +282,7 @@ private:
     void EndContent();
     void Shut();
     [[noreturn]] void NotOpen() const;
+    [[noreturn]] static void Busy();
     std::array<Buffer*, 3> Buffers() { return {&m_file, &m_content, &m_packed}; }
     void BeginByItself(std::int32_t number);
     void Unpack();
@@ -281,10 +295,12 @@ private:
 
     std::unique_ptr<Output> m_output;
     Format m_format;
-    std::optional<ErroreRuntime> m_failure;
+    std::exception_ptr m_failure;       // of the write that failed
+    bool m_handing = false;             // the receiver has a piece of the document in hand
     Buffer m_file;                      // on its way to the output
     Buffer m_content;                   // on its way to m_deflate, whose output goes into m_file
     Buffer m_packed;                    // objects that wait for their stream
+    Buffer m_nothing;                   // has never any room
     Buffer* m_at = &m_file;             // what is being written
     std::unique_ptr<Deflate> m_deflate; // of a document that is compressed
     std::uint64_t m_streamStart = 0;

@@ -34,8 +34,10 @@ private:
     throw ErroreRuntime(NumeroErrore::ErroreInputOutput, std::move(reason), "clsPDFCreator");
 }
 
-// Runs what belongs to somebody else. A failed write must be known as such to the writer, which
-// knows its own type of error only: else it would hand the same bytes over once more.
+constexpr const char* StreamFailed = "il flusso non accetta altri dati";
+
+// Runs what belongs to somebody else: whatever it throws becomes the one type of error of the
+// writer. Where memory is too short even for that, std::bad_alloc passes.
 template <typename Action>
 void Guarded(const Action& action)
 {
@@ -73,31 +75,41 @@ private:
 class StreamOutput : public Output
 {
 public:
+    // A stream that has failed before is refused now: the first piece may be far away.
     explicit StreamOutput(std::ostream& stream)
         : m_stream(stream)
     {
+        RequireGood();
     }
 
     void Write(std::string_view bytes) override
     {
-        Guarded([&] {
-            m_stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-            RequireGood();
-        });
+        Checked([&] { m_stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size())); });
     }
 
     void Close() override
     {
-        Guarded([&] {
-            m_stream.flush();
-            RequireGood();
-        });
+        Checked([&] { m_stream.flush(); });
     }
 
 private:
     void RequireGood() const
     {
-        if (!m_stream) Refused("il flusso non accetta altri dati");
+        if (!m_stream.good()) Refused(StreamFailed);
+    }
+
+    // Where its exceptions are on, a stream tells its own failures in words without a reason.
+    template <typename Action>
+    void Checked(const Action& action) const
+    {
+        Guarded([&] {
+            try {
+                action();
+            } catch (const std::ios_base::failure&) {
+                Refused(StreamFailed);
+            }
+            RequireGood();
+        });
     }
 
     std::ostream& m_stream;

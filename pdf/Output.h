@@ -10,7 +10,8 @@
 
 namespace pdf {
 
-// Failures of all of them are of type ErroreRuntime.
+// Failures of all of them are of type ErroreRuntime; std::bad_alloc where there is no memory for
+// it.
 class Output
 {
 public:
@@ -35,10 +36,11 @@ public:
 std::unique_ptr<Output> prToFile(const std::string& fileName);
 
 // Each piece of the document as one call. Whatever the function throws fails the write, with its
-// reason.
+// reason; error 7 where it was std::bad_alloc.
 std::unique_ptr<Output> prToSink(std::function<void(std::string_view)> sink);
 
-// The stream, which lives as long; a failed state of it fails the write.
+// The stream, which lives as long. Error 57 for one that is not good (std::ios::good), now and at
+// each write.
 std::unique_ptr<Output> prToStream(std::ostream& stream);
 
 } // namespace pdf

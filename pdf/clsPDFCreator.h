@@ -214,13 +214,19 @@ public:
     // is no text. A failure after the old file is gone leaves none.
     std::string BeginDoc(const std::string& FileName = {});
 
-    // Begins a document that goes to Sink as it is made: pieces in their order, some 64 KB each,
-    // nothing sought back. What Sink throws fails the document as a full disk does, with that
-    // reason. Error 5 for an empty function. Otherwise as BeginDoc; OpenDoc has nothing to open.
+    // Begins a document that goes to Sink as it is made: pieces in their order, some 64 KB each and
+    // none empty, each there for the length of one call; nothing is sought back. What Sink throws
+    // fails the document as a full disk does: error 57 with that reason, 7 for std::bad_alloc, an
+    // ErroreRuntime as it is. The operations of this writer are error 5 while Sink is called, but
+    // for those that only tell something; it must not move or destroy the writer. Error 5 for an
+    // empty function; the document still open then goes on. Otherwise as BeginDoc, which may follow
+    // it. OpenDoc has nothing to open. A document without EndDoc stays incomplete: what Sink does
+    // not have yet it never gets.
     void BeginDocTo(std::function<void(std::string_view)> Sink);
 
-    // The same into Stream, a binary one, which must live until EndDoc. A stream that fails fails
-    // the document as a full disk does. EndDoc flushes it.
+    // The same into Stream, a binary one, which must live until EndDoc or the next document. One
+    // that fails, or reports a failure by throwing, fails the document as a full disk does: error
+    // 57, now if it is not good any more. EndDoc flushes it and leaves it open.
     void BeginDocTo(std::ostream& Stream);
 
     // Writes what belongs to the whole document and closes the file. End the last page first.
@@ -536,7 +542,7 @@ public:
 
     // Opens the file of the last BeginDoc with the desktop's program for it, without waiting.
     // Error 5 where there is none: before the first BeginDoc and after a BeginDocTo. Error 53 where
-    // nothing can open files.
+    // nothing can open files. A document that was refused at its beginning counts as none.
     void OpenDoc();
 
     // ---- Barcodes ------------------------------------------------------------------------------
@@ -606,7 +612,8 @@ public:
     // it.
     void AddFont(const std::string& FileName, std::string_view FontName, bool Embed = true);
 
-    // The same from the Bytes of the font's file, which need to live for the call only.
+    // The same from Bytes, all those of the font's file, which need to live for the call only.
+    // Errors tell of font "FontName" in the place of a file.
     void AddFontData(std::string_view Bytes, std::string_view FontName, bool Embed = true);
 
     // The colour text of three values, red, green, blue (0 to 255), or of four, cyan, magenta,
@@ -622,8 +629,10 @@ public:
     // ---- Image data ----------------------------------------------------------------------------
 
     // Draws a picture from its Bytes, a whole file of one of the kinds of DrawImage, told apart by
-    // how it begins; they need to live for the call only. The rest as there, but that a picture is
-    // taken in once for each Key; without one, once for each content.
+    // how it begins; they need to live for the call only. X, Y, Width and Height as there. A Key
+    // stands for one picture: Bytes are looked at when it is drawn first. Without a Key pictures
+    // are told apart by their content, of which a digest is made at each call. Errors tell of
+    // immagine "Key" in the place of a file; error 5 for bytes of no known kind.
     void DrawImageData(std::string_view Bytes, float X, float Y, float Width, float Height,
                        std::string_view Key = {});
 

@@ -106,6 +106,7 @@ clsPDFCreator& clsPDFCreator::operator=(clsPDFCreator&&) noexcept = default;
 
 void clsPDFCreator::SetClock(Clock NewClock)
 {
+    m->Out.prRequireIdle();
     m->DocClock = std::move(NewClock);
     m->CreationDate = DateOf(m->DocClock.Now());
 }
@@ -117,16 +118,19 @@ std::string clsPDFCreator::Version()
 
 void clsPDFCreator::PDFReader(std::int32_t ReaderVersion)
 {
+    m->Out.prRequireIdle();
     m->ReaderVersion = ReaderVersion;
 }
 
 void clsPDFCreator::Conforming(bool On)
 {
+    m->Out.prRequireIdle();
     m->Conforming = On;
 }
 
 void clsPDFCreator::Compress(std::int32_t Level)
 {
+    m->Out.prRequireIdle();
     constexpr std::int32_t smallest = 9;
     std::string reason;
     if (Level < 0 || Level > smallest) reason = "i documenti si comprimono da 0 a 9";
@@ -141,11 +145,13 @@ void clsPDFCreator::Compress(std::int32_t Level)
 
 void clsPDFCreator::Orientation(std::int32_t NewOrientation)
 {
+    m->Out.prRequireIdle();
     m->DocOrientation = NewOrientation;
 }
 
 void clsPDFCreator::Margin(float NewMargin)
 {
+    m->Out.prRequireIdle();
     State::prRequireFinite(NewMargin);
     m->PageMargin = pdf::prFloat(m->prInPoints(NewMargin));
 }
@@ -160,6 +166,7 @@ void clsPDFCreator::SetScale(std::int32_t Mode, float Custom)
     constexpr double inch = 72;
     constexpr double millimetresPerInch = 25.4;
     constexpr std::int32_t customMode = 255;
+    m->Out.prRequireIdle();
     State::prRequireFinite(Custom);
     if (Mode == 0) m->Scale = 1;
     if (Mode == 1) m->Scale = inch;
@@ -170,6 +177,7 @@ void clsPDFCreator::SetScale(std::int32_t Mode, float Custom)
 
 void clsPDFCreator::SetPaperSize(std::int32_t Code, float Width, float Height)
 {
+    m->Out.prRequireIdle();
     State::prRequireFinite(Width, Height);
     if (Code == CustomPaper) {
         m->PageWidth = pdf::prFloat(m->prInPoints(Width));
@@ -185,6 +193,7 @@ void clsPDFCreator::SetDocProperty(std::string_view DocTitle, std::string_view D
                                    std::string_view DocAuthor, std::string_view DocCreator,
                                    std::string_view DocProducer, std::string_view DocKeywords)
 {
+    m->Out.prRequireIdle();
     auto& properties = m->DocProperties;
     properties.Title = DocTitle;
     properties.Subject = DocSubject;

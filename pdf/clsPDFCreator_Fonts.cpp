@@ -119,6 +119,7 @@ std::uint16_t InWidth(float width)
 
 void clsPDFCreator::SetFont(std::string_view FontFamily, float Size, std::int32_t Style)
 {
+    m->Out.prRequireIdle();
     State::prRequireFinite(Size);
     auto& request = m->prRequestOf(FontFamily, Style);
     const std::size_t found = m->prFindFont(request);
@@ -129,12 +130,14 @@ void clsPDFCreator::SetFont(std::string_view FontFamily, float Size, std::int32_
 
 void clsPDFCreator::SetFontSize(float Size)
 {
+    m->Out.prRequireIdle();
     State::prRequireFinite(Size);
     m->FontSize = Size;
 }
 
 void clsPDFCreator::ShareFonts(bool Share)
 {
+    m->Out.prRequireIdle();
     m->ShareFonts = Share;
 }
 
@@ -216,26 +219,38 @@ double clsPDFCreator::State::prTextWidth(std::string_view text) const
 
 void clsPDFCreator::AddFont(const std::string& FileName, std::string_view FontName, bool Embed)
 {
-    // Itself and its descriptor; embedded, its file with its length in the document and its own.
-    const std::int32_t objects = Embed ? 5 : 2;
-    m->prRequireObjects(objects);
-    const std::string bytes = pdf::prReadFile(FileName);
-    auto font = std::make_unique<State::TrueType>();
-    font->File = pdf::prReadTrueType(bytes, FileName);
-    if (Embed && !font->File.MayEmbed) {
+    m->Out.prRequireIdle();
+    m->prRequireObjects(State::prObjectsOfFont(Embed));
+    m->prAddFont(pdf::prReadFile(FileName), FileName, FontName, Embed);
+}
+
+void clsPDFCreator::AddFontData(std::string_view Bytes, std::string_view FontName, bool Embed)
+{
+    m->Out.prRequireIdle();
+    m->prRequireObjects(State::prObjectsOfFont(Embed));
+    const std::string what = "font \"" + std::string(FontName) + "\"";
+    pdf::prRequireInput(Bytes, what);
+    m->prAddFont(Bytes, what, FontName, Embed);
+}
+
+void clsPDFCreator::State::prAddFont(std::string_view bytes, const std::string& what,
+                                     std::string_view fontName, bool embed)
+{
+    auto font = std::make_unique<TrueType>();
+    font->File = pdf::prReadTrueType(bytes, what);
+    if (embed && !font->File.MayEmbed) {
         throw ErroreRuntime(NumeroErrore::PermessoNegato,
-                            "il carattere non permette di essere incorporato", FileName);
+                            "il carattere non permette di essere incorporato", what);
     }
     std::transform(font->File.Widths.begin(), font->File.Widths.end(), font->Widths.begin(),
                    InWidth);
-    if (Embed) {
-        m->prEncode(*font, bytes);
-    }
+    if (embed) prEncode(*font, bytes);
     const auto descent = static_cast<std::int16_t>(std::clamp(font->File.Descent, -32768.F, 0.F));
-    m->prKeepObjects(objects);
-    m->Fonts.push_back({font->File.Name, {&font->Widths, descent}, font.get()});
-    m->TrueTypeFonts.push_back(std::move(font));
-    m->FontKeys.try_emplace(NormalizedFamily(FontName), m->Fonts.size());
+    prKeepObjects(prObjectsOfFont(embed));
+    TrueTypeFonts.push_back(std::move(font)); // first, so that no font is known but gone
+    const TrueType& added = *TrueTypeFonts.back();
+    Fonts.push_back({added.File.Name, {&added.Widths, descent}, &added});
+    FontKeys.try_emplace(NormalizedFamily(fontName), Fonts.size());
 }
 
 // Deflated on its own and now, not where it is written: so the file's own bytes need not be kept.

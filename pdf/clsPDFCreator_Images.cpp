@@ -1,6 +1,7 @@
 // Images: pictures read by InputFile.cpp, encoded by Encoders.cpp, written as image XObjects (ISO
 // 32000-1, 8.9).
 
+#include "Digest.h"
 #include "Encoders.h"
 #include "InputFile.h"
 #include "clsPDFCreator_State.h"
@@ -75,6 +76,7 @@ void WriteStream(pdf::Objects& out, const Encoded& encoded)
 
 void clsPDFCreator::FilterDecode(std::int32_t Filters)
 {
+    m->Out.prRequireIdle();
     m->ImageFilters = Filters;
 }
 
@@ -82,15 +84,22 @@ void clsPDFCreator::DrawImage(const std::string& FileName, float X, float Y, flo
                               float Height, std::string_view Key)
 {
     m->prRequire(X, Y, Width, Height);
-    const std::int32_t image = m->prImageOf(FileName, Key);
-    // Two spaces: the origin at the rectangle's lower left corner, then the unit square of the
-    // image stretched upward over the rectangle.
-    m->prOpenSpace(X, static_cast<double>(Y) + Height);
-    m->prOpenSpace(0, 0, m->prInPoints(Width), -m->prInPoints(Height));
-    m->Out.prPrint("/_IMG_", image, " Do");
-    m->Out.prWriteRaw("Q");
-    m->Out.prWriteRaw("Q");
-    m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
+    m->prDrawImage(
+        m->prImageOf(FileName, Key, [&FileName] { return pdf::prReadPicture(FileName); }), X, Y,
+        Width, Height);
+}
+
+void clsPDFCreator::DrawImageData(std::string_view Bytes, float X, float Y, float Width,
+                                  float Height, std::string_view Key)
+{
+    m->prRequire(X, Y, Width, Height);
+    const auto read = [Bytes, Key] {
+        const std::string name = Key.empty() ? "" : " \"" + std::string(Key) + "\"";
+        return pdf::prReadPictureData(Bytes, "immagine" + name);
+    };
+    const std::string key = Key.empty() ? State::ContentKey + pdf::prDigest(Bytes)
+                                        : State::CallerKey + std::string(Key);
+    m->prDrawImage(m->prImageOf("", key, read), X, Y, Width, Height);
 }
 
 std::string clsPDFCreator::prToASCII85(std::string_view Bytes)
@@ -98,15 +107,29 @@ std::string clsPDFCreator::prToASCII85(std::string_view Bytes)
     return pdf::prToASCII85(Bytes);
 }
 
+void clsPDFCreator::State::prDrawImage(std::int32_t image, double x, double y, double width,
+                                       double height)
+{
+    // Two spaces: the origin at the rectangle's lower left corner, then the unit square of the
+    // image stretched upward over the rectangle.
+    prOpenSpace(x, y + height);
+    prOpenSpace(0, 0, prInPoints(width), -prInPoints(height));
+    Out.prPrint("/_IMG_", image, " Do");
+    Out.prWriteRaw("Q");
+    Out.prWriteRaw("Q");
+    prSetCurrent(prInPoints(x), prInPoints(y));
+}
+
 // The number of the picture, read now unless the same file and key were drawn before.
-std::int32_t clsPDFCreator::State::prImageOf(const std::string& fileName, std::string_view key)
+std::int32_t clsPDFCreator::State::prImageOf(const std::string& fileName, std::string_view key,
+                                             const std::function<pdf::Picture()>& read)
 {
     std::int32_t number = 0;
     for (const Image& image : Images) {
         ++number;
         if (image.FileName == fileName && image.Key == key) return number;
     }
-    auto picture = pdf::prReadPicture(fileName);
+    auto picture = read();
     const bool indexed = picture.Space == pdf::ColorSpace::Indexed;
     prKeepObjects(ObjectsOfStream + (indexed ? 1 : 0)); // its palette
     Images.push_back({fileName, std::string(key), std::move(picture)});

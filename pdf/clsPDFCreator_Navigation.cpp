@@ -9,6 +9,7 @@
 void clsPDFCreator::AddBookmark(std::string_view Title, std::int32_t Level, std::int32_t FitMode,
                                 float Left, float Top, float Right, float Bottom, float Zoom)
 {
+    m->Out.prRequireIdle();
     State::prRequireFinite(Left, Top, Right, Bottom, Zoom);
     auto& bookmarks = m->Bookmarks;
     m->prKeepObjects(bookmarks.empty() ? 3 : 1); // the first one with the root and the title

@@ -49,10 +49,14 @@ struct clsPDFCreator::State
     // A picture of the document; its content is gone once it is written.
     struct Image
     {
-        std::string FileName;
-        std::string Key;
+        std::string FileName; // "" for one from bytes
+        std::string Key;      // the caller's; from bytes, behind ContentKey or CallerKey
         pdf::Picture Content;
     };
+
+    // What a picture from bytes is known by: their digest, or what the caller calls it.
+    static constexpr char ContentKey = '#';
+    static constexpr char CallerKey = '=';
 
     struct Bookmark
     {
@@ -318,7 +322,9 @@ struct clsPDFCreator::State
     std::array<double, 4> prAnnotationRect(double x, double y, double width, double height) const;
 
     // ---- _Images
-    std::int32_t prImageOf(const std::string& fileName, std::string_view key);
+    std::int32_t prImageOf(const std::string& fileName, std::string_view key,
+                           const std::function<pdf::Picture()>& read);
+    void prDrawImage(std::int32_t image, double x, double y, double width, double height);
     void prWriteImages();
     void prWriteImage(std::int32_t number, std::int32_t object, pdf::Picture& picture);
     void prWritePalette(std::string palette);
@@ -341,6 +347,14 @@ struct clsPDFCreator::State
     FontRequest& prAddRequest(std::string_view family, std::int32_t face);
     std::size_t prFindFont(FontRequest& request) const;
     std::size_t prAddStandardFont(FontRequest& request);
+
+    // The objects that a font of AddFont takes: itself and its descriptor; embedded, its file with
+    // its length in the document and its own.
+    static std::int32_t prObjectsOfFont(bool embed) { return embed ? 5 : 2; }
+
+    // Adds the font that the bytes are; what: named in errors.
+    void prAddFont(std::string_view bytes, const std::string& what, std::string_view fontName,
+                   bool embed);
     void prWriteFonts();
     void prWriteFontNames();
     void prWriteWidths(std::int32_t object, const TrueType& font);

@@ -23,7 +23,8 @@ SORGENTI = sorted((DOCS / "gallery").glob("*.cpp"))
 PAGINE = 15
 
 # Public, but no operations of the numbered list: what the library adds for tests and small files.
-AGGIUNTE = {"SetClock", "ShareFonts"}
+AGGIUNTE = {"SetClock", "ShareFonts", "Conforming", "Compress", "SetLanguage", "BeginDocTo",
+            "AddFontData", "DrawImageData"}
 
 ATTESE = [
     "tutte le operazioni di clsPDFCreator", "12 Motivi e sfumature",
@@ -82,6 +83,7 @@ class Galleria(unittest.TestCase):
         pubblica = re.sub(r"//.*", "", testata[testata.index("void SetClock"):
                                                testata.index("private:")])
         dichiarate = re.findall(r"^    (?:static )?[\w:]+ (\w+)\(", pubblica, re.MULTILINE)
+        dichiarate.remove("BeginDocTo")  # there are two, one for each kind of receiver
         self.assertEqual(len(dichiarate), len(set(dichiarate)))
         self.assertEqual(set(dichiarate) - AGGIUNTE, set(nomi))
 

@@ -1,6 +1,7 @@
 // The operations of the writer that draw, for the tests of bad use.
 #pragma once
 
+#include "Aiuti.h"
 #include "clsPDFCreator.h"
 
 #include <string>
@@ -108,6 +109,11 @@ inline const std::vector<Operazione> Aggiunte = {
      [](auto& pdf, auto& n) {
          pdf.DrawImage(SCALVINO_SEMI "/gif/1bit.gif", n[0], n[1], n[2], n[3]);
      }},
+    {"DrawImageData",
+     {1, 2, 3, 4},
+     [](auto& pdf, auto& n) {
+         pdf.DrawImageData(aiuti::Byte(SCALVINO_SEMI "/gif/1bit.gif"), n[0], n[1], n[2], n[3]);
+     }},
     {"DrawEAN13",
      {1, 2, 3, 1},
      [](auto& pdf, auto& n) { pdf.DrawEAN13("400638133393", n[0], n[1], true, n[2], n[3]); }},
@@ -144,6 +150,31 @@ inline const std::vector<Operazione> Impostazioni = {
     {"SetPaperSize", {1, 2}, [](auto& pdf, auto& n) { pdf.SetPaperSize(255, n[0], n[1]); }},
     {"SetFont", {1}, [](auto& pdf, auto& n) { pdf.SetFont("Arial", n[0], 31); }},
     {"SetFontSize", {1}, [](auto& pdf, auto& n) { pdf.SetFontSize(n[0]); }},
+};
+
+// Those that need neither a document nor a number that could be infinite.
+inline const std::vector<Operazione> SenzaNumeri = {
+    {"SetClock",
+     {},
+     [](auto& pdf, auto&) {
+         pdf.SetClock(
+             {[] { return clsPDFCreator::DateTime{2026, 1, 2, 3, 4, 5}; }, [] { return 7; }});
+     }},
+    {"ShareFonts", {}, [](auto& pdf, auto&) { pdf.ShareFonts(true); }},
+    {"PDFReader", {}, [](auto& pdf, auto&) { pdf.PDFReader(1); }},
+    {"Orientation", {}, [](auto& pdf, auto&) { pdf.Orientation(0); }},
+    {"SetDocProperty", {}, [](auto& pdf, auto&) { pdf.SetDocProperty("Titolo"); }},
+    {"FilterDecode", {}, [](auto& pdf, auto&) { pdf.FilterDecode(8); }},
+    {"Compress", {}, [](auto& pdf, auto&) { pdf.Compress(0); }},
+    {"Conforming", {}, [](auto& pdf, auto&) { pdf.Conforming(false); }},
+    {"AddFont",
+     {},
+     [](auto& pdf, auto&) { pdf.AddFont(SCALVINO_SEMI "/ttf/unicode.ttf", "Mio", false); }},
+    {"AddFontData",
+     {},
+     [](auto& pdf, auto&) {
+         pdf.AddFontData(aiuti::Byte(SCALVINO_SEMI "/ttf/unicode.ttf"), "Suo", false);
+     }},
 };
 
 // A bookmark needs no document either, but stands in it.
