@@ -4,6 +4,7 @@
 
 #include "Ambiente.h"
 #include "ApriConShell.h"
+#include "Argomenti.h"
 #include "Avanzamento.h"
 #include "Calendario.h"
 #include "Dati.h"
@@ -248,6 +249,10 @@ std::string EseguiCorsa(const Opzioni& opzioni)
 {
     Posto posto = PostoReport(opzioni);
     RifiutaFileDoppi(opzioni, posto.Percorso);
+    if (opzioni.SuUscita && opzioni.FormaReport == Stampe::FormaPdf && UscitaSuTerminale()) {
+        RifiutaUso(opzione::Uscita,
+                   "un PDF va in un file o in un altro programma, non sul terminale");
+    }
     // A date that cannot be written is known before the first shoe, and refused as the request is.
     if (opzioni.FormaReport == Stampe::FormaPdf) OppureRifiuta(CalendarioInUso.Adesso);
     return Corsa(opzioni, std::move(posto)).Esegui();

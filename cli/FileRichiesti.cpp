@@ -47,6 +47,9 @@ void RifiutaFileDoppi(const Opzioni& opzioni, const std::string& percorsoReport)
                            {opzione::Mazzi, opzioni.Mazzi == "-" ? std::string() : opzioni.Mazzi},
                            {"il report", percorsoReport}};
     for (const auto& uno : ruoli) {
+        if (opzioni.SuUscita && !uno.file.empty() && UscitaNelFile(uno.file)) {
+            RifiutaUso(uno.file, "è lo stesso file per lo standard output e per " + uno.nome);
+        }
         for (const auto& altro : ruoli) {
             if (&uno >= &altro || uno.file.empty() || altro.file.empty()) continue;
             if (StessoNome(uno.file, altro.file)) {

@@ -11,6 +11,14 @@ std::string NomeIncompiuto(int numero)
     return ".taglie." + std::string(numero < dieci ? "0" : "") + cifre + ".incompiuto";
 }
 
+ErroreRuntime NomiFiniti(const std::string& percorso)
+{
+    return ErroreRuntime(NumeroErrore::AccessoAlFile,
+                         "nella sua cartella sono presi tutti i nomi da " + NomeIncompiuto(0) +
+                             " a " + NomeIncompiuto(MassimoIncompiuti - 1),
+                         percorso);
+}
+
 bool NomeRiservato(const std::string& percorso)
 {
     const std::string nome = percorsi::Cammino(percorso).filename().string();

@@ -2,6 +2,8 @@
 // is read while it grows is FileNuovo.h.
 #pragma once
 
+#include "ErroreRuntime.h"
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -52,6 +54,9 @@ std::string NomeIncompiuto(int numero);
 
 // Whether a file of that name, in whatever folder, would be taken for one of these.
 bool NomeRiservato(const std::string& percorso);
+
+// The error about percorso where all of these names are taken.
+ErroreRuntime NomiFiniti(const std::string& percorso);
 
 // Removes from the folder of percorso the hidden files of this user that killed programs have left.
 // Those of a program that still lives, of other users or with a second name stay, as does whatever

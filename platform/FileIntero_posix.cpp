@@ -177,7 +177,7 @@ void FileIntero::Stato::ApriNascosto(const std::string& percorso)
         }
         ::close(std::exchange(File, -1));
     }
-    throw ErroreSistema(EEXIST, NomeIncompiuto(0));
+    throw NomiFiniti(percorso);
 }
 
 // Some disks tell only at a close that they had no room: that of a copy leaves the file open.
@@ -202,7 +202,7 @@ void FileIntero::Stato::Collega(const std::string& percorso, const Impronta& imp
         if (motivo == ENOENT) impronta.Pretendi(); // tells whether the folder is gone
         if (motivo != EEXIST) throw ErroreSistema(motivo, percorso);
     }
-    throw ErroreSistema(EEXIST, NomeIncompiuto(0));
+    throw NomiFiniti(percorso);
 }
 
 void FileIntero::Stato::Rinomina(const std::string& percorso, const Impronta& impronta)

@@ -78,7 +78,8 @@ FileIntero::Stato::Stato(const std::string& percorso)
         if (File >= 0) return;
         if (errno != EEXIST) throw ErroreSistema(errno, percorso);
     }
-    throw ErroreSistema(EEXIST, Provvisorio);
+    Provvisorio.clear();
+    throw NomiFiniti(percorso);
 }
 
 FileIntero::Stato::~Stato()

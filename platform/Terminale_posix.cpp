@@ -1,4 +1,4 @@
-// Asks the descriptor of standard error. The promises are in Terminale.h.
+// Asks the descriptors of the standard channels. The promises are in Terminale.h.
 #include "Terminale.h"
 
 #include <sys/ioctl.h>
@@ -7,6 +7,11 @@
 bool ErroriSuTerminale()
 {
     return ::isatty(STDERR_FILENO) != 0;
+}
+
+bool UscitaSuTerminale()
+{
+    return ::isatty(STDOUT_FILENO) != 0;
 }
 
 int ColonneErrori()

@@ -1,4 +1,4 @@
-// Asks the console of standard error. The promises are in Terminale.h.
+// Asks the console of the standard channels. The promises are in Terminale.h.
 #include "Terminale.h"
 
 #include <io.h>
@@ -7,6 +7,11 @@
 bool ErroriSuTerminale()
 {
     return ::_isatty(2) != 0;
+}
+
+bool UscitaSuTerminale()
+{
+    return ::_isatty(1) != 0;
 }
 
 int ColonneErrori()

@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 void PreparaUscita()
@@ -14,6 +15,15 @@ void PreparaUscita()
     const int modo = ::fcntl(STDOUT_FILENO, F_GETFL);
     // What stands in for a closed output cannot be written to: Segnali_posix.cpp.
     if (modo < 0 || (modo & O_ACCMODE) == O_RDONLY) throw ErroreSistema(EBADF, NomeUscita);
+}
+
+bool UscitaNelFile(const std::string& percorso)
+{
+    struct stat uscita = {};
+    struct stat voce = {};
+    return ::fstat(STDOUT_FILENO, &uscita) == 0 && S_ISREG(uscita.st_mode) &&
+           ::stat(percorso.c_str(), &voce) == 0 && voce.st_dev == uscita.st_dev &&
+           voce.st_ino == uscita.st_ino;
 }
 
 void PretendiUscitaArrivata()

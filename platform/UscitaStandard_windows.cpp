@@ -15,5 +15,11 @@ void PreparaUscita()
     if (::_setmode(uscita, _O_BINARY) < 0) throw ErroreSistema(EBADF, NomeUscita);
 }
 
+// Nobody can replace a file here that is open.
+bool UscitaNelFile(const std::string& /*percorso*/)
+{
+    return false;
+}
+
 // A close has nothing to tell here.
 void PretendiUscitaArrivata() {}

@@ -1,6 +1,7 @@
 """Reports under a name of the user's choice, or on standard output."""
 
 import os
+import pty
 import resource
 import signal
 import subprocess
@@ -128,6 +129,25 @@ class StandardOutput(Prova):
             with self.subTest(altro=altro):
                 self.errore(self.taglie("-o", "-", *altro), USO)
         self.assertEqual(self.contenuto(), [])
+
+    def test_lo_standard_output_non_va_in_un_altro_file_della_corsa(self):
+        self.fa("1", "-f", "nessuna", "--salva-mazzi", "m")
+        taglie = self.byte("m")
+        for ruolo in ["--colpi", "--salva-mazzi", "--mazzi"]:
+            with open(self.cartella / "m", "ab") as file:
+                esito = self.taglie("-o", "-", ruolo, "m", stdout=file)
+            self.errore(esito, USO, "m: è lo stesso file per lo standard output e per " + ruolo)
+        self.assertEqual((self.contenuto(), self.byte("m")), (["m"], taglie))
+
+    def test_un_pdf_non_va_sul_terminale(self):
+        capo, coda = pty.openpty()
+        try:
+            esito = self.taglie("-f", "pdf", "-o", "-", stdout=coda)
+            self.errore(esito, USO, "--uscita: ", "terminale")
+            self.assertEqual(self.taglie("-s", "-o", "-", stdout=coda).codice, FATTO)
+        finally:
+            os.close(coda)
+            os.close(capo)
 
     def test_il_disco_pieno_si_dice(self):
         for forma in FORME:

@@ -219,7 +219,8 @@ TEST(FileIntero, DoveTuttiINomiSonoPresiEUnErrore)
         const Modo modo(anonimo);
         const auto errore = ErroreDi([&] { Sostituisci(cartella.File("f"), {"nuovo"}); });
         ASSERT_TRUE(errore);
-        EXPECT_EQ(errore->Numero(), NumeroErrore::AccessoAlFile);
+        EXPECT_EQ(errore->Motivo(), "nella sua cartella sono presi tutti i nomi da "
+                                    ".taglie.00.incompiuto a .taglie.99.incompiuto");
         EXPECT_EQ(Byte(cartella.File("f")), "vecchio");
     }
 }

@@ -62,6 +62,23 @@ TEST(UscitaStandard, PrendeOgniByteComeE)
     EXPECT_EQ(aiuti::Byte(cartella.File("f")), byte + "fine.");
 }
 
+TEST(UscitaStandard, SaInQualeFileVa)
+{
+    const CartellaDiProva cartella;
+    const std::string file = cartella.File("f").string();
+    EXPECT_EQ(Con(file, O_WRONLY,
+                  [&] {
+                      std::filesystem::create_symlink("f", cartella.File("g"));
+                      EXPECT_TRUE(UscitaNelFile(file));
+                      EXPECT_TRUE(UscitaNelFile(cartella.File("g").string()));
+                      EXPECT_FALSE(UscitaNelFile(cartella.File("h").string()));
+                      EXPECT_FALSE(UscitaNelFile(cartella.Nome()));
+                  }),
+              aiuti::Riuscito);
+    EXPECT_EQ(Con("/dev/null", O_WRONLY, [] { EXPECT_FALSE(UscitaNelFile("/dev/null")); }),
+              aiuti::Riuscito);
+}
+
 TEST(UscitaStandard, ChiusaOSoloDaLeggereSiDiceSubito)
 {
     EXPECT_EQ(Con("/dev/null", O_RDONLY,
