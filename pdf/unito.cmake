@@ -25,5 +25,7 @@ add_custom_command(OUTPUT ${unito}
     COMMAND_EXPAND_LISTS VERBATIM)
 # Two libraries in one folder must not make the same file at the same time.
 add_custom_target(clsPDFCreator_unito DEPENDS ${unito})
+# make knows no rule for objects of another folder, but that they are made before.
+add_dependencies(clsPDFCreator_unito scalvino_pdf scalvino_platform scalvino_base)
 set_source_files_properties(${unito} PROPERTIES EXTERNAL_OBJECT ON GENERATED ON)
 set(oggetti ${unito})
