@@ -33,12 +33,19 @@ std::int32_t Errore(Chiamata chiamata)
     return 0;
 }
 
-void Disegna(clsPDFCreator& pdf)
+void Pagina(clsPDFCreator& pdf)
 {
     pdf.BeginPage();
     pdf.SetFont("Times New Roman", 24, clsPDFCreator::StyleBold);
-    pdf.DrawText(298, 100, "Buongiorno", clsPDFCreator::AlignCenter);
+    for (float y = 100; y < 800; y += 30) {
+        pdf.DrawText(298, y, "Buongiorno", clsPDFCreator::AlignCenter);
+    }
     pdf.EndPage();
+}
+
+void Disegna(clsPDFCreator& pdf)
+{
+    Pagina(pdf);
     pdf.EndDoc();
 }
 
@@ -111,6 +118,26 @@ void FunzioneCheFallisce()
     }
 }
 
+void Compressione()
+{
+    std::string intero;
+    std::string compresso;
+    for (const std::int32_t livello : {0, 6}) {
+        std::string& raccolto = livello == 0 ? intero : compresso;
+        clsPDFCreator pdf = Scrittore();
+        const std::int32_t errore = Errore([&] { pdf.Compress(livello); });
+        if (livello != 0 && !CON_ZLIB) {
+            return Attendi(errore == clsPDFCreator::ErrorInvalidCall, "Compress asks for zlib");
+        }
+        Attendi(errore == 0, "Compress has what it needs");
+        pdf.BeginDocTo([&raccolto](std::string_view pezzo) { raccolto += pezzo; });
+        for (int i = 0; i < 20; ++i) Pagina(pdf);
+        pdf.EndDoc();
+    }
+    Attendi(compresso.size() < intero.size(), "a compressed document is smaller");
+    Attendi(compresso.find("/FlateDecode") != std::string::npos, "and says how");
+}
+
 } // namespace
 
 // The folder for what it writes.
@@ -121,5 +148,6 @@ int main(int argc, char** argv)
     Errori(argv[1]);
     Uscite(argv[1]);
     FunzioneCheFallisce();
+    Compressione();
     return esito;
 }
