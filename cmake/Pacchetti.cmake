@@ -69,11 +69,11 @@ endif()
 if(NOT SCALVINO_SANITIZE)
     list(APPEND CPACK_COMPONENTS_ALL libreria)
     pacchetto(libreria libclspdfcreator-dev libdevel
-"PDF writer for C++20 with text, tables, images and barcodes
+"PDF writer for C++ with text, tables, images and barcodes
 The class clsPDFCreator writes PDF files: text in the standard fonts and in
 fonts of one's own, boxes and tables, paths and curves, pictures, barcodes,
-patterns, bookmarks and notes. It needs the C++ standard library, and zlib
-to compress.
+patterns, bookmarks and notes. Programs of C++17 can use it. It needs the C++
+standard library, and zlib to compress.
 
 The package holds the headers, the shared and the static library, and what
 CMake and pkg-config need to find them.")

@@ -154,11 +154,15 @@ class Pacchetti(Prova):
     def prova_la_libreria(self):
         """Found without being told where, at building and at starting."""
         programma, pdf = self.cartella / "saluto", self.cartella / "saluto.pdf"
-        opzioni = shlex.split(fai("pkg-config", "--cflags", "--libs", "clsPDFCreator"))
-        fai("g++", "-std=c++20", QUI / "progetto/saluto.cpp", "-o", programma, *opzioni)
-        self.assertIn("libclsPDFCreator.so.1 => /", fai("ldd", programma))
-        fai(programma, pdf)
-        self.assertEqual(pdf.read_bytes()[:5], b"%PDF-")
+        for statica in [[], ["-static"]]:
+            opzioni = shlex.split(fai("pkg-config", "--cflags", "--libs",
+                                      *(f"-{o}" for o in statica), "clsPDFCreator"))
+            fai("g++", "-std=c++17", QUI / "progetto/saluto.cpp", "-o", programma, *statica,
+                *opzioni)
+            if not statica:
+                self.assertIn("libclsPDFCreator.so.1 => /", fai("ldd", programma))
+            fai(programma, pdf)
+            self.assertEqual(pdf.read_bytes()[:5], b"%PDF-")
 
     def prova_la_finestra(self):
         visto = schermo.Schermo()
