@@ -613,7 +613,7 @@ public:
     void AddFont(const std::string& FileName, std::string_view FontName, bool Embed = true);
 
     // The same from Bytes, all those of the font's file, which need to live for the call only.
-    // Errors tell of font "FontName" in the place of a file.
+    // FontName and Embed as there. Errors tell of font "FontName" in the place of a file.
     void AddFontData(std::string_view Bytes, std::string_view FontName, bool Embed = true);
 
     // The colour text of three values, red, green, blue (0 to 255), or of four, cyan, magenta,
