@@ -11,8 +11,8 @@ import sys
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
-from contenuti import disegni, risorse_esatte
-from sintassi import Difetto, Nome, Rif, pretendi
+import contenuti
+from sintassi import Difetto, Nome, Rif, pretendi, scritto
 from struttura import Flusso, leggi
 from testi import testo
 
@@ -49,7 +49,11 @@ def testa_e_coda(documento):
 
 
 def ogni_oggetto_serve(documento):
-    pretendi(not documento.orfani(), f"oggetti che nessuno nomina: {sorted(documento.orfani())}")
+    """Nothing is there in vain but objects and tilings that the caller made and never used."""
+    orfani = documento.orfani()
+    inutili = [Rif(numero) for numero in orfani if contenuti.disegno(documento.oggetto(numero))]
+    orfani -= documento.raggiunti(*inutili) if inutili else set()
+    pretendi(not orfani, f"oggetti che nessuno nomina: {sorted(orfani)}")
 
 
 # ---- Properties ----------------------------------------------------------------------------------
@@ -114,6 +118,29 @@ def pagine(documento):
 
     scendi(catalogo(documento)["Pages"], None)
     return trovate
+
+
+def senza_note(byte):
+    """The file with an update behind it (7.5.6) by which its pages have no annotations."""
+    documento, voci = leggi(byte), {}
+    for rif, pagina in pagine(documento):
+        voci[rif.numero] = len(byte)
+        senza = {chiave: voce for chiave, voce in pagina.items() if chiave != "Annots"}
+        byte += b"%d 0 obj\r\n%s\r\nendobj\r\n" % (rif.numero, scritto(senza))
+    coda = {"Prev": documento.inizio_tavola, "Root": documento.coda["Root"]}
+    inizio = len(byte)
+    if documento.a_flusso:
+        numero = documento.coda["Size"]
+        voci[numero] = inizio
+        righe = b"".join(b"\1" + dove.to_bytes(4, "big") for dove in voci.values())
+        coda |= {"Type": Nome("XRef"), "Size": numero + 1, "W": [1, 4, 0], "Length": len(righe),
+                 "Index": [n for voce in voci for n in (voce, 1)]}
+        byte += b"%d 0 obj\r\n%s\r\nstream\r\n%s\r\nendstream\r\nendobj\r\n" % (
+            numero, scritto(coda), righe)
+    else:
+        byte += b"xref\r\n" + b"".join(b"%d 1\r\n%010d 00000 n\r\n" % voce for voce in voci.items())
+        byte += b"trailer\r\n" + scritto(coda | {"Size": documento.coda["Size"]}) + b"\r\n"
+    return byte + b"startxref\r\n%d\r\n%%%%EOF\r\n" % inizio
 
 
 def segnalibri(documento):
@@ -190,8 +217,8 @@ def caratteri(documento):
 # ---- All of them ---------------------------------------------------------------------------------
 
 def disegni_esatti(documento):
-    for nome, dati, risorse in disegni(documento, pagine(documento), annotazioni(documento)):
-        risorse_esatte(documento, nome, dati, risorse)
+    for nome, dati, risorse in contenuti.disegni(documento, pagine(documento), annotazioni(documento)):
+        contenuti.risorse_esatte(documento, nome, dati, risorse)
 
 
 def etichette(documento):

@@ -11,6 +11,12 @@ OPERATORI = set("""b B b* B* BT c cm CS cs d Do ET f f* g G h i j J K k l m M n 
                    SCN scn T* Tc Td TD Tf Tj TJ TL Tm Tr Ts Tw Tz v w W W* y ' " gs sh""".split())
 
 
+def disegno(cosa):
+    """Whether a value is an object, a tiling or an appearance."""
+    return isinstance(cosa, Flusso) and (
+        cosa.testa.get("Subtype") == "Form" or cosa.testa.get("Type") == "Pattern")
+
+
 def disegni(documento, pagine, annotazioni):
     """Name, data and resources of every drawing: pages, objects, tilings, appearances."""
     for numero, (_, pagina) in enumerate(pagine, 1):
@@ -19,9 +25,7 @@ def disegni(documento, pagine, annotazioni):
     aspetti = {id(documento.risolto(voce["AP"]["N"])) for voce in annotazioni}
     for numero in documento.posti:
         cosa = documento.oggetto(numero)
-        if not isinstance(cosa, Flusso):
-            continue
-        if cosa.testa.get("Subtype") == "Form" or cosa.testa.get("Type") == "Pattern":
+        if disegno(cosa):
             genere = "aspetto" if id(cosa) in aspetti else "disegno"
             risorse = documento.risolto(cosa.testa.get("Resources", {}))
             yield f"{genere} {numero}", documento.chiaro(cosa), risorse

@@ -7,8 +7,10 @@ note's text and its title. No digits after a property, a label or "chi" mean tha
 """
 
 import json
+import re
 
 import conformi
+from sintassi import Difetto  # noqa: F401, what lettori.py catches
 from struttura import leggi
 from testi import testo
 
@@ -21,8 +23,13 @@ def dati(righe):
     trovati = {}
     for riga in righe:
         genere, _, cifre = riga.partition(" ")
-        trovati.setdefault(genere, []).append(bytes.fromhex(cifre).decode("utf-8", "replace"))
+        trovati.setdefault(genere, []).append(letto(bytes.fromhex(cifre)))
     return trovati
+
+
+def letto(byte):
+    """UTF-8 as the writer reads it: "?" stands for what is none."""
+    return byte.decode("utf-8", "replace").replace("\uFFFD", "?")
 
 
 def attese(righe):
@@ -73,7 +80,7 @@ class Json:
         self.oggetti = json.loads(uscita)["qpdf"][1]
 
     def risolto(self, cosa):
-        while isinstance(cosa, str) and cosa.endswith(" R"):
+        while isinstance(cosa, str) and re.fullmatch(r"\d+ 0 R", cosa):
             cosa = self.oggetti["obj:" + cosa]["value"]
         return cosa
 
@@ -84,10 +91,10 @@ class Json:
 
 
 def di_qpdf(stringa):
-    """A text string: "u:" and its text, or "b:" and digits where qpdf takes it for none."""
+    """A text string: "u:" and its text, or "b:" and the digits of its bytes where these seem none."""
     if not stringa:
         return ""
-    return stringa[2:] if stringa.startswith("u:") else "byte " + stringa[2:]
+    return stringa[2:] if stringa.startswith("u:") else testo(bytes.fromhex(stringa[2:]))
 
 
 def titoli_qpdf(documento, nodo):

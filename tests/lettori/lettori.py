@@ -294,16 +294,25 @@ def ghostscript_insieme(documenti):
 
 def nostro(documento):
     byte = documento.percorso.read_bytes()
-    difetti = conformi.difetti(byte) or fuori.difetti(byte, documento.fuori)
+    difetti = conformi.difetti(byte)
     pretendi(not difetti, "\n".join(difetti))
+    return testi_resi(fuori.difetti, byte, documento)
+
+
+def testi_resi(difetti, letto, documento):
+    try:
+        trovati = difetti(letto, documento.fuori)
+    except fuori.Difetto as difetto:
+        trovati = [str(difetto)]
+    pretendi(not trovati, "\n".join(trovati))
     return Lettura()
 
 
 def qpdf_testi(documento):
-    esito = esegui("qpdf", "--json", documento.percorso) if documento.fuori else None
-    difetti = fuori.difetti_qpdf(esito.stdout, documento.fuori) if esito else []
-    pretendi(not difetti, "\n".join(difetti))
-    return Lettura()
+    if not documento.fuori:
+        return Lettura()
+    esito = esegui("qpdf", "--json", documento.percorso)
+    return testi_resi(fuori.difetti_qpdf, esito.stdout, documento)
 
 
 # ---- Documents -----------------------------------------------------------------------------------

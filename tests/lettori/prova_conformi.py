@@ -1,8 +1,11 @@
 """Our strict reader: it accepts a sound conforming document, however it is packed, and refuses each
 broken one for its fault."""
 
+import subprocess
+import tempfile
 import unittest
 import zlib
+from pathlib import Path
 
 import conformi
 import fuori
@@ -145,6 +148,8 @@ class Conformi(unittest.TestCase):
         self.rifiutato(byte.replace(b"endobj\r\n4 0", b"endobj\r%4 0"), "c'è altro")
         self.rifiutato(byte.replace(b"endobj\r\nxref", b"endobj xref"), "")
         self.rifiutato(sciolti(oggetti() | {15: b"(nessuno)"}), "nomina: [15]")
+        inutile = flusso(b"/Type /XObject /Subtype /Form /BBox [0 0 9 9] /Resources 16 0 R", PIEDE)
+        self.assertEqual(conformi.difetti(sciolti(oggetti() | {15: inutile, 16: b"<< >>"})), [])
         self.rifiutato(self.cambiato(4, b"6 0 R", b"16 0 R"), "l'oggetto 16 non c'è")
 
     def test_le_lunghezze(self):
@@ -182,6 +187,16 @@ class Conformi(unittest.TestCase):
                 (11, b"[0 0 20 20]", b"[0 20 20 0]", "/Rect")]:
             with self.subTest(numero=numero, dopo=dopo):
                 self.rifiutato(self.cambiato(numero, prima, dopo), detto)
+
+    def test_senza_note_le_pagine_non_ne_hanno_per_nessuno(self):
+        for fa in sciolti, impacchettati:
+            with tempfile.TemporaryDirectory() as cartella:
+                file = Path(cartella) / "uno.pdf"
+                file.write_bytes(conformi.senza_note(fa(oggetti())))
+                esito = subprocess.run(["qpdf", "--json", file], capture_output=True, check=True)
+            self.assertEqual(esito.stderr, b"")
+            self.assertIn(b"/Piede", esito.stdout)
+            self.assertNotIn(b'"/Annots"', esito.stdout)
 
     def test_un_carattere_si_scrive_una_volta(self):
         corpi = oggetti()

@@ -152,3 +152,22 @@ def operazioni(byte):
         else:
             operandi.append(cosa)
     pretendi(not operandi, f"operandi senza operatore: {operandi}")
+
+
+def scritto(cosa):
+    """A value as bytes of a file."""
+    if isinstance(cosa, bool) or cosa is None:
+        return {True: b"true", False: b"false", None: b"null"}[cosa]
+    if isinstance(cosa, Nome):
+        regolari = re.compile(r"[!-\"$-'*-.0-;=?-Z\\^-z|~]")
+        return "/".encode() + "".join(c if regolari.match(c) else f"#{ord(c):02X}"
+                                      for c in cosa).encode("ascii")
+    if isinstance(cosa, Rif):
+        return b"%d 0 R" % cosa.numero
+    if isinstance(cosa, bytes):
+        return b"<" + cosa.hex().encode("ascii") + b">"
+    if isinstance(cosa, list):
+        return b"[" + b" ".join(map(scritto, cosa)) + b"]"
+    if isinstance(cosa, dict):
+        return b"<< " + b" ".join(scritto(Nome(k)) + b" " + scritto(v) for k, v in cosa.items()) + b" >>"
+    return str(cosa).encode("ascii")

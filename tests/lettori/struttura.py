@@ -52,7 +52,8 @@ class Documento:
         coda = CODA.search(byte)
         pretendi(coda, "senza coda")
         self.posti, self.tratti, self._letti, self._pacchi = {}, [], {}, {}
-        self.tavola(int(coda[1]), coda.start())
+        self.inizio_tavola = int(coda[1])
+        self.tavola(self.inizio_tavola)
         # Without Conforming it is one short on purpose.
         pretendi(self.coda["Size"] - max(self.posti) in (0, 1), f"/Size {self.coda['Size']}")
         for numero in self.posti:
@@ -61,7 +62,7 @@ class Documento:
 
     # ---- Where the objects are -------------------------------------------------------------------
 
-    def tavola(self, da, coda):
+    def tavola(self, da):
         self.a_flusso = not self.byte.startswith(b"xref", da)
         if self.a_flusso:
             numero, flusso = self.leggi_oggetto(da)
@@ -202,9 +203,9 @@ class Documento:
             pretendi(detti == {n for n, p in self.posti.items() if p.dentro == flusso},
                      f"il flusso {flusso} ha oggetti che la tavola non conosce")
 
-    def raggiunti(self):
-        """The numbers that the trailer leads to."""
-        visti, da_vedere = set(), [self.coda]
+    def raggiunti(self, *da):
+        """The numbers that some values, without any the trailer, lead to."""
+        visti, da_vedere = set(), list(da or [self.coda])
         while da_vedere:
             cosa = da_vedere.pop()
             if isinstance(cosa, Rif) and cosa.numero not in visti:
