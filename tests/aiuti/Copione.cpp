@@ -235,6 +235,12 @@ void FileETrame(Repertorio& r)
     });
     r["AddFont"] = Fa(
         [](auto& pdf, auto& a) { pdf.AddFont(SCALVINO_SEMI "/" + a.S(0), a.S(1), a.B(2, true)); });
+    r["DrawImageData"] = Fa([](auto& pdf, auto& a) {
+        pdf.DrawImageData(Byte(SCALVINO_SEMI "/" + a.S(0)), a.F(1), a.F(2), a.F(3), a.F(4), a.S(5));
+    });
+    r["AddFontData"] = Fa([](auto& pdf, auto& a) {
+        pdf.AddFontData(Byte(SCALVINO_SEMI "/" + a.S(0)), a.S(1), a.B(2, true));
+    });
     r["prToASCII85"] = [](Scena&, const Argomenti& a) {
         return json(clsPDFCreator::prToASCII85(a.S(0)));
     };

@@ -22,6 +22,9 @@ from fractions import Fraction
 import numeri
 from suona import Leggi, QUI, Suona
 
+sys.path.append(os.path.join(QUI, "..", "..", "lettori"))
+import conformi  # noqa: E402
+
 # The one complaint allowed: the size in the trailer, one short on purpose.
 TAGLIA = re.compile(r"reported number of objects \(\d+\) is not one plus the highest object number")
 # qpdf's copy writes the "#" of such a name without its escape.
@@ -74,7 +77,11 @@ def Bilancio(flusso):
 
 def Struttura(percorso):
     with open(percorso, "rb") as archivio:
-        corpi = Oggetti(archivio.read())
+        dati = archivio.read()
+    if conformi.e_conforme(dati):
+        Pretendi(not conformi.difetti(dati), "; ".join(conformi.difetti(dati)))
+        return
+    corpi = Oggetti(dati)
     for numero, corpo in corpi.items():
         taglio = re.search(rb"/Length (\d+) 0 R >>\r\nstream\r\n", corpo)
         if not taglio:

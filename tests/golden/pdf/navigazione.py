@@ -29,7 +29,7 @@ class Navigazione:
                     basso=0, ingrandimento=0):
         precedente = self.segnalibri[-1]["livello"] if self.segnalibri else 0
         self.segnalibri.append({
-            "titolo": Byte(titolo),
+            "titolo": Byte(titolo), "testo": titolo,
             "livello": min(max(livello, 1), precedente + 1),
             "meta": self.Meta(modo, sinistra, alto, destra, basso, ingrandimento),
         })

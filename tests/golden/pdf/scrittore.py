@@ -149,6 +149,9 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
     def ShareFonts(self, valore):
         self.condividi = bool(valore)
 
+    def Conforming(self, _si=True):
+        """suona.py takes another writer for documents that are to be so."""
+
     def Compress(self, livello):
         if not 0 <= livello <= 9:
             raise ErroreScrittore(f"no level: {livello}")
@@ -257,7 +260,10 @@ class Scrittore(Testo, Disegno, Moduli, Navigazione, Immagini, Trame, Codici):
             testo += f"/Outlines {profilo} 0 R\r"
         testo += "/PageLayout /OneColumn\r/PageMode "
         testo += "/UseOutlines" if profilo else "/UseNone"
-        testo += "\r/Lang (it) \r"
+        testo += f"\r/Lang ({self.lingua or 'it'}) \r"
+        # A document of version 1.3 is one of 1.4 by its language.
+        if self.lingua and self.lettore < 1:
+            testo += "/Version /1.4\r"
         if self.etichette:
             testo += f"/PageLabels << /Nums [ {self.etichette} ] >>\r"
         testo += ("/ViewerPreferences << /HideToolbar false /DisplayDocTitle true "

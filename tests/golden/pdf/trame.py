@@ -9,6 +9,7 @@ class Trame:
 
     def IniziaTrame(self):
         self.risorseTrame, self.sfumature = "", []
+        self.tinte = {}
 
     def BeginTiling(self, nome, x1, y1, x2, y2, passoX, passoY, tinta=1):
         nome = Nome(Byte(nome))
@@ -53,6 +54,7 @@ class Trame:
             "/Functions [<< /FunctionType 2 ", "/Domain [0.000 1.000]",
             f"/C0 [{Terna(colori[0])} ]", f"/C1 [{Terna(colori[-1])} ]", f"/N {esponente} >>]",
             "/Bounds [] /Encode [0 1 ]", ">>", ">>", ">>")))
+        self.tinte[len(self.sfumature)] = tipo, (Terna(colori[0]), Terna(colori[-1])), punti, oltre
         self.SetColorFill(f"SHAD_{len(self.sfumature)}_ING")
 
     def prWriteGradients(self):
