@@ -27,7 +27,7 @@ installa_pacchetti() {
 
 # All that compiling and running the tests needs.
 installa_per_provare() {
-    installa_pacchetti g++ cmake ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev \
+    installa_pacchetti g++ cmake make ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev \
         libgtest-dev libgmock-dev libbenchmark-dev python3 locales chromium \
         qpdf poppler-utils mupdf-tools ghostscript fonts-liberation fonts-liberation2 fonts-urw-base35 \
         libtiff-dev python3-pil python3-fonttools pkg-config zbar-tools \
