@@ -1,5 +1,5 @@
-// The document and its pages; _Testo.cpp, _Disegno.cpp and _Note.cpp put things onto them. Their
-// words come from Parole.cpp.
+// The document and its pages; _Apertura.cpp opens it, _Testo.cpp, _Disegno.cpp and _Note.cpp put
+// things onto its pages. Their words come from Parole.cpp.
 #include "Documentista.h"
 
 #include "Parole.h"
@@ -32,11 +32,20 @@ constexpr double Striscia = 30;
 
 constexpr int FogliProprio = 255;
 
+void ScriviRighe(const std::string& nome, const std::vector<std::string>& righe)
+{
+    if (righe.empty()) return;
+    std::ofstream file(nome, std::ios::binary);
+    for (const auto& riga : righe) file << riga << "\n";
+    if (!file.flush()) throw std::runtime_error(nome + ": non si scrive");
+}
+
 } // namespace
 
-Documentista::Documentista(std::uint64_t seme, Conto& conto, std::filesystem::path semi,
-                           const std::filesystem::path& font)
+Documentista::Documentista(std::uint64_t seme, Maniera maniera, Conto& conto,
+                           std::filesystem::path semi, const std::filesystem::path& font)
     : m_caso(seme)
+    , m_maniera(maniera)
     , m_conto(conto)
     , m_semi(std::move(semi))
 {
@@ -67,14 +76,18 @@ void Documentista::Scrivi(const std::filesystem::path& percorso)
 
 void Documentista::Imposta()
 {
-    const clsPDFCreator::DateTime quando = {m_caso.Intero(0, 9999), m_caso.Intero(1, 12),
-                                            m_caso.Intero(1, 28),   m_caso.Intero(0, 23),
-                                            m_caso.Intero(0, 59),   m_caso.Intero(0, 60)};
-    CHIAMA(SetClock, {[quando] { return quando; }, [] { return 7; }});
-
+    Orologio();
     CHIAMA(ShareFonts, m_caso.Una(2));
     CHIAMA(PDFReader, m_caso.Intero(0, 4));
+    if (m_maniera != Maniera::Usuale) Interruttori();
+    Carta();
+    CHIAMA(Orientation, m_caso.Intero(0, 2));
+    m_filtri = m_caso.Intero(0, 15);
+    CHIAMA(FilterDecode, m_filtri);
+}
 
+void Documentista::Carta()
+{
     constexpr double unita[] = {1, 72, 72 / 25.4, 72 / 2.54};
     const int scala = m_caso.Intero(0, 4);
     const float propria = F(0.5, 50);
@@ -93,38 +106,6 @@ void Documentista::Imposta()
     CHIAMA(SetPaperSize, foglio, U(m_larga), U(m_alta));
     m_margine = m_caso.Una(2) ? 0 : m_caso.Reale(0, 20);
     CHIAMA(Margin, U(m_margine));
-    CHIAMA(Orientation, m_caso.Intero(0, 2));
-    m_filtri = m_caso.Intero(0, 15);
-    CHIAMA(FilterDecode, m_filtri);
-}
-
-namespace {
-
-// In a property "#" asks for the properties after it: what they say together is nobody's promise.
-std::string SenzaCancelli(std::string testo)
-{
-    std::replace(testo.begin(), testo.end(), '#', '.');
-    return testo;
-}
-
-} // namespace
-
-void Documentista::Apri(const std::filesystem::path& percorso)
-{
-    if (!m_caso.Una(4)) {
-        std::vector<std::string> testi;
-        for (int i = 0; i < 6; ++i) {
-            testi.push_back(m_caso.Una(3) ? std::string() : SenzaCancelli(Frase(m_caso, 5)));
-        }
-        CHIAMA(SetDocProperty, testi[0], testi[1], testi[2], testi[3], testi[4], testi[5]);
-    }
-    if (!m_caso.Una(10)) {
-        CHIAMA(BeginDoc, percorso.string());
-        return;
-    }
-    // A name of the writer's own, in the current folder; the open file takes the new name along.
-    std::filesystem::current_path(percorso.parent_path());
-    std::filesystem::rename(CHIAMA(BeginDoc, std::string()), percorso);
 }
 
 // Another writer goes on with the document.
@@ -143,6 +124,8 @@ void Documentista::Modelli()
     for (int i = 0; i < oggetti; ++i) Oggetto(i);
     m_tardivo = Nome(m_caso, oggetti);
     m_oggetti.push_back(m_tardivo); // played before it is made
+    // Readers would miss it in a document that is not conforming.
+    if (m_maniera == Maniera::Conforme && m_caso.Una(4)) m_oggetti.emplace_back("mai fatto");
 }
 
 // In the strip at the edge of the page where nothing else is drawn.
@@ -182,7 +165,7 @@ void Documentista::Pagina()
         &Documentista::Segnalibro, &Documentista::Nota,      &Documentista::Riquadro,
         &Documentista::Timbro,     &Documentista::Misure,    &Documentista::Collegamento};
     const int etichetta = m_caso.Intero(0, 5);
-    const std::string prefisso = m_caso.Una(2) ? "" : Frase(m_caso, 1);
+    const std::string prefisso = m_caso.Una(2) ? "" : FuoriPagina("etichetta", 1);
     const int primo = m_caso.Una(2) ? -1 : m_caso.Intero(0, 65534);
     const int girata = m_caso.Una(4) ? 1 : 0;
     const int pagina = CHIAMA(BeginPage, girata, etichetta, prefisso, primo);
@@ -223,11 +206,11 @@ void Documentista::Chiudi(const std::filesystem::path& percorso)
 {
     if (m_caso.Una(4)) CHIAMA(FilterDecode, m_filtri); // what stands at the end counts
     CHIAMA(EndDoc);
-    if (m_caso.Una(4)) CHIAMA(OpenDoc);
-    if (m_attese.empty()) return;
-    std::ofstream attese(percorso.string() + ".attese", std::ios::binary);
-    for (const auto& riga : m_attese) attese << riga << "\n";
-    if (!attese.flush()) throw std::runtime_error(percorso.string() + ".attese: non si scrive");
+    if (m_caso.Una(4)) ApriColProgramma();
+    if (!m_altrove) throw std::runtime_error(percorso.string() + ": non si scrive");
+    m_altrove.close();
+    ScriviRighe(percorso.string() + ".attese", m_attese);
+    ScriviRighe(percorso.string() + ".fuori", m_fuori);
 }
 
 } // namespace resistenza

@@ -1,13 +1,15 @@
 // Writes documents at random that use every operation of the PDF writer in all its meaningful ways.
 //
-// Documentista.cpp the document and its pages, _Testo texts, tables and barcodes, _Disegno paths,
-// pictures, patterns and axes, _Note bookmarks, notes and links.
+// Documentista.cpp the document and its pages, _Apertura its switches and where it goes, _Testo
+// texts, tables and barcodes, _Disegno paths, pictures, patterns and axes, _Note bookmarks, notes
+// and links.
 #pragma once
 
 #include "Caso.h"
 #include "clsPDFCreator.h"
 
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <string>
 #include <string_view>
@@ -17,6 +19,18 @@ namespace resistenza {
 
 // How often each operation was called, by its name.
 using Conto = std::map<std::string, long, std::less<>>;
+
+// Which documents are made. A usual one takes no choice for what the others have besides, so that
+// its seed goes on making the same bytes.
+enum class Maniera
+{
+    Usuale,  // by the operations that write files and nothing newer
+    Aperta,  // compressed or not, into a file, a function or a stream, from files or from bytes
+    Conforme // the same, and one that no reader remarks on
+};
+
+// The bytes of a file.
+std::string ByteDi(const std::filesystem::path& percorso);
 
 // A part of the page, in points from its upper left corner.
 struct Zona
@@ -29,10 +43,11 @@ class Documentista
 {
 public:
     // conto outlives this. semi: the folder of the seed pictures; font: one of TrueType files.
-    Documentista(std::uint64_t seme, Conto& conto, std::filesystem::path semi,
+    Documentista(std::uint64_t seme, Maniera maniera, Conto& conto, std::filesystem::path semi,
                  const std::filesystem::path& font);
 
-    // Writes the document, and beside it as ".attese" the lines of text that readers must find.
+    // Writes the document, and beside it as ".attese" the lines of text that readers must find; of
+    // a conforming one as ".fuori" the texts outside its pages.
     void Scrivi(const std::filesystem::path& percorso);
 
 private:
@@ -40,6 +55,7 @@ private:
 
     // ---- The document ----
     void Imposta();
+    void Carta();
     void Apri(const std::filesystem::path& percorso);
     void CambiaMano();
     void Modelli();
@@ -49,9 +65,22 @@ private:
     std::vector<Zona> Posti();
     void Chiudi(const std::filesystem::path& percorso);
 
+    // ---- Switches and places ----
+    void Orologio();
+    void Interruttori();
+    void Comprimi(int livello);
+    void Proprieta();
+    void ApriFile(const std::filesystem::path& percorso);
+    void ApriAltrove(const std::filesystem::path& percorso);
+    void ApriColProgramma();
+    bool Nuova(int quante) { return m_maniera != Maniera::Usuale && m_caso.Una(quante); }
+    std::string FuoriPagina(std::string_view genere, int parole);
+    void Ricorda(std::string_view genere, std::string_view testo);
+
     // ---- Text ----
     void SceglieFont();
     void FontPropri(const std::filesystem::path& font);
+    void AggiungiFont(const std::string& file, const std::string& nome, bool incorpora);
     std::string Adatta(std::string testo, double punti);
     void Riga(const Zona& zona);
     void RigaObliqua(const Zona& zona);
@@ -74,6 +103,7 @@ private:
     void Curve(const Zona& zona);
     void Figure(const Zona& zona);
     void Immagine(const Zona& zona);
+    void Disegna(const std::string& figura, const Zona& zona, const std::string& chiave);
     void Spazio(const Zona& zona);
     void Assi(const Zona& zona);
     void Gioca(const Zona& zona);
@@ -81,6 +111,8 @@ private:
     int Pittura() { return m_caso.Fra(std::vector<int>{1, 3, 4, 5, 6, 7}); }
 
     // ---- Notes ----
+    std::string Autore();
+    std::string TestoDiRiquadro();
     void Segnalibro(const Zona& zona);
     void Nota(const Zona& zona);
     void Riquadro(const Zona& zona);
@@ -93,7 +125,9 @@ private:
     float F(double da, double a) { return static_cast<float>(m_caso.Reale(da, a)); }
 
     Caso m_caso;
+    Maniera m_maniera;
     Conto& m_conto;
+    std::ofstream m_altrove; // where a document goes that goes to a function or a stream
     clsPDFCreator m_pdf;
     std::filesystem::path m_semi;
     double m_unita = 1; // points of the user unit
@@ -107,6 +141,7 @@ private:
     std::vector<std::string> m_oggetti;
     std::string m_tardivo; // the object that is made after the pages
     std::vector<std::string> m_attese;
+    std::vector<std::string> m_fuori; // of each text outside the pages its kind and its bytes
 };
 
 } // namespace resistenza

@@ -154,8 +154,17 @@ void Documentista::Immagine(const Zona& zona)
     std::string figura = m_caso.Fra(m_figure);
     while (m_filtri == FiltriDifficili && Difficile(figura)) figura = m_caso.Fra(m_figure);
     const std::string chiave = m_caso.Una(3) ? "altra volta" : "";
-    CHIAMA(DrawImage, figura, U(zona.X), U(zona.Y), U(zona.Larga * m_caso.Reale(0.1, 1)),
-           U(zona.Alta), chiave);
+    Disegna(figura, {zona.X, zona.Y, zona.Larga * m_caso.Reale(0.1, 1), zona.Alta}, chiave);
+}
+
+// A key names one picture among those of bytes, so that each has its own.
+void Documentista::Disegna(const std::string& figura, const Zona& zona, const std::string& chiave)
+{
+    const float larga = U(zona.Larga);
+    const float alta = U(zona.Alta);
+    if (!Nuova(2)) return CHIAMA(DrawImage, figura, U(zona.X), U(zona.Y), larga, alta, chiave);
+    CHIAMA(DrawImageData, ByteDi(figura), U(zona.X), U(zona.Y), larga, alta,
+           chiave.empty() ? "" : figura);
 }
 
 // ---- Axes and reusable drawings ----------------------------------------------------------------

@@ -18,16 +18,30 @@ const std::vector<int> Bandiere = {0, 2, 4, 20, 68, 132};
 
 void Documentista::Segnalibro(const Zona& zona)
 {
-    const std::string titolo = Frase(m_caso, 4);
+    const std::string titolo = FuoriPagina("segnalibro", 4);
     const int livello = m_caso.Intero(0, 5);
     CHIAMA(AddBookmark, titolo, livello, m_caso.Intero(0, 5), U(zona.X), U(zona.Y),
            U(zona.X + zona.Larga), U(zona.Y + zona.Alta), F(0, 4));
 }
 
+// Of a note: its reader shows it as the window's title. None at all is told, too.
+std::string Documentista::Autore()
+{
+    if (!m_caso.Una(2)) return FuoriPagina("chi", 2);
+    Ricorda("chi", "");
+    return "";
+}
+
+// A reader sets in type itself what has no appearance.
+std::string Documentista::TestoDiRiquadro()
+{
+    return m_maniera == Maniera::Conforme ? FuoriPagina("nota", 8) : FraseComune(m_caso, 8);
+}
+
 void Documentista::Nota(const Zona& zona)
 {
-    const std::string testo = Frase(m_caso, 8);
-    const std::string titolo = m_caso.Una(2) ? "" : Frase(m_caso, 2);
+    const std::string testo = FuoriPagina("nota", 8);
+    const std::string titolo = Autore();
     const std::string colore = m_caso.Una(3) ? "" : Colore();
     const bool aperta = m_caso.Una(2);
     CHIAMA(AddNoteIcon, testo, m_caso.Intero(0, 7), U(zona.X), U(zona.Y), aperta, colore, titolo,
@@ -36,8 +50,8 @@ void Documentista::Nota(const Zona& zona)
 
 void Documentista::Riquadro(const Zona& zona)
 {
-    const std::string testo = FraseComune(m_caso, 8);
-    const std::string titolo = m_caso.Una(2) ? "" : Frase(m_caso, 2);
+    const std::string testo = TestoDiRiquadro();
+    const std::string titolo = Autore();
     const std::string sfondo = m_caso.Una(3) ? "" : Colore();
     const std::string inchiostro = Tinta();
     const int lato = m_caso.Intero(0, 2);
@@ -48,8 +62,8 @@ void Documentista::Riquadro(const Zona& zona)
 
 void Documentista::Timbro(const Zona& zona)
 {
-    const std::string testo = Frase(m_caso, 8);
-    const std::string titolo = m_caso.Una(2) ? "" : Frase(m_caso, 2);
+    const std::string testo = FuoriPagina("nota", 8);
+    const std::string titolo = Autore();
     const std::string colore = m_caso.Una(3) ? "" : Colore();
     CHIAMA(AddNoteStamp, testo, U(zona.X), U(zona.Y), U(zona.Larga), U(zona.Alta),
            m_caso.Intero(0, 14), titolo, colore, m_caso.Fra(Bandiere));

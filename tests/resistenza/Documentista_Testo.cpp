@@ -35,9 +35,16 @@ void Documentista::FontPropri(const std::filesystem::path& font)
     const int quanti = m_caso.Intero(1, 2);
     for (int i = 0; i < quanti; ++i) {
         const std::string nome = "Proprio " + std::to_string(i);
-        CHIAMA(AddFont, (font / m_caso.Fra(file)).string(), nome, m_caso.Una(2));
+        const bool incorpora = m_caso.Una(2);
+        AggiungiFont((font / m_caso.Fra(file)).string(), nome, incorpora);
         m_fontPropri.push_back(nome);
     }
+}
+
+void Documentista::AggiungiFont(const std::string& file, const std::string& nome, bool incorpora)
+{
+    if (Nuova(2)) CHIAMA(AddFontData, ByteDi(file), nome, incorpora);
+    else CHIAMA(AddFont, file, nome, incorpora);
 }
 
 void Documentista::SceglieFont()

@@ -167,6 +167,22 @@ std::string TestoOstile(Caso& caso, int pezzi)
     return testo;
 }
 
+std::string TestoDiFuori(Caso& caso)
+{
+    static const std::vector<std::string> testi = {"L'età - 10 € “x” Łódź 日本",
+                                                   "č",
+                                                   "\u2828",
+                                                   "\u2829 e \u5C5C",
+                                                   "þÿ all'inizio",
+                                                   "ï»¿ all'inizio",
+                                                   "(\\)\r\n\t",
+                                                   "😀 e 𝄞",
+                                                   "fi ﬁ, fl ﬂ",
+                                                   "\u00AD\u00A0",
+                                                   std::string("a\0b", 3)};
+    return caso.Una(3) ? TestoOstile(caso, 8) : caso.Fra(testi);
+}
+
 std::string Nome(Caso& caso, int numero)
 {
     constexpr std::size_t byte = 126;

@@ -28,6 +28,10 @@ std::string Nome(Caso& caso, int numero);
 // bytes that are no UTF-8. Never at its front "#" or "%", never a byte 0.
 std::string TestoOstile(Caso& caso, int pezzi);
 
+// A text as only a conforming document keeps it outside its pages: of any script, of bytes that
+// read as the mark of another encoding, or one of those that leave their place.
+std::string TestoDiFuori(Caso& caso);
+
 // What a page shows of a text: each character outside Windows-1252 is "?".
 std::string ComeSiVede(std::string_view testo);
 

@@ -7,6 +7,7 @@ from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "lettori"))
+import conformi  # noqa: E402
 import lettori  # noqa: E402
 
 # mutool gives codes of ZapfDingbats, pdftotext its signs: neither counts. Of the documents made here
@@ -28,11 +29,17 @@ def differenza(uno, altro):
     return sorted((prima - dopo).elements()), sorted((dopo - prima).elements())
 
 
+def senza_note(documento):
+    """The document's bytes, no page of which has annotations."""
+    byte = documento.percorso.read_bytes()
+    return conformi.senza_note(byte) if documento.conforme else byte.replace(b"/Annots", b"/Altrov")
+
+
 def estrai(documento, cartella):
     """What mutool and pdftotext extract, in this order, from the pages without their annotations, of
     which each reader draws its own."""
     copia = documento._replace(percorso=Path(cartella) / documento.percorso.name)
-    copia.percorso.write_bytes(documento.percorso.read_bytes().replace(b"/Annots", b"/Altrov"))
+    copia.percorso.write_bytes(senza_note(documento))
     # -D: otherwise it leaves out what a clipping path hides.
     esito, _ = lettori.mutool(copia, "-D", "-F", "txt", "-o", "-")
     return esito.stdout, lettori.pdftotext(copia).testo
@@ -55,7 +62,7 @@ def confronta(documento, letture):
 
 def giudica(percorso):
     documento = lettori.apri(percorso)
-    letture = {chi: lettori.leggi(documento, chi) for chi in lettori.LETTORI}
+    letture = {chi: lettori.leggi(documento, chi) for chi in lettori.lettori_di(documento)}
     giudizio = lettori.giudica(documento, letture)
     return giudizio._replace(difetti=giudizio.difetti + confronta(documento, letture))
 

@@ -36,11 +36,18 @@ class Letture(unittest.TestCase):
 
 
 class Conto(unittest.TestCase):
-    def test_le_operazioni_sono_le_settanta_e_le_due_aggiunte(self):
-        self.assertEqual(len(resistenza.operazioni()), 72)
+    def test_le_operazioni_sono_le_settanta_e_le_otto_aggiunte(self):
+        self.assertEqual(len(resistenza.operazioni()), 78)
+
+    def test_ai_documenti_soliti_mancano_solo_quelle_delle_altre_maniere(self):
+        solite = dict.fromkeys(resistenza.operazioni() - resistenza.SOLO_IN_ALTRE_MANIERE, 1)
+        self.assertEqual(len(solite), 72)
+        self.assertEqual(resistenza.poche(solite, 1), [])
+        self.assertEqual(len(resistenza.poche(solite, 1, "conformi")), 6)
+        self.assertEqual(resistenza.poche({**solite, "Compress": 1}, 1), ["Compress"])
 
     def test_quelle_chiamate_poco_e_quelle_ignote_si_dicono(self):
-        conto = dict.fromkeys(resistenza.operazioni(), 3)
+        conto = dict.fromkeys(resistenza.operazioni() - resistenza.SOLO_IN_ALTRE_MANIERE, 3)
         self.assertEqual(resistenza.poche(conto, 3), [])
         conto["DrawText"] = 2
         conto["DrawPolygon"] = 9

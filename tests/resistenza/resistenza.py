@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """Endurance of the writer, of the command and of the window; tools/resistenza.sh runs all of it.
 
-    resistenza.py [OPTIONS] documenti [--quanti N] [--primo SEED] [--almeno N]
+    resistenza.py [OPTIONS] documenti [--quanti N] [--primo SEED] [--almeno N] [--maniera M]
     resistenza.py [OPTIONS] report [--corse N] [--seme SEED]
     resistenza.py [OPTIONS] durata [--taglie N] [--corse N] [--processi N] [--partite N] [--schermo N]
     resistenza.py [OPTIONS] perdite
 
-documenti  random documents over all operations of the PDF writer (see documenti.cpp), and
+documenti  random documents over all operations of the PDF writer (see documenti.cpp; --maniera as
+           there: aperti, conformi), and
 report     the PDF reports of random runs, before four foreign readers, of which two extract the text
 durata     millions of shoes, thousands of reports and hundreds of games: memory flat, no file left
 perdite    one run of each kind under valgrind
@@ -41,6 +42,10 @@ MANCIATA = 50
 CRESCITA_MASSIMA = 1024  # KiB, more than any fluctuation
 MEMORIA_MINIMA = 500     # KiB; less is a process that has not begun
 POCHE_TAGLIE = 10_000
+
+# What the usual documents, whose bytes stay, are made without.
+SOLO_IN_ALTRE_MANIERE = {"Conforming", "Compress", "SetLanguage", "BeginDocTo", "AddFontData",
+                         "DrawImageData"}
 
 FORME = [["-f", forma, *altre] for forma, *altre in [
     ("txt",), ("html",), ("pdf",), ("pdf", "--caratteri-unici"), ("txt", "-s"), ("html", "-s"),
@@ -85,9 +90,9 @@ def operazioni():
     return set(re.findall(r"^    (?:static )?[\w:]+ (\w+)\(", pubblica, re.MULTILINE))
 
 
-def poche(conto, almeno):
+def poche(conto, almeno, maniera=""):
     """The operations that were not called so often, and those that do not exist."""
-    note = operazioni()
+    note = operazioni() - (set() if maniera else SOLO_IN_ALTRE_MANIERE)
     return sorted(n for n in note | set(conto) if n not in note or conto.get(n, 0) < almeno)
 
 
@@ -115,15 +120,18 @@ def documenti(scelte):
             cartella = Path(base) / "pdf"
             cartella.mkdir()
             detto = fai(scelte.costruito / "tests/resistenza/documenti", cartella, primo, quanti,
-                        SEMI, FONT, env=apritore(base))
+                        SEMI, FONT, *scelte.maniera, env=apritore(base))
             for riga in detto.splitlines():
                 nome, volte = riga.split()
                 conto[nome] = conto.get(nome, 0) + int(volte)
+            conformi = sum(lettori.apri(file).conforme for file in cartella.glob("*.pdf"))
+            pretendi(conformi == (quanti if "conformi" in scelte.maniera else 0),
+                     f"conformi: {conformi} di {quanti}")
             parte = esamina(cartella, scelte.conservati, scelte.fili)
             visti, rifiutati = visti + parte[0], rifiutati + parte[1]
     pretendi(visti == scelte.quanti, f"documenti: {visti} invece di {scelte.quanti}")
     print(" ".join(f"{nome} {volte}" for nome, volte in sorted(conto.items())))
-    scarse = poche(conto, scelte.almeno)
+    scarse = poche(conto, scelte.almeno, *scelte.maniera)
     racconta(f"documenti: {visti} (semi da {scelte.primo} a {scelte.primo + scelte.quanti - 1}), "
              f"rifiutati {rifiutati}; operazioni: {len(conto)}, la più rara "
              f"{min(conto.values())} volte", inizio)
@@ -321,8 +329,10 @@ def argomenti(testi):
         nuova.set_defaults(lavoro=lavoro)
         for nome, valore in numeri.items():
             nuova.add_argument(f"--{nome}", type=int, default=valore)
+        return nuova
 
-    parte(documenti, quanti=1000, primo=1, almeno=1)
+    documentisti = parte(documenti, quanti=1000, primo=1, almeno=1)
+    documentisti.add_argument("--maniera", choices=["aperti", "conformi"], nargs=1, default=[])
     parte(report, corse=200, seme=1)
     parte(durata, taglie=0, corse=0, processi=0, partite=0, schermo=0)
     parte(perdite)
