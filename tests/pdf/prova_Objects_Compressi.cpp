@@ -223,4 +223,5 @@ TEST_P(DocumentiCompressi, ChiamateFuoriPostoNonFannoDanni)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Modi, DocumentiCompressi, testing::Values(Modo{1, false}, Modo{6, false}));
+INSTANTIATE_TEST_SUITE_P(Modi, DocumentiCompressi,
+                         testing::Values(Modo{1, false}, Modo{6, false}, Modo{6, true}));
