@@ -66,6 +66,26 @@ class Libreria(Prova):
             with self.subTest(opzione=opzione), self.assertRaisesRegex(AssertionError, "ZLIB"):
                 self.configura(self.cartella / "mai", senza, opzione)
 
+    def test_un_progetto_che_tiene_i_sorgenti_ha_gli_stessi_nomi(self):
+        progetto = self.cartella / "con i sorgenti"
+        progetto.mkdir()
+        (progetto / "saluto.cpp").write_text((QUI / "progetto/saluto.cpp").read_text())
+        (progetto / "CMakeLists.txt").write_text(f"""cmake_minimum_required(VERSION 3.25)
+            project(fuori LANGUAGES CXX)
+            set(SCALVINO_LIBRARY_ONLY ON)
+            add_subdirectory("{os.environ["RADICE"]}" scalvino)
+            add_executable(saluto saluto.cpp)
+            target_link_libraries(saluto PRIVATE clsPDFCreator::clsPDFCreator
+                $<TARGET_NAME_IF_EXISTS:clsPDFCreator::shared>)
+            get_target_property(vero clsPDFCreator::static TYPE)
+            if(TARGET copioni_static OR NOT vero STREQUAL STATIC_LIBRARY)
+                message(FATAL_ERROR "its tests are not the project's")
+            endif()
+            """)
+        fai(CMAKE, "-S", progetto, "-B", progetto / "costruito", "-G", "Ninja")
+        regole = (progetto / "costruito/build.ninja").read_text()
+        self.assertRegex(regole, r"build saluto: .*libclsPDFCreator\.so")
+
     def test_un_compilatore_solo_la_trova_con_pkg_config(self):
         ambiente = {**os.environ, "PKG_CONFIG_PATH": str(self.installata / "lib/pkgconfig")}
         versione = fai("pkg-config", "--modversion", "clsPDFCreator", env=ambiente)
