@@ -142,10 +142,13 @@ void Objects::Busy()
 }
 
 // The error is kept as it was thrown, which takes no memory: there may be none left for another.
-void Objects::prFail()
+void Objects::prGiveUp()
 {
-    m_failure = std::current_exception();
-    m_at = &m_nothing;
+    if (m_output && !m_handing) {
+        m_failure = std::current_exception();
+        m_at = &m_nothing;
+    }
+    throw;
 }
 
 void Objects::Buffer::Resize(std::size_t size)
@@ -172,8 +175,7 @@ void Objects::Flush()
         const Handing handing(m_handing);
         m_output->Write(m_file.Held());
     } catch (...) {
-        prFail();
-        throw;
+        prGiveUp();
     }
     m_at = at;
     m_file.Leave();

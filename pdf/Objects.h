@@ -120,9 +120,10 @@ public:
         if (m_handing) Busy();
     }
 
-    // While an exception is handled: it is from now on the error of every operation, as if a write
-    // had failed.
-    void prFail();
+    // To be called where an exception is handled, which it throws again: from now on it is the error
+    // of every operation, as if a write had failed. Operations that would be left half done do so
+    // when memory runs out, so that no half of them stands in a document that seems whole.
+    [[noreturn]] void prGiveUp();
 
     // Bytes written so far: where the next one will stand. Not within prBeginContent.
     std::uint64_t prPosition() const { return m_file.Gone + m_file.Used; }
@@ -295,7 +296,7 @@ private:
 
     std::unique_ptr<Output> m_output;
     Format m_format;
-    std::exception_ptr m_failure;       // of the write that failed
+    std::exception_ptr m_failure;       // of the write that failed, or of prGiveUp
     bool m_handing = false;             // the receiver has a piece of the document in hand
     Buffer m_file;                      // on its way to the output
     Buffer m_content;                   // on its way to m_deflate, whose output goes into m_file

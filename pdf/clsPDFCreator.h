@@ -41,8 +41,9 @@
 // file with its name and the reason. What EndDoc will need for what is there already is kept back,
 // and so is one page: after a refusal nothing has changed and the document can be ended. After a
 // failed write every further operation on that document fails with the same error, and the file
-// stays as far as it was written. An operation names below only the errors that it has besides
-// these.
+// stays as far as it was written. So it is after an operation that memory ran out in before it was
+// done; std::bad_alloc is the only error of another type. An operation names below only the errors
+// that it has besides these.
 //
 // What the file holds is described by ISO 32000-1 (PDF 1.7), whose clauses are named below.
 #pragma once

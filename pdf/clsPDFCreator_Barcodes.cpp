@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <optional>
 
 namespace {
@@ -143,7 +144,7 @@ std::string Code39Data(const std::string& text)
 
 void clsPDFCreator::DrawEAN13(std::string_view Code, float X, float Y, bool ShowText,
                               float BarHeight, float ModuleWidth)
-{
+try {
     constexpr double usualHeight = 69; // modules
     constexpr double guardReach = 5;   // modules that guards reach into the text line
     m->prRequire(X, Y, BarHeight, ModuleWidth);
@@ -165,11 +166,13 @@ void clsPDFCreator::DrawEAN13(std::string_view Code, float X, float Y, bool Show
     }
     if (ShowText) m->prDrawEanText(font, X, Y + height, digits, module);
     m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float Height, bool ShowText,
                                float ModuleWidth, float Ratio)
-{
+try {
     constexpr double usualRatio = 2.5;
     constexpr double usualHeight = 40; // modules
     constexpr double textSize = 10;    // modules, like the distance of its baseline from the bars
@@ -197,6 +200,8 @@ void clsPDFCreator::DrawCODE39(std::string_view Code, float X, float Y, float He
                              textSize * narrow);
     }
     m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 // Bars standing side by side are one rectangle.

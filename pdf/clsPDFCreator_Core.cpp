@@ -11,6 +11,7 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <new>
 
 namespace {
 
@@ -254,7 +255,7 @@ void clsPDFCreator::State::prBeginFile(const std::string& info)
 }
 
 void clsPDFCreator::EndDoc()
-{
+try {
     auto& out = m->Out;
     out.prRequireOpen();
     const std::int32_t outlines = m->Bookmarks.empty() ? 0 : m->prWriteOutlines();
@@ -278,6 +279,8 @@ void clsPDFCreator::EndDoc()
     out.prWriteRaw("startxref\r" + std::to_string(crossReferences));
     out.prWriteRaw("%%EOF\r");
     out.prClose();
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::OpenDoc()

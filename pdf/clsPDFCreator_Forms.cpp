@@ -4,6 +4,8 @@
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+#include <new>
+
 namespace {
 
 constexpr std::string_view FormKind = "un modulo";
@@ -11,7 +13,7 @@ constexpr std::string_view FormKind = "un modulo";
 } // namespace
 
 void clsPDFCreator::BeginObject(std::string_view Name, std::int32_t Flags)
-{
+try {
     auto& out = m->Out;
     m->prRequire();
     m->prRequireObjects(State::ObjectsOfDrawing);
@@ -32,21 +34,27 @@ void clsPDFCreator::BeginObject(std::string_view Name, std::int32_t Flags)
     m->FormResources.append(std::to_string(number)).append(" 0 R \r");
     m->prBeginDrawing();
     out.prWriteRaw("q");
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::EndObject()
-{
+try {
     m->prRequire();
     m->Out.prWriteRaw("Q");
     m->prEndDrawing();
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::PlayObject(std::string_view Name)
-{
+try {
     m->prRequire();
     const std::string name = InWindows1252(Name);
     pdf::prRequireName(name, FormKind);
     m->prPlayObject(name);
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::State::prPlayObject(std::string_view name)

@@ -6,6 +6,8 @@
 #include "InputFile.h"
 #include "clsPDFCreator_State.h"
 
+#include <new>
+
 namespace {
 
 enum : std::int32_t
@@ -109,7 +111,7 @@ std::string clsPDFCreator::prToASCII85(std::string_view Bytes)
 
 void clsPDFCreator::State::prDrawImage(std::int32_t image, double x, double y, double width,
                                        double height)
-{
+try {
     // Two spaces: the origin at the rectangle's lower left corner, then the unit square of the
     // image stretched upward over the rectangle.
     prOpenSpace(x, y + height);
@@ -118,6 +120,8 @@ void clsPDFCreator::State::prDrawImage(std::int32_t image, double x, double y, d
     Out.prWriteRaw("Q");
     Out.prWriteRaw("Q");
     prSetCurrent(prInPoints(x), prInPoints(y));
+} catch (const std::bad_alloc&) {
+    Out.prGiveUp();
 }
 
 // The number of the picture, read now unless the same file and key were drawn before.

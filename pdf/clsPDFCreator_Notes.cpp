@@ -6,6 +6,7 @@
 #include "clsPDFCreator_State.h"
 
 #include <array>
+#include <new>
 
 namespace {
 
@@ -108,7 +109,7 @@ std::string Appearance(std::int32_t font, double size, std::string_view color)
 void clsPDFCreator::AddNoteIcon(std::string_view Text, std::int32_t Icon, float X, float Y,
                                 bool Open, std::string_view Color, std::string_view Title,
                                 std::int32_t Flags)
-{
+try {
     constexpr double size = 20; // points: how large readers draw such icons
     m->prRequireAnnotation(X, Y);
     Annotation note("Text");
@@ -118,13 +119,15 @@ void clsPDFCreator::AddNoteIcon(std::string_view Text, std::int32_t Icon, float 
     note.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
     note.Line((Open ? "/Open true" : "/Open false") + std::string(Choice(NoteIcons, Icon)));
     m->prAddAnnotation(note.Finished());
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Width, float Height,
                                float FontSize, std::string_view TextColor, std::int32_t Align,
                                float BorderWidth, std::int32_t BorderStyle, std::string_view Color,
                                std::string_view Title, std::int32_t Flags)
-{
+try {
     m->prRequireAnnotation(X, Y, Width, Height, FontSize, BorderWidth);
     auto& request = m->prRequestOf("Arial", 0);
     const std::size_t found = m->prFindFont(request);
@@ -142,23 +145,27 @@ void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Wi
     pdf::prAppendNumber(border, BorderWidth);
     note.Line(border + std::string(Choice(BorderStyles, BorderStyle)) + " >>");
     m->prAddAnnotation(note.Finished());
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::AddNoteStamp(std::string_view Text, float X, float Y, float Width, float Height,
                                  std::int32_t Stamp, std::string_view Title, std::string_view Color,
                                  std::int32_t Flags)
-{
+try {
     m->prRequireAnnotation(X, Y, Width, Height);
     Annotation stamp("Stamp");
     stamp.Rect(m->prAnnotationRect(X, Y, Width, Height));
     stamp.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
     stamp.Known(Choice(Stamps, Stamp));
     m->prAddAnnotation(stamp.Finished());
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::AddWebLink(std::string_view URL, float X, float Y, float Width, float Height,
                                std::int32_t Highlight, float Border)
-{
+try {
     constexpr std::int32_t printed = 4;
     m->prRequireAnnotation(X, Y, Width, Height, Border);
     const std::string address = InWindows1252(URL);
@@ -171,6 +178,8 @@ void clsPDFCreator::AddWebLink(std::string_view URL, float X, float Y, float Wid
     link.Line(border + "]");
     link.Line("/A << /S /URI /URI (" + pdf::prPDFString(address) + ") >>");
     m->prAddAnnotation(link.Finished());
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::State::prAddAnnotation(std::string annotation)

@@ -6,9 +6,11 @@
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+#include <new>
+
 std::int16_t clsPDFCreator::BeginPage(std::int32_t Orientation, std::int32_t PageLabel,
                                       std::string_view LabelPrefix, std::int32_t FirstValue)
-{
+try {
     auto& out = m->Out;
     m->prRequire();
     pdf::prRequireRoom(m->PageCount, "pagine");
@@ -38,16 +40,20 @@ std::int16_t clsPDFCreator::BeginPage(std::int32_t Orientation, std::int32_t Pag
     m->HorizontalScaling = 100;
     m->Current = {};
     return m->PageCount;
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::EndPage()
-{
+try {
     m->prRequire();
     m->prPlayAutoObjects(true);
     m->Out.prEndStream();
     m->Out.prWriteStreamLength();
     m->prWriteAnnotations(m->Out.prCounter());
     m->KeptForDrawing = 0;
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 float clsPDFCreator::GetX() const

@@ -4,6 +4,8 @@
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+#include <new>
+
 namespace {
 
 void AppendNumbers(std::string& text, std::initializer_list<double> numbers)
@@ -23,7 +25,7 @@ std::string Components(std::string_view color)
 
 void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float X2, float Y2,
                                 float XStep, float YStep, std::int32_t PaintKind)
-{
+try {
     constexpr std::int32_t uncoloured = 2;
     auto& out = m->Out;
     m->prRequire(X1, Y1, X2, Y2, XStep, YStep);
@@ -47,32 +49,40 @@ void clsPDFCreator::BeginTiling(std::string_view Name, float X1, float Y1, float
     m->prBeginDrawing();
     if (X1 != 0 || Y1 != 0) out.prPrint("1 0 0 1 ", points(X1), " ", points(Y1), " cm");
     out.prPrint("1 0 0 -1 0 ", points(static_cast<double>(Y2) - Y1), " cm");
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::EndTiling()
-{
+try {
     m->prRequire();
     m->prEndDrawing();
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::SetLinearFill(const std::vector<std::string>& Colors, float X0, float Y0,
                                   float X1, float Y1, bool ExtendStart, bool ExtendEnd)
-{
+try {
     m->prRequire(X0, Y0, X1, Y1);
     const auto points = [this](double units) { return m->prInPoints(units); };
     m->prUseGradient({"2", "1"}, {points(X0), points(Y0), points(X1), points(Y1)}, Colors,
                      ExtendStart, ExtendEnd);
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::SetRadialFill(const std::vector<std::string>& Colors, float X0, float Y0,
                                   float R0, float X1, float Y1, float R1, bool ExtendStart,
                                   bool ExtendEnd)
-{
+try {
     m->prRequire(X0, Y0, R0, X1, Y1, R1);
     const auto points = [this](double units) { return m->prInPoints(units); };
     m->prUseGradient({"3", "1.000"},
                      {points(X0), points(Y0), points(R0), points(X1), points(Y1), points(R1)},
                      Colors, ExtendStart, ExtendEnd);
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 // A blend of the first and the last colour, kept for EndDoc and chosen as the fill at once. Its

@@ -2,11 +2,12 @@
 
 #include "clsPDFCreator_State.h"
 
+#include <new>
 #include <utility>
 
 void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, float LineWidth,
                                std::string_view LineColor)
-{
+try {
     m->prRequire(X, Y, LineWidth);
     const State::Style present = {m->FillChosen ? m->FillColor : "",
                                   pdf::prFloat(m->prInUnits(m->LineWidth)),
@@ -27,11 +28,13 @@ void clsPDFCreator::BeginTable(float X, float Y, std::string_view FillColor, flo
     m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
     m->Out.prWriteRaw("q");
     m->Out.prPrint(m->prInPoints(table.OwnStyle->LineWidth), " w");
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float LineWidth,
                              std::string_view LineColor)
-{
+try {
     m->prRequire(Height, LineWidth);
     auto& table = m->Table;
     table.RowStyle = State::prStyleOf(FillColor, LineWidth, LineColor, table.OwnStyle);
@@ -43,21 +46,25 @@ void clsPDFCreator::BeginRow(float Height, std::string_view FillColor, float Lin
     table.CellX = 0;
     m->Current = {};
     table.RowOpen = true;
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::EndRow()
-{
+try {
     m->prRequire();
     auto& table = m->Table;
     if (!table.RowOpen) return;
     m->Out.prWriteRaw("Q");
     table.RowPosition.Y = pdf::prFloat(static_cast<double>(table.RowPosition.Y) + table.RowHeight);
     table.RowOpen = false;
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::BeginColumn(float Width, std::string_view FillColor, float LineWidth,
                                 std::string_view LineColor)
-{
+try {
     m->prRequire(Width, LineWidth);
     auto& table = m->Table;
     const auto style = State::prStyleOf(FillColor, LineWidth, LineColor, table.RowStyle);
@@ -66,26 +73,32 @@ void clsPDFCreator::BeginColumn(float Width, std::string_view FillColor, float L
     m->prPaintFrame(*style, Width, table.RowHeight);
     m->Current = {};
     table.CellOpen = true;
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::EndColumn()
-{
+try {
     m->prRequire();
     auto& table = m->Table;
     if (!table.CellOpen) return;
     m->Out.prWriteRaw("Q");
     table.CellX = pdf::prFloat(static_cast<double>(table.CellX) + table.CellWidth);
     table.CellOpen = false;
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 void clsPDFCreator::EndTable()
-{
+try {
     m->prRequire();
     m->Out.prWriteRaw("Q");
     m->prSetCurrent(m->prInPoints(m->Table.Origin.X), m->prInPoints(m->Table.Origin.Y));
     if (m->OuterTables.empty()) return;
     m->Table = std::move(m->OuterTables.back());
     m->OuterTables.pop_back();
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 // The inherited style itself where a call names nothing of its own, as most do.

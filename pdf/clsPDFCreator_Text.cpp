@@ -5,6 +5,8 @@
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+#include <new>
+
 namespace {
 
 enum : std::int32_t
@@ -44,7 +46,7 @@ void clsPDFCreator::SetTextRenderingMode(std::int32_t W)
 
 void clsPDFCreator::DrawText(float X, float Y, std::string_view Text, std::int32_t Options,
                              float Angle)
-{
+try {
     m->prRequire(X, Y, Angle);
     m->prRequireFont();
     std::string bytes;
@@ -59,12 +61,14 @@ void clsPDFCreator::DrawText(float X, float Y, std::string_view Text, std::int32
 
     m->prWriteText(left, baseline, text, Angle);
     m->prDrawDecorations(left, baseline, text, Angle);
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 std::int16_t clsPDFCreator::DrawTextBox(float X, float Y, float Width, float Height,
                                         std::string_view Text, float LineSpacing, float Indent,
                                         std::int32_t Options, float Angle)
-{
+try {
     m->prRequire(X, Y, Width, Height, LineSpacing, Indent, Angle);
     m->prRequireFont();
     std::string bytes;
@@ -90,6 +94,8 @@ std::int16_t clsPDFCreator::DrawTextBox(float X, float Y, float Width, float Hei
     out.prPrint("\r\nET");
     m->prSetCurrent(m->prInPoints(X), m->prInPoints(Y));
     return static_cast<std::int16_t>(lines.size());
+} catch (const std::bad_alloc&) {
+    m->Out.prGiveUp();
 }
 
 std::int16_t clsPDFCreator::DrawParagraph(float X, float Y, float Width, float Height,

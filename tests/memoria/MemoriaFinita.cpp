@@ -13,6 +13,7 @@ constinit std::atomic<bool> attiva = false;
 constinit std::atomic<std::uint64_t> richieste = 0;
 constinit std::atomic<std::uint64_t> daRifiutare = 0;
 constinit std::atomic<bool> ancheDopo = false;
+constinit std::atomic<std::int64_t> presi = 0;
 
 bool Rifiuta()
 {
@@ -21,22 +22,34 @@ bool Rifiuta()
     return daRifiutare != 0 && (questa == daRifiutare || (ancheDopo && questa > daRifiutare));
 }
 
+void* Contato(void* blocco)
+{
+    if (blocco != nullptr) ++presi;
+    return blocco;
+}
+
 void* Prendi(std::size_t quanti)
 {
-    return Rifiuta() ? nullptr : std::malloc(quanti);
+    return Contato(Rifiuta() ? nullptr : std::malloc(quanti));
 }
 
 void* Prendi(std::size_t quanti, std::align_val_t passo)
 {
     const auto allineamento = static_cast<std::size_t>(passo);
     const std::size_t arrotondati = (quanti + allineamento - 1) / allineamento * allineamento;
-    return Rifiuta() ? nullptr : std::aligned_alloc(allineamento, arrotondati);
+    return Contato(Rifiuta() ? nullptr : std::aligned_alloc(allineamento, arrotondati));
 }
 
 void* Preteso(void* blocco)
 {
     if (blocco == nullptr) throw std::bad_alloc();
     return blocco;
+}
+
+void Rendi(void* blocco)
+{
+    if (blocco != nullptr) --presi;
+    std::free(blocco);
 }
 
 } // namespace
@@ -55,6 +68,11 @@ std::uint64_t Ripara()
 {
     attiva = false;
     return richieste;
+}
+
+std::int64_t Presi()
+{
+    return presi;
 }
 
 } // namespace memoria
@@ -92,50 +110,50 @@ void* operator new[](std::size_t quanti, const std::nothrow_t&) noexcept
 
 void operator delete(void* blocco) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete[](void* blocco) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete(void* blocco, std::size_t) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete[](void* blocco, std::size_t) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete(void* blocco, std::align_val_t) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete[](void* blocco, std::align_val_t) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete(void* blocco, std::size_t, std::align_val_t) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete[](void* blocco, std::size_t, std::align_val_t) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete(void* blocco, const std::nothrow_t&) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }
 
 void operator delete[](void* blocco, const std::nothrow_t&) noexcept
 {
-    std::free(blocco);
+    Rendi(blocco);
 }

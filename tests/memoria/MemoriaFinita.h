@@ -19,4 +19,7 @@ void Guasta(std::uint64_t quale, Durata durata = Durata::UnaVolta);
 // Ends that and returns how many requests there were.
 std::uint64_t Ripara();
 
+// How many blocks have been taken and not given back, ever.
+std::int64_t Presi();
+
 } // namespace memoria
