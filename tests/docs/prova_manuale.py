@@ -1,6 +1,7 @@
 """The manual of the PDF writer: each example runs, stands there as it is, and shows its page."""
 
 import shutil
+import subprocess
 import tempfile
 import unittest
 from pathlib import Path
@@ -17,6 +18,19 @@ ALTRI_ARGOMENTI = {
     "figure": [DOCS / "figure"],
     "font_propri": [LIBERATION / "LiberationSerif-BoldItalic.ttf"],
 }
+
+def corpo(risposta):
+    """What an answer as of a web server brings."""
+    testa, _, portato = risposta.partition(b"\r\n\r\n")
+    righe = testa.decode("ascii").split("\r\n")
+    if righe != ["HTTP/1.1 200 OK", "Content-Type: application/pdf",
+                 f"Content-Length: {len(portato)}"]:
+        raise AssertionError(righe)
+    return portato
+
+
+# Examples whose document is not in a file, and where it is in what they print.
+DALL_USCITA = {"risposta": corpo, "tubo": bytes}
 
 # Texts that readers find in the documents, in the order of the manual.
 ATTESE = {
@@ -36,6 +50,8 @@ ATTESE = {
     "note": ["The coup", "Where to read on", "example.org/rules"],
     "codici": ["006381", "TAGLIA 7", "Nero31"],
     "motivi": ["Scalvino"],
+    "risposta": ["Signora Bruni", "is expected at nine"],
+    "tubo": ["An evening of cards", "000033"],
 }
 
 IMMAGINE_MASSIMA = 30 * 1024
@@ -52,13 +68,20 @@ class Manuale(unittest.TestCase):
         cls.cartella = Path(tempfile.mkdtemp(prefix="manuale "))
         cls.errori = {}
         for nome in ATTESE:
-            fatto = esegui(COSTRUITI / "esempi" / nome, cls.pdf(nome),
-                           *ALTRI_ARGOMENTI.get(nome, []))
-            if fatto.returncode != 0:
-                raise AssertionError(f"{nome}: {fatto.returncode}: {fatto.stderr}")
-            cls.errori[nome] = fatto.stderr
+            cls.errori[nome] = cls.scrivi(nome)
             if ATTESE[nome]:
                 comune.attendi_testi(cls.pdf(nome), ATTESE[nome])
+
+    @classmethod
+    def scrivi(cls, nome):
+        """Makes the example's document; what it says on standard error."""
+        argomenti = [] if nome in DALL_USCITA else [cls.pdf(nome), *ALTRI_ARGOMENTI.get(nome, [])]
+        fatto = esegui(COSTRUITI / "esempi" / nome, *argomenti, text=False)
+        if fatto.returncode != 0:
+            raise AssertionError(f"{nome}: {fatto.returncode}: {fatto.stderr}")
+        if nome in DALL_USCITA:
+            cls.pdf(nome).write_bytes(DALL_USCITA[nome](fatto.stdout))
+        return fatto.stderr.decode("utf-8")
 
     @classmethod
     def tearDownClass(cls):
@@ -107,6 +130,18 @@ class Manuale(unittest.TestCase):
     def test_il_font_e_incorporato(self):
         riga = fai("pdffonts", self.pdf("font_propri")).splitlines()[2]
         self.assertRegex(riga, r"^LiberationSerif-BoldItalic +TrueType +WinAnsi +yes")
+
+    def test_il_tubo_porta_documenti_lunghi_ed_e_un_errore_se_nessuno_legge(self):
+        lungo = esegui(COSTRUITI / "esempi" / "tubo", 500, text=False)
+        self.assertEqual((lungo.returncode, lungo.stderr), (0, b""))
+        self.assertIn(b"/Count 500", lungo.stdout)
+        for quanti in [1, 500]:
+            with subprocess.Popen([COSTRUITI / "esempi" / "tubo", str(quanti)], text=True,
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE) as scrive:
+                scrive.stdout.close()
+                self.assertEqual(scrive.stderr.read(),
+                                 "clsPDFCreator: il flusso non accetta altri dati\n")
+            self.assertEqual(scrive.returncode, 1)
 
     def test_gli_errori_degli_esempi_sono_quelli_detti(self):
         assente = DOCS / "figure" / "assente.jpg"
