@@ -2,6 +2,7 @@
 // and whatever the receiver does wrong is one error.
 
 #include "Aiuti.h"
+#include "Deflate.h"
 #include "PaginaDiProva.h"
 #include "Scritture.h"
 #include "prova_UsoErrato.h"
@@ -14,6 +15,7 @@
 #include <memory>
 #include <new>
 #include <ostream>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <streambuf>
@@ -51,6 +53,20 @@ void Intero(clsPDFCreator& pdf)
 {
     Pagine(pdf, 12);
     pdf.EndDoc();
+}
+
+// Pages that do not become small.
+void Rumore(clsPDFCreator& pdf)
+{
+    std::minstd_rand caso(7);
+    const auto numero = [&caso] { return static_cast<float>(caso() % 500000) / 1000; };
+    for (int pagina = 0; pagina < 8; ++pagina) {
+        pdf.BeginPage();
+        for (int riga = 0; riga < 1500; ++riga) {
+            pdf.DrawLine(numero(), numero(), numero(), numero());
+        }
+        pdf.EndPage();
+    }
 }
 
 const std::string& Atteso()
@@ -276,6 +292,36 @@ TEST(BeginDocTo, QualunqueCosaLanciLaFunzioneEUnErroreSolo)
             EXPECT_EQ(chiamate, quale + 1); // what failed is not tried again
             EXPECT_EQ(pezzi, Pezzi(interi.begin(), interi.begin() + static_cast<long>(quale)));
             UnAltroRiesce(pdf);
+        }
+    }
+}
+
+TEST(BeginDocTo, OgniPezzoRifiutatoEUnErroreSoloInOgniModo)
+{
+    const Ragione via = {NumeroErrore::ErroreInputOutput, "via"};
+    for (const int modo : {0, 1, 2, 3}) {
+        const auto scrivi = [modo](clsPDFCreator& pdf, const Ricevente& ricevente) {
+            if ((modo & 1) != 0 && pdf::prCanDeflate()) pdf.Compress(1);
+            pdf.Conforming((modo & 2) != 0);
+            pdf.BeginDocTo(ricevente);
+            Rumore(pdf);
+            pdf.EndDoc();
+        };
+        Pezzi interi;
+        clsPDFCreator buono = Scrittore();
+        scrivi(buono, Raccoglie(interi));
+        EXPECT_GT(interi.size(), 2U) << modo;
+        for (std::size_t quale = 0; quale < interi.size(); ++quale) {
+            SCOPED_TRACE(std::to_string(modo) + " " + std::to_string(quale));
+            Pezzi pezzi;
+            clsPDFCreator pdf = Scrittore();
+            const auto riceve = [&](std::string_view pezzo) {
+                if (pezzi.size() == quale) throw std::runtime_error("via");
+                pezzi.emplace_back(pezzo);
+            };
+            Confronta(ErroreDi([&] { scrivi(pdf, riceve); }), via);
+            FallisceTutto(pdf, via);
+            EXPECT_EQ(pezzi, Pezzi(interi.begin(), interi.begin() + static_cast<long>(quale)));
         }
     }
 }
