@@ -120,9 +120,9 @@ public:
         if (m_handing) Busy();
     }
 
-    // To be called where an exception is handled, which it throws again: from now on it is the error
-    // of every operation, as if a write had failed. Operations that would be left half done do so
-    // when memory runs out, so that no half of them stands in a document that seems whole.
+    // To be called where an exception is handled, which it throws again: from now on it is the
+    // error of every operation, as if a write had failed. Operations that would be left half done
+    // do so when memory runs out, so that no half of them stands in a document that seems whole.
     [[noreturn]] void prGiveUp();
 
     // Bytes written so far: where the next one will stand. Not within prBeginContent.
