@@ -207,9 +207,13 @@ void FileIntero::Stato::Collega(const std::string& percorso, const Impronta& imp
 
 void FileIntero::Stato::Rinomina(const std::string& percorso, const Impronta& impronta)
 {
+    // What somebody else has put under the hidden name must not become the report.
+    if (!Nomina(Cartella, Nascosto, File)) {
+        impronta.Pretendi(); // tells whether the folder is gone
+        throw impronta.Sostituito();
+    }
     if (::renameat(Cartella, Nascosto.c_str(), Cartella, Nome.c_str()) != 0) {
         const int motivo = errno;
-        if (motivo == ENOENT) impronta.Pretendi();
         throw ErroreSistema(motivo, percorso);
     }
     Nascosto.clear();

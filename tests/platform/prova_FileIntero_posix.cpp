@@ -208,6 +208,22 @@ TEST(FileIntero, ToglieSoloGliIncompiutiCheSonoSuoi)
     ::close(vivo);
 }
 
+TEST(FileIntero, CioCheUnAltroMetteSottoIlNomeNascostoNonDiventaIlFile)
+{
+    const Modo modo(false);
+    const CartellaDiProva cartella;
+    Scrivi(cartella.File("f"), "vecchio");
+    const auto errore = ErroreDopo(cartella.File("f"), [&] {
+        fs::rename(cartella.File(NomeIncompiuto(0)), cartella.File("preso"));
+        Scrivi(cartella.File(NomeIncompiuto(0)), "suo");
+    });
+    ASSERT_TRUE(errore);
+    EXPECT_EQ(errore->Motivo(), "un altro programma lo ha sostituito");
+    EXPECT_EQ(Byte(cartella.File("f")), "vecchio");
+    EXPECT_EQ(Byte(cartella.File(NomeIncompiuto(0))),
+              "suo"); // nor is it removed as if it were ours
+}
+
 TEST(FileIntero, DoveTuttiINomiSonoPresiEUnErrore)
 {
     const CartellaDiProva cartella;
