@@ -126,6 +126,7 @@ public:
             font.Widths[code] = static_cast<float>(Scaled(Advance(m_map.Glyphs[code])));
         }
         font.Descent = static_cast<float>(Scaled(Descent()));
+        font.Symbolic = m_map.Symbolic;
         font.MayEmbed = m_os2.MayEmbed();
         font.Descriptor = Descriptor(font);
         return font;

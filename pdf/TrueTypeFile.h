@@ -17,7 +17,8 @@ struct TrueTypeFont
     // Advance widths of the codes 0 to 255 of Windows-1252; for a symbolic font, of its own codes.
     // A code without a glyph has the width of the font's sign for missing glyphs.
     std::array<float, 256> Widths{};
-    float Descent = 0; // at most 0: below the base line
+    float Descent = 0;     // at most 0: below the base line
+    bool Symbolic = false; // its codes are its own
     // The body of the font descriptor from /Flags to /AvgWidth (ISO 32000-1, 9.8).
     std::string Descriptor;
     // Whether the font's own licence bits (OS/2, fsType) let its outlines stand in a document.
