@@ -96,14 +96,26 @@ private:
     bool Compresso(int n) const { return HaNome(Oggetto(n), "Filter", "FlateDecode"); }
 
     // The length of an embedded font and of deflated bytes is theirs alone, without the line end
-    // after: CR CR LF for data that were encoded whole.
+    // after: CR CR LF for data that were encoded whole. In a conforming document that holds for
+    // all data that are no drawing.
     std::size_t FineRiga(int n) const
     {
+        if (Esatto(n)) return 2;
         const bool carattere = Voce(Oggetto(n), "Length1").Tipo == TipoPdf::Numero;
         const bool contato =
             Voce(Oggetto(n), "Length").Testo == std::to_string(Dati(n)->size() - 3);
         if ((carattere || (Compresso(n) && contato)) && Dati(n)->ends_with("\r\r\n")) return 3;
         return Compresso(n) && Dati(n)->ends_with("\r\n") ? 2 : 0;
+    }
+
+    bool Esatto(int n) const
+    {
+        const ValorePdf& oggetto = Oggetto(n);
+        const bool dati = HaNome(oggetto, "Type", "Metadata") ||
+                          HaNome(oggetto, "Subtype", "Image") ||
+                          Voce(oggetto, "Length1").Tipo == TipoPdf::Numero;
+        return dati && Dati(n)->ends_with("\r\n") &&
+               Voce(oggetto, "Length").Testo == std::to_string(Dati(n)->size() - 2);
     }
 
     void Gonfia(int n)

@@ -101,9 +101,25 @@ ValorePdf LettorePdf::Valore(int profondita)
     if (Comincia("/")) return Nome();
     if (Comincia("[")) return Elenco(profondita);
     if (Comincia("<<")) return Dizionario(profondita);
+    if (Comincia("<") && m_conRiferimenti) return Esadecimale();
     if (!Regolare(m_testo[m_posizione]))
         return Difetto(std::string("\"") + m_testo[m_posizione] + "\" fuori posto");
     return ParolaONumero();
+}
+
+ValorePdf LettorePdf::Esadecimale()
+{
+    const auto fine = m_testo.find('>', m_posizione);
+    if (fine == m_testo.npos) return Difetto("stringa esadecimale mai chiusa");
+    const auto cifre = m_testo.substr(m_posizione + 1, fine - m_posizione - 1);
+    if (cifre.size() % 2 != 0 || cifre.find_first_not_of("0123456789ABCDEF") != cifre.npos)
+        return Difetto("stringa esadecimale sbagliata");
+    m_posizione = fine + 1;
+    ValorePdf valore{TipoPdf::Stringa, {}, 0, {}, {}};
+    for (std::size_t i = 0; i < cifre.size(); i += 2) {
+        valore.Testo += static_cast<char>(std::stoi(std::string(cifre.substr(i, 2)), nullptr, 16));
+    }
+    return valore;
 }
 
 ValorePdf LettorePdf::Stringa()
@@ -120,7 +136,8 @@ ValorePdf LettorePdf::Stringa()
         if (c == '\\') {
             if (++m_posizione == m_testo.size()) break;
             c = m_testo[m_posizione];
-            if (c != '\\' && c != '(' && c != ')')
+            if (c == 'r' && m_conRiferimenti) c = '\r';
+            else if (c != '\\' && c != '(' && c != ')')
                 return Difetto("\"\\\" in una stringa davanti a un carattere qualunque");
         }
         valore.Testo += c;

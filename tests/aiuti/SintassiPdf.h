@@ -1,9 +1,9 @@
 // PDF syntax as our writer makes it: the values of objects and the words of content streams.
 //
 // Stricter than ISO 32000-1, 7.2 and 7.3, where the writer promises more: blanks are the space, CR
-// and CR LF; strings are written in parentheses and escape exactly "\", "(" and ")"; names escape
-// exactly what is no regular character, and "#"; there are neither comments nor hexadecimal
-// strings.
+// and CR LF; strings are written in parentheses and escape exactly "\", "(" and ")", in objects "r"
+// for CR, too; names escape exactly what is no regular character, and "#"; there are no comments,
+// and hexadecimal strings, of upper-case digits in pairs, in objects alone.
 #pragma once
 
 #include <cstddef>
@@ -61,6 +61,7 @@ public:
 private:
     ValorePdf Valore(int profondita);
     ValorePdf Stringa();
+    ValorePdf Esadecimale();
     ValorePdf Nome();
     ValorePdf Elenco(int profondita);
     ValorePdf Dizionario(int profondita);
