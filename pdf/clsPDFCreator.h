@@ -137,8 +137,12 @@ public:
     // which letters outside Windows-1252 are "?". Only pages are limited to 32767, objects to
     // 8388607 (annex C).
     //
+    // What is played or chosen as a colour and never made draws nothing; the first bookmark, the
+    // title, leads to the first page. docs/conforme.md tells every byte.
+    //
     // Error 5 where a document could not be so: an object or tiling that is begun under the name
-    // of another one or that contains itself.
+    // of another one, or under one that the writer gives itself, or that contains itself. Error 70
+    // from BeginDoc for a font added before that forbids to be embedded.
     void Conforming(bool On = true);
 
     // Deflates what documents begun from now on hold (ISO 32000-1, 7.4.4): the content of pages,

@@ -239,7 +239,9 @@ std::size_t clsPDFCreator::State::prBarcodeFont()
 {
     auto& request = prRequestOf("CourierNew", 0);
     const std::size_t shared = prFindFont(request);
-    return shared != 0 ? shared : prAddStandardFont(request);
+    const std::size_t font = shared != 0 ? shared : prAddStandardFont(request);
+    if (Conforming) prUseFont(font);
+    return font;
 }
 
 // Texts centred on their places, in the font of that number. The font of before is the present one

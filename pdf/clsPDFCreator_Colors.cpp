@@ -29,7 +29,7 @@ void UsePattern(std::string& operation, std::string_view name, std::string_view 
 {
     const std::string color = Resolved(patternColor);
     const bool coloured = pdf::prIsPlainColor(color);
-    operation.assign(coloured ? "/xxCSxx" : "/Pattern").append(operators.Space);
+    operation.assign(coloured ? pdf::UncolouredSpace : "/Pattern").append(operators.Space);
     if (coloured) operation.append(" ").append(pdf::prColorNumbers(color));
     operation.append(" /").append(pdf::prName(name)).append(operators.Pattern);
 }
@@ -100,13 +100,17 @@ void clsPDFCreator::State::prChooseLine(std::string& operation, std::string_view
 
 void clsPDFCreator::State::prSetFill(std::string_view color, std::string_view patternColor)
 {
-    prChooseFill(FillColor, color, patternColor);
+    prChooseFill(ChosenColor, color, patternColor);
+    prUseColor(ChosenColor);
+    FillColor.swap(ChosenColor);
     Out.prWriteRaw(FillColor);
 }
 
 void clsPDFCreator::State::prSetLine(std::string_view color, std::string_view patternColor)
 {
-    prChooseLine(LineColor, color, patternColor);
+    prChooseLine(ChosenColor, color, patternColor);
+    prUseColor(ChosenColor);
+    LineColor.swap(ChosenColor);
     Out.prWriteRaw(LineColor);
 }
 

@@ -8,6 +8,7 @@
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -29,6 +30,9 @@ enum : std::int32_t
 };
 
 constexpr std::int32_t CustomPaper = 255;
+
+// Four bytes above 127 early in the file tell programs that it is no text (ISO 32000-1, 7.5.2).
+constexpr std::string_view BinaryComment = "%\xE2\xE3\xCF\xD3";
 
 // Whole points on purpose: exact sizes would move all that is placed by the lower edge by a part of
 // one.
@@ -64,7 +68,38 @@ std::string DateOf(const clsPDFCreator::DateTime& time)
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
                             "l'anno di una data può essere al massimo 9999", "clsPDFCreator");
     }
+    constexpr int mostMinutes = 1439; // less than a day
+    if (time.Offset > mostMinutes || time.Offset < -mostMinutes) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                            "una data dista da UTC meno di un giorno", "clsPDFCreator");
+    }
     return pdf::prDate(time);
+}
+
+bool IsLetter(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+bool IsLetterOrDigit(char c)
+{
+    return IsLetter(c) || (c >= '0' && c <= '9');
+}
+
+// Parts of 1 to 8 letters, after the first one also digits, with hyphens between.
+bool IsLanguage(std::string_view tag)
+{
+    constexpr std::size_t longestPart = 8;
+    bool first = true;
+    for (;;) {
+        const auto part = tag.substr(0, tag.find('-'));
+        if (part.empty() || part.size() > longestPart) return false;
+        const auto fits = first ? IsLetter : IsLetterOrDigit;
+        if (!std::all_of(part.begin(), part.end(), fits)) return false;
+        if (part.size() == tag.size()) return true;
+        tag.remove_prefix(part.size() + 1);
+        first = false;
+    }
 }
 
 clsPDFCreator::DateTime Now()
@@ -79,7 +114,8 @@ clsPDFCreator::DateTime Now()
             static_cast<int>(static_cast<unsigned>(date.day())),
             static_cast<int>(time.hours().count()),
             static_cast<int>(time.minutes().count()),
-            static_cast<int>(time.seconds().count())};
+            static_cast<int>(time.seconds().count()),
+            static_cast<int>(CalendarioInUso.Scarto().count())};
 }
 
 int RandomDigit()
@@ -109,7 +145,8 @@ void clsPDFCreator::SetClock(Clock NewClock)
 {
     m->Out.prRequireIdle();
     m->DocClock = std::move(NewClock);
-    m->CreationDate = DateOf(m->DocClock.Now());
+    m->Created = m->DocClock.Now();
+    m->CreationDate = DateOf(m->Created);
 }
 
 std::string clsPDFCreator::Version()
@@ -126,7 +163,8 @@ void clsPDFCreator::PDFReader(std::int32_t ReaderVersion)
 void clsPDFCreator::Conforming(bool On)
 {
     m->Out.prRequireIdle();
-    m->Conforming = On;
+    m->ConformingAsked = On;
+    if (!m->Out.prIsOpen()) m->Conforming = On;
 }
 
 void clsPDFCreator::Compress(std::int32_t Level)
@@ -204,6 +242,16 @@ void clsPDFCreator::SetDocProperty(std::string_view DocTitle, std::string_view D
     if (!DocProducer.empty()) properties.Producer = DocProducer;
 }
 
+void clsPDFCreator::SetLanguage(std::string_view Tag)
+{
+    m->Out.prRequireIdle();
+    if (!IsLanguage(Tag)) {
+        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
+                            "\"" + std::string(Tag) + "\" non indica una lingua", "clsPDFCreator");
+    }
+    m->Language = Tag;
+}
+
 std::string clsPDFCreator::BeginDoc(const std::string& FileName)
 {
     m->Out.prClose();
@@ -232,7 +280,10 @@ void clsPDFCreator::BeginDocTo(std::ostream& Stream)
 void clsPDFCreator::State::prBeginDocument(
     const std::string& fileName, const std::function<std::unique_ptr<pdf::Output>()>& open)
 {
-    const std::string info = prInfoText(); // an error in it must not cost the file there is
+    // Errors in them must not cost the file there is.
+    Conforming = ConformingAsked;
+    const std::string info = Conforming ? prConformingInfo() : prInfoText();
+    prTakeFontFiles();
     Out.prOpen(open(), prFormat());
     try {
         prBeginFile(info);
@@ -246,41 +297,54 @@ void clsPDFCreator::State::prBeginDocument(
 
 void clsPDFCreator::State::prBeginFile(const std::string& info)
 {
-    Out.prWriteRaw("%PDF-1." + std::to_string(3 + static_cast<std::int64_t>(ReaderVersion)));
+    Out.prWriteRaw("%PDF-1." + std::to_string(prMinorVersion()));
+    if (Conforming) Out.prWriteRaw(BinaryComment);
     Out.prPrint("% ", ClassBanner, " rel. ", WriterVersion);
     OpenedWith = DocProperties;
     prWriteDictionary(InfoObject, info);
-    Out.prSetCounter(FixedObjects);
+    Out.prSetCounter(Conforming ? +ConformingPageTree : FixedObjects);
     KeptForDrawing = 0;
 }
 
 void clsPDFCreator::EndDoc()
 try {
-    auto& out = m->Out;
-    out.prRequireOpen();
-    const std::int32_t outlines = m->Bookmarks.empty() ? 0 : m->prWriteOutlines();
-    m->prWriteFonts();
-    m->prWriteImages();
-    const std::int32_t metadata = m->prWriteMetadata();
-    m->prWriteGradients();
-    m->prWriteCatalog(outlines, metadata);
-    m->prWriteDictionary(EncodingObject, "<< /Type /Encoding /BaseEncoding /WinAnsiEncoding >>");
-    m->prWriteResources(ResourceObject, false);
-    m->prWriteResources(PageResourceObject, true);
-    m->prWritePageTree();
-
-    const std::uint64_t crossReferences = out.prPosition();
-    out.prWriteCrossReferences();
-    out.prWriteRaw("trailer");
-    // One less than the entries of the table, on purpose: readers take it as it is and may remark
-    // on it.
-    out.prPrint("<< /Size ", out.prCounter(), " /Info ", +InfoObject, " 0 R /Root ", +CatalogObject,
-                " 0 R >>");
-    out.prWriteRaw("startxref\r" + std::to_string(crossReferences));
-    out.prWriteRaw("%%EOF\r");
-    out.prClose();
+    m->prRequire();
+    if (m->Conforming) m->prEndConformingFile();
+    else m->prEndFile();
+    m->Out.prClose();
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
+}
+
+void clsPDFCreator::State::prEndFile()
+{
+    const std::int32_t outlines = Bookmarks.empty() ? 0 : prWriteOutlines();
+    prWriteFonts();
+    prWriteImages();
+    const std::int32_t metadata = prWriteMetadata();
+    prWriteGradients();
+    prWriteCatalog(outlines, metadata);
+    prWriteDictionary(EncodingObject, "<< /Type /Encoding /BaseEncoding /WinAnsiEncoding >>");
+    prWriteResources(ResourceObject, false);
+    prWriteResources(PageResourceObject, true);
+    prWritePageTree();
+
+    const std::uint64_t crossReferences = Out.prPosition();
+    Out.prWriteCrossReferences();
+    Out.prWriteRaw("trailer");
+    // One less than the entries of the table, on purpose: readers take it as it is and may remark
+    // on it.
+    Out.prPrint("<< /Size ", Out.prCounter(), " /Info ", +InfoObject, " 0 R /Root ", +CatalogObject,
+                " 0 R >>");
+    Out.prWriteRaw("startxref\r" + std::to_string(crossReferences));
+    Out.prWriteRaw("%%EOF\r");
+}
+
+std::int64_t clsPDFCreator::State::prMinorVersion() const
+{
+    constexpr std::int64_t ofClassic = 3;
+    constexpr std::int64_t ofConforming = 7;
+    return std::max(ofClassic + ReaderVersion, Conforming ? ofConforming : INT64_MIN);
 }
 
 void clsPDFCreator::OpenDoc()
@@ -344,7 +408,11 @@ void clsPDFCreator::State::prWriteCatalog(std::int32_t outlines, std::int32_t me
     std::string text = "<< /Type /Catalog\r/Pages 4 0 R\r";
     if (outlines != 0) text.append("/Outlines " + std::to_string(outlines) + " 0 R\r");
     text.append("/PageLayout /OneColumn\r/PageMode ");
-    text.append(outlines != 0 ? "/UseOutlines" : "/UseNone").append("\r/Lang (it) \r");
+    text.append(outlines != 0 ? "/UseOutlines" : "/UseNone").append("\r/Lang (");
+    text.append(Language.empty() ? "it" : Language).append(") \r");
+    // The language belongs to version 1.4; that of every document does not raise it.
+    constexpr std::int64_t versionOfLanguage = 4;
+    if (!Language.empty() && prMinorVersion() < versionOfLanguage) text.append("/Version /1.4\r");
     if (!PageLabels.empty())
         text.append("/PageLabels << /Nums [ ").append(PageLabels).append(" ] >>\r");
     text.append("/ViewerPreferences << /HideToolbar false /DisplayDocTitle true "
@@ -374,20 +442,19 @@ void clsPDFCreator::State::prWriteResources(std::int32_t number, bool withPatter
 void clsPDFCreator::State::prWritePageTree()
 {
     std::string text = "<<\r/Type /Pages\r/Count " + std::to_string(PageCount);
-    const auto box = [&text](std::string_view name, double left, double right, double top) {
-        text.append("\r/").append(name).append(" [");
-        for (const double number : {left, left, right}) {
-            pdf::prAppendNumber(text, number);
-            text.push_back(' ');
-        }
-        pdf::prAppendNumber(text, top);
-        text.push_back(']');
-    };
-    const double margin = PageMargin;
-    box("MediaBox", 0, PageWidth, PageHeight);
-    box("CropBox", margin, PageWidth - margin, PageHeight - margin);
-    text.push_back('\r');
+    text.append("\r/MediaBox ").append(prBox(0));
+    text.append("\r/CropBox ").append(prBox(PageMargin)).push_back('\r');
     if (DocOrientation == 1) text.append("/Rotate 90\r");
     text.append("/Kids [").append(Kids).append(" ]\r/Resources 6 0 R\r>>");
     prWriteDictionary(PageTreeObject, text);
+}
+
+std::string clsPDFCreator::State::prBox(double margin) const
+{
+    std::string box = "[";
+    for (const double number : {margin, margin, PageWidth - margin, PageHeight - margin}) {
+        if (box.size() > 1) box.push_back(' ');
+        pdf::prAppendNumber(box, number);
+    }
+    return box + "]";
 }

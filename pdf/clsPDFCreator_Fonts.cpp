@@ -172,7 +172,8 @@ clsPDFCreator::State::FontRequest& clsPDFCreator::State::prAddRequest(std::strin
     const StandardFont& standard = StandardOf(key);
     if (standard.Key == key) key += StyleSuffix(bold, italic);
     const std::string_view baseFont = standard.BaseFonts[static_cast<std::size_t>(face)];
-    const Font font = {baseFont, pdf::prMetricsOf(standard.Family, bold, italic), nullptr};
+    const Font font = {baseFont, pdf::prMetricsOf(standard.Family, bold, italic), nullptr,
+                       &pdf::prStandardFace(standard.Family, bold, italic)};
     FontRequests.push_back(
         {std::string(family), face, font, std::move(key), Upper(baseFont), 0, 0, 0, false});
     return FontRequests.back();
@@ -187,7 +188,7 @@ std::size_t clsPDFCreator::State::prFindFont(FontRequest& request) const
         const auto found = FontKeys.find(request.SearchKey);
         if (found != FontKeys.end()) request.Found = found->second;
     }
-    if (request.Found != 0 || !ShareFonts) return request.Found;
+    if (request.Found != 0 || !(ShareFonts || Conforming)) return request.Found;
     if (request.Shared == 0) {
         const auto shared = BaseFonts.find(request.Standard.BaseFont);
         if (shared != BaseFonts.end()) request.Shared = shared->second;
@@ -238,19 +239,34 @@ void clsPDFCreator::State::prAddFont(std::string_view bytes, const std::string& 
 {
     auto font = std::make_unique<TrueType>();
     font->File = pdf::prReadTrueType(bytes, what);
-    if (embed && !font->File.MayEmbed) {
-        throw ErroreRuntime(NumeroErrore::PermessoNegato,
-                            "il carattere non permette di essere incorporato", what);
-    }
+    embed = embed || (Conforming && Out.prIsOpen());
+    if (embed) prRequireEmbeddable(font->File, what);
     std::transform(font->File.Widths.begin(), font->File.Widths.end(), font->Widths.begin(),
                    InWidth);
     if (embed) prEncode(*font, bytes);
+    else if (!Out.prIsOpen()) prKeepFile(*font, bytes, what);
     const auto descent = static_cast<std::int16_t>(std::clamp(font->File.Descent, -32768.F, 0.F));
     prKeepObjects(prObjectsOfFont(embed));
     TrueTypeFonts.push_back(std::move(font)); // first, so that no font is known but gone
     const TrueType& added = *TrueTypeFonts.back();
     Fonts.push_back({added.File.Name, {&added.Widths, descent}, &added});
     FontKeys.try_emplace(NormalizedFamily(fontName), Fonts.size());
+}
+
+void clsPDFCreator::State::prRequireEmbeddable(const pdf::TrueTypeFont& font,
+                                               const std::string& fileName)
+{
+    if (font.MayEmbed) return;
+    throw ErroreRuntime(NumeroErrore::PermessoNegato,
+                        "il carattere non permette di essere incorporato", fileName);
+}
+
+// Until it is known whether the document will have to have it.
+void clsPDFCreator::State::prKeepFile(TrueType& font, std::string_view bytes,
+                                      const std::string& what)
+{
+    font.Bytes = bytes;
+    font.FileName = what;
 }
 
 // Deflated on its own and now, not where it is written: so the file's own bytes need not be kept.
@@ -290,14 +306,19 @@ void clsPDFCreator::State::prWriteFontNames()
 
 void clsPDFCreator::State::prWriteWidths(std::int32_t object, const TrueType& font)
 {
-    constexpr std::size_t widthsInALine = 16;
     Out.prPrint("/FontDescriptor ", object + 1, " 0 R");
     Out.prWriteRaw("/Widths [");
-    for (std::size_t code = 0; code < font.Widths.size(); ++code) {
-        Out.prPart(static_cast<std::int32_t>(font.Widths[code]), " ");
+    prWriteWidthRows(font.Widths);
+    Out.prWriteRaw("]");
+}
+
+void clsPDFCreator::State::prWriteWidthRows(const std::array<std::uint16_t, 256>& widths)
+{
+    constexpr std::size_t widthsInALine = 16;
+    for (std::size_t code = 0; code < widths.size(); ++code) {
+        Out.prPart(static_cast<std::int32_t>(widths[code]), " ");
         if ((code + 1) % widthsInALine == 0) Out.prPrint("");
     }
-    Out.prWriteRaw("]");
 }
 
 // The descriptor and, where the font is embedded, its file.

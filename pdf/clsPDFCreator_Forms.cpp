@@ -19,19 +19,9 @@ try {
     m->prRequireObjects(State::ObjectsOfDrawing);
     const std::string name = InWindows1252(Name);
     pdf::prRequireName(name, FormKind);
+    if (m->Conforming) m->prBeginConformingForm(name);
+    else m->prBeginForm(name);
     m->AutoObjects.push_back({name, Flags});
-
-    const std::int32_t number = out.prInitObj(0);
-    m->KeptForDrawing = 1; // its length
-    const double margin = m->PageMargin;
-    out.prPrint("<< /Type /XObject /Subtype /Form /FormType 1 /Name /", pdf::Name{name});
-    out.prPrint("/BBox [", margin, " ", margin, " ", m->PageWidth - margin, " ",
-                m->PageHeight - margin, "]");
-    out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
-    out.prPrint(out.prContentFilter(), "/Length ", number + 1, " 0 R >>");
-    out.prBeginContent();
-    m->FormResources.append("/").append(pdf::prName(name)).append(" ");
-    m->FormResources.append(std::to_string(number)).append(" 0 R \r");
     m->prBeginDrawing();
     out.prWriteRaw("q");
 } catch (const std::bad_alloc&) {
@@ -47,6 +37,30 @@ try {
     m->Out.prGiveUp();
 }
 
+void clsPDFCreator::State::prBeginForm(const std::string& name)
+{
+    const std::int32_t number = Out.prInitObj(0);
+    KeptForDrawing = 1; // its length
+    Out.prPrint("<< /Type /XObject /Subtype /Form /FormType 1 /Name /", pdf::Name{name});
+    Out.prPrint("/BBox ", prBox(PageMargin)); // what readers show of a page
+    Out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
+    Out.prPrint(Out.prContentFilter(), "/Length ", number + 1, " 0 R >>");
+    Out.prBeginContent();
+    FormResources.append("/").append(pdf::prName(name)).append(" ");
+    FormResources.append(std::to_string(number)).append(" 0 R \r");
+}
+
+void clsPDFCreator::State::prBeginConformingForm(const std::string& name)
+{
+    const std::string known = pdf::prName(name);
+    prRequireObjectName(known);
+    Out.prInitObj(prBeginNamed(Forms, known));
+    Out.prPrint("<< /Type /XObject /Subtype /Form /BBox ", prBox(PageMargin), " /Resources ",
+                DrawingResources, " 0 R ", Out.prContentFilter(), "/Length ", DrawingResources + 1,
+                " 0 R >>");
+    Out.prBeginContent();
+}
+
 void clsPDFCreator::PlayObject(std::string_view Name)
 try {
     m->prRequire();
@@ -59,6 +73,7 @@ try {
 
 void clsPDFCreator::State::prPlayObject(std::string_view name)
 {
+    if (Conforming) prUseObject(pdf::prName(name));
     Out.prPrint("/", pdf::Name{name}, " Do");
 }
 

@@ -7,6 +7,7 @@
 #include "clsPDFCreator_State.h"
 
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -28,6 +29,15 @@ std::string_view SpaceName(pdf::ColorSpace space)
     default:
         return "DeviceRGB";
     }
+}
+
+// As an entry, a palette in hexadecimal digits within it (ISO 32000-1, 8.6.6.3).
+std::string SpaceOf(const pdf::Picture& picture)
+{
+    if (picture.Space != pdf::ColorSpace::Indexed)
+        return "/" + std::string(SpaceName(picture.Space));
+    return "[/Indexed /DeviceRGB " + std::to_string(picture.Palette.size() / 3 - 1) + " <" +
+           pdf::prToASCIIHex(picture.Palette) + "]"; // which ends in ">"
 }
 
 // The data of a stream and the names of what decodes them, the first to be applied in front.
@@ -112,6 +122,7 @@ std::string clsPDFCreator::prToASCII85(std::string_view Bytes)
 void clsPDFCreator::State::prDrawImage(std::int32_t image, double x, double y, double width,
                                        double height)
 try {
+    if (Conforming) prUseImage(image);
     // Two spaces: the origin at the rectangle's lower left corner, then the unit square of the
     // image stretched upward over the rectangle.
     prOpenSpace(x, y + height);
@@ -135,15 +146,30 @@ std::int32_t clsPDFCreator::State::prImageOf(const std::string& fileName, std::s
     }
     auto picture = read();
     const bool indexed = picture.Space == pdf::ColorSpace::Indexed;
-    prKeepObjects(ObjectsOfStream + (indexed ? 1 : 0)); // its palette
+    if (!Conforming) prKeepObjects(ObjectsOfStream + (indexed ? 1 : 0)); // its palette
     Images.push_back({fileName, std::string(key), std::move(picture)});
     return number + 1;
+}
+
+// In the drawing in progress, under a number that it gets with its first use.
+void clsPDFCreator::State::prUseImage(std::int32_t number)
+{
+    Image& image = Images[static_cast<std::size_t>(number) - 1];
+    if (image.UsedIn == DrawingNumber) return;
+    if (image.Object == 0) image.Object = prReserve(1);
+    Used.XObjects.append("/_IMG_" + std::to_string(number) + " " + std::to_string(image.Object) +
+                         " 0 R ");
+    image.UsedIn = DrawingNumber;
 }
 
 void clsPDFCreator::State::prWriteImages()
 {
     std::int32_t number = 0;
     for (Image& image : Images) {
+        if (Conforming) {
+            prWriteConformingImage(image);
+            continue;
+        }
         const std::int32_t object = Out.prInitObj(0);
         ImageResources.append("/_IMG_" + std::to_string(++number) + " ");
         ImageResources.append(std::to_string(object) + " 0 R \r");
@@ -189,5 +215,26 @@ void clsPDFCreator::State::prWritePalette(std::string palette)
     Out.prPrint("<< ", filter, " /Length ", static_cast<std::int32_t>(length), " >>");
     Out.prBeginStream();
     Out.prWriteBytes(encoded.Bytes, encoded.Rows);
+    Out.prEndStream();
+}
+
+// Its length is known before, because all of it is in memory; a palette stands in the colour space.
+void clsPDFCreator::State::prWriteConformingImage(Image& image)
+{
+    auto picture = std::exchange(image.Content, {});
+    if (image.Object == 0) return; // read for an operation that was refused
+    auto encoded =
+        Encode(std::move(picture.Pixels), picture.IsJpeg ? "/DCTDecode " : "", ImageFilters);
+    const std::string_view filter = FilterOf(Out, encoded);
+    if (encoded.Filters.empty()) encoded.Bytes = Out.prDeflated(std::move(encoded.Bytes));
+    Out.prInitObj(image.Object);
+    Out.prPrint("<< /Type /XObject /Subtype /Image /Width ", picture.Width, " /Height ",
+                picture.Height, " /BitsPerComponent ",
+                picture.Space == pdf::ColorSpace::Indexed ? picture.BitsPerPixel : 8,
+                " /ColorSpace ", SpaceOf(picture),
+                picture.InvertedCMYK ? " /Decode [1 0 1 0 1 0 1 0] " : " ", filter, "/Length ",
+                static_cast<std::int32_t>(encoded.Bytes.size()), " >>");
+    Out.prBeginStream();
+    Out.prPrint(encoded.Bytes);
     Out.prEndStream();
 }

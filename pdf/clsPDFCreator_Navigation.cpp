@@ -1,7 +1,6 @@
 // Bookmarks (ISO 32000-1, 12.3.3). They count y upward from the bottom of the page; notes and links
 // are in _Notes.cpp.
 
-#include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
 #include <algorithm>
@@ -59,7 +58,10 @@ std::string clsPDFCreator::State::prDestination(std::int32_t fitMode, double lef
 // level. Entry 0 is the title, the parent of all.
 std::vector<clsPDFCreator::State::OutlineItem> clsPDFCreator::State::prOutlineTree() const
 {
-    std::vector<OutlineItem> items = {{DocProperties.Title, "", 0, {}}};
+    // In a classic document the title leads nowhere, on which one reader remarks.
+    const bool leads = Conforming && FirstPage != 0;
+    const std::string start = leads ? "[" + std::to_string(FirstPage) + " 0 R /Fit]" : "";
+    std::vector<OutlineItem> items = {{DocProperties.Title, start, 0, {}}};
     std::vector<std::size_t> open = {0}; // the last entry of each level
     for (const Bookmark& bookmark : Bookmarks) {
         open.resize(static_cast<std::size_t>(bookmark.Level));
@@ -74,16 +76,19 @@ std::vector<clsPDFCreator::State::OutlineItem> clsPDFCreator::State::prOutlineTr
 std::int32_t clsPDFCreator::State::prWriteOutlines()
 {
     const auto items = prOutlineTree();
-    const std::int32_t root = Out.prInitObj(0);
+    // One number more than entries, in a row; AddBookmark has kept them back.
+    const std::int32_t root = Out.prReserve(1 + static_cast<std::int32_t>(items.size()));
     const auto object = [root](std::size_t item) {
         return root + 1 + static_cast<std::int32_t>(item);
     };
-    Out.prPrint("<< /Count 1 /First ", object(0), " 0 R /Last ", object(0), " 0 R >>");
+    Out.prInitObj(root);
+    Out.prPrint(Conforming ? "<< /Type /Outlines" : "<<", " /Count ", prVisibleItems(items),
+                " /First ", object(0), " 0 R /Last ", object(0), " 0 R >>");
     Out.prEndObj();
     for (std::size_t i = 0; i < items.size(); ++i) {
         const OutlineItem& item = items[i];
         Out.prInitObj(object(i));
-        Out.prPrint("<< /Title (", pdf::Escaped{InWindows1252(item.Title)}, ")");
+        Out.prPrint("<< /Title ", prString(item.Title));
         Out.prPrint("/Parent ", i == 0 ? root : object(item.Parent), " 0 R");
         if (!item.Children.empty()) {
             Out.prPrint("/First ", object(item.Children.front()), " 0 R");
@@ -91,12 +96,20 @@ std::int32_t clsPDFCreator::State::prWriteOutlines()
         }
         if (i != 0) prWriteSiblings(items[item.Parent].Children, i, root + 1);
         // The title stands open and shows its children, which stand closed.
-        if (i == 0) Out.prPrint("/Count ", static_cast<std::int32_t>(item.Children.size()));
+        const auto children = static_cast<std::int32_t>(item.Children.size());
+        if (i == 0) Out.prPrint("/Count ", children);
+        else if (Conforming && children != 0) Out.prPrint("/Count ", -children);
         if (!item.Destination.empty()) Out.prPrint("/Dest ", item.Destination);
         Out.prWriteRaw(">>");
         Out.prEndObj();
     }
     return root;
+}
+
+// The title and its children; a classic document counts the title alone, which readers forgive.
+std::int32_t clsPDFCreator::State::prVisibleItems(const std::vector<OutlineItem>& items) const
+{
+    return Conforming ? 1 + static_cast<std::int32_t>(items.front().Children.size()) : 1;
 }
 
 void clsPDFCreator::State::prWriteSiblings(const std::vector<std::size_t>& children,

@@ -1,9 +1,9 @@
 // Pages: their objects, labels and annotations, and the point where drawing stands.
 //
 // A page takes four numbers in a row: itself, its content, the content's length, the array of its
-// annotations, which follow it. While it is open nothing else may take a number.
+// annotations, which follow it. While it is open nothing else may take a number. Of a conforming
+// document it takes the first three, and what it uses takes others meanwhile.
 
-#include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
 #include <new>
@@ -17,13 +17,11 @@ try {
     m->prRequireObjects(m->PageCount == 0 ? 0 : State::ObjectsOfPage); // the first one is kept back
     ++m->PageCount;
     m->Annotations.clear();
-    m->KeptForDrawing = 2; // its content's length, the array of its annotations
-
-    const std::int32_t page = out.prInitObj(0);
-    m->PageObject = page;
-    out.prPrint("<< /Type /Page /Parent 4 0 R /Contents ", page + 1, " 0 R\r",
-                Orientation == 1 ? "/Rotate 90\r" : "", "/Annots ", page + 3, " 0 R >>");
-    out.prEndObj();
+    m->PageTurned = Orientation == 1;
+    if (m->Conforming) m->PageObject = m->prReserve(3); // with its content and its length
+    else m->prWritePage();
+    const std::int32_t page = m->PageObject;
+    if (m->FirstPage == 0) m->FirstPage = page;
     m->Kids.append(std::to_string(page)).append(" 0 R ");
     m->prAppendPageLabel(PageLabel, LabelPrefix, FirstValue);
 
@@ -49,11 +47,34 @@ try {
     m->prRequire();
     m->prPlayAutoObjects(true);
     m->Out.prEndStream();
+    m->KeptForDrawing = 0;
+    if (m->Conforming) return m->prWriteConformingPage();
     m->Out.prWriteStreamLength();
     m->prWriteAnnotations(m->Out.prCounter());
-    m->KeptForDrawing = 0;
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
+}
+
+void clsPDFCreator::State::prWritePage()
+{
+    KeptForDrawing = 2; // its content's length, the array of its annotations
+    PageObject = Out.prInitObj(0);
+    Out.prPrint("<< /Type /Page /Parent 4 0 R /Contents ", PageObject + 1, " 0 R\r",
+                PageTurned ? "/Rotate 90\r" : "", "/Annots ", PageObject + 3, " 0 R >>");
+    Out.prEndObj();
+}
+
+// The page after its content: only now is it known what it uses.
+void clsPDFCreator::State::prWriteConformingPage()
+{
+    Out.prWriteStreamLength(PageObject + 2);
+    const std::string annotations = prWriteConformingAnnotations();
+    Out.prInitObj(PageObject);
+    Out.prPrint("<< /Type /Page /Parent ", +ConformingPageTree, " 0 R",
+                PageTurned ? " /Rotate 90" : "", " /Contents ", PageObject + 1, " 0 R /Resources ",
+                prResources(), annotations, " >>");
+    Out.prEndObj();
+    prWriteGradients();
 }
 
 float clsPDFCreator::GetX() const
@@ -76,11 +97,13 @@ void clsPDFCreator::State::prAppendPageLabel(std::int32_t style, std::string_vie
     std::string label;
     if (style >= 0 && style < static_cast<std::int32_t>(std::size(styles))) label = styles[style];
     if (!prefix.empty()) {
-        label.append(" /P (").append(pdf::prPDFString(InWindows1252(prefix))).append(")");
+        label.append(" /P ").append(prString(prefix));
     }
     const auto first = static_cast<std::uint16_t>(firstValue);
     if (first < fromOne) label.append(" /St ").append(std::to_string(first));
     if (label.empty()) return;
+    // The first range has to be that of the first page (ISO 32000-1, 12.4.2).
+    if (Conforming && PageLabels.empty() && PageCount > 1) PageLabels = "0 << /S /D >> ";
     PageLabels.append(std::to_string(PageCount - 1)).append(" <<").append(label).append(" >> ");
 }
 
@@ -99,4 +122,18 @@ void clsPDFCreator::State::prWriteAnnotations(std::int32_t lengthObject)
     Out.prInitObj(lengthObject + 1);
     Out.prPrint("[ ", references, " ]");
     Out.prEndObj();
+}
+
+// Returns the entry of the page that names them; nothing where there are none.
+std::string clsPDFCreator::State::prWriteConformingAnnotations()
+{
+    if (Annotations.empty()) return "";
+    std::string entry = " /Annots [";
+    for (const auto& annotation : Annotations) {
+        entry.append(std::to_string(Out.prInitObj(0))).append(" 0 R ");
+        Out.prWriteRaw(annotation);
+        Out.prEndObj();
+    }
+    entry.back() = ']';
+    return entry;
 }

@@ -34,23 +34,41 @@ try {
     pdf::prRequireName(name, pdf::PatternKind);
     const auto points = [this](double units) { return m->prInPoints(units); };
 
-    const std::int32_t tile = out.prInitObj(0);
-    m->KeptForDrawing = 1; // its length
+    const std::int32_t tile = m->Conforming ? m->prBeginConformingTile(pdf::prName(name))
+                                            : m->prBeginTile(pdf::prName(name));
     out.prPrint("<< /Type /Pattern /PatternType 1 /PaintType ", PaintKind == uncoloured ? 2 : 1);
     out.prWriteRaw("/TilingType 1");
     out.prPrint("/BBox [", points(X1), " ", points(Y1), " ", points(X2), " ", points(Y2), "]");
     out.prPrint("/XStep ", points(XStep), " /YStep ", points(YStep));
-    // The resources without patterns: a pattern never refers to itself.
-    out.prWriteRaw("/Resources 5 0 R");
-    out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
-    out.prPrint(out.prContentFilter(), "/Length ", tile + 1, " 0 R >>");
+    if (m->Conforming) {
+        out.prPrint("/Resources ", m->DrawingResources, " 0 R");
+    } else {
+        // The resources without patterns: a pattern never refers to itself.
+        out.prWriteRaw("/Resources 5 0 R");
+        out.prWriteRaw("/Matrix [1 0 0 1 0 0]");
+    }
+    out.prPrint(out.prContentFilter(), "/Length ",
+                m->Conforming ? m->DrawingResources + 1 : tile + 1, " 0 R >>");
     out.prBeginContent();
-    m->PatternResources.append("/" + pdf::prName(name) + " " + std::to_string(tile) + " 0 R \r");
     m->prBeginDrawing();
     if (X1 != 0 || Y1 != 0) out.prPrint("1 0 0 1 ", points(X1), " ", points(Y1), " cm");
     out.prPrint("1 0 0 -1 0 ", points(static_cast<double>(Y2) - Y1), " cm");
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
+}
+
+std::int32_t clsPDFCreator::State::prBeginTile(const std::string& name)
+{
+    const std::int32_t tile = Out.prInitObj(0);
+    KeptForDrawing = 1; // its length
+    PatternResources.append("/" + name + " " + std::to_string(tile) + " 0 R \r");
+    return tile;
+}
+
+std::int32_t clsPDFCreator::State::prBeginConformingTile(const std::string& name)
+{
+    prRequireTilingName(name);
+    return Out.prInitObj(prBeginNamed(Patterns, name));
 }
 
 void clsPDFCreator::EndTiling()
@@ -96,33 +114,70 @@ void clsPDFCreator::State::prUseGradient(const GradientKind& kind,
         throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "una sfumatura vuole dei colori",
                             "clsPDFCreator");
     }
-    prKeepObjects(1);
+    if (!Conforming) prKeepObjects(1);
+    const std::string name = "SHAD_" + std::to_string(GradientCount + 1) + "_ING";
+    const std::int32_t object = Conforming ? prNameGradient(name) : 0;
+    const GradientEnds ends = {coordinates, colors.front(), colors.back(), extendStart, extendEnd};
+    Gradients.push_back(
+        {Conforming ? prConformingGradient(kind, ends) : prGradient(kind, ends), object});
+    ++GradientCount;
+    prSetFill(name);
+    FillChosen = true;
+}
+
+std::string clsPDFCreator::State::prGradient(const GradientKind& kind,
+                                             const GradientEnds& ends) const
+{
     std::string text = "<<\r/Type /Pattern\r/PatternType 2\r/Matrix [ 1 0 0 -1 0";
     AppendNumbers(text, {PageHeight});
     text.append("]\r/Shading <<\r/ShadingType ").append(kind.ShadingType);
     text.append("\r/ColorSpace /DeviceRGB\r/Coords [");
-    AppendNumbers(text, coordinates);
-    text.append("]\r/Extend [").append(extendStart ? "true " : "false ");
-    text.append(extendEnd ? "true] \r" : "false] \r");
+    AppendNumbers(text, ends.Coordinates);
+    text.append("]\r/Extend [").append(ends.ExtendStart ? "true " : "false ");
+    text.append(ends.ExtendEnd ? "true] \r" : "false] \r");
     text.append("/Function << /FunctionType 3 \r/Domain [0.000 1.000] \r"
                 "/Functions [<< /FunctionType 2 \r/Domain [0.000 1.000]\r/C0 ");
-    text.append(Components(colors.front())).append("\r/C1 ").append(Components(colors.back()));
-    text.append("\r/N ")
-        .append(kind.Exponent)
-        .append(" >>]\r/Bounds [] /Encode [0 1 ]\r>>\r>>\r>>");
-    Gradients.push_back(std::move(text));
-    prSetFill("SHAD_" + std::to_string(Gradients.size()) + "_ING");
-    FillChosen = true;
+    text.append(Components(ends.First)).append("\r/C1 ").append(Components(ends.Last));
+    text.append("\r/N ").append(kind.Exponent);
+    return text + " >>]\r/Bounds [] /Encode [0 1 ]\r>>\r>>\r>>";
 }
 
+std::string clsPDFCreator::State::prConformingGradient(const GradientKind& kind,
+                                                       const GradientEnds& ends) const
+{
+    std::string text = "<< /Type /Pattern /PatternType 2 /Matrix [1 0 0 -1 0";
+    AppendNumbers(text, {PageHeight});
+    text.append("] /Shading << /ShadingType ").append(kind.ShadingType);
+    text.append(" /ColorSpace /DeviceRGB /Coords [");
+    AppendNumbers(text, ends.Coordinates);
+    text.append("] /Extend [").append(ends.ExtendStart ? "true " : "false ");
+    text.append(ends.ExtendEnd ? "true]" : "false]");
+    text.append(" /Function << /FunctionType 2 /Domain [0 1] /C0 ").append(Components(ends.First));
+    text.append(" /C1 ").append(Components(ends.Last));
+    return text + " /N 1 >> >> >>";
+}
+
+// The number of the gradient of that name, which somebody may have chosen before it is made.
+std::int32_t clsPDFCreator::State::prNameGradient(const std::string& name)
+{
+    Drawing& gradient = Patterns[name];
+    if (gradient.Object == 0) gradient.Object = prReserve(1);
+    gradient.Made = true;
+    return gradient.Object;
+}
+
+// Those that are not in the file yet. A classic document writes them at its end, a conforming one
+// after each drawing.
 void clsPDFCreator::State::prWriteGradients()
 {
     std::size_t number = 0;
-    for (const std::string& gradient : Gradients) {
-        const std::int32_t object = Out.prInitObj(0);
-        Out.prWriteRaw(gradient);
+    for (const auto& [text, known] : Gradients) {
+        const std::int32_t object = Out.prInitObj(known);
+        Out.prWriteRaw(text);
         Out.prEndObj();
+        if (Conforming) continue;
         PatternResources.append("/SHAD_" + std::to_string(++number) + "_ING ");
         PatternResources.append(std::to_string(object) + " 0 R \r");
     }
+    Gradients.clear();
 }

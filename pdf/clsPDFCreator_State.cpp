@@ -3,6 +3,8 @@
 // a document goes from one to the next.
 
 #include "clsPDFCreator_State.h"
+#include "TextString.h"
+#include "Windows1252.h"
 
 void clsPDFCreator::State::prNotFinite()
 {
@@ -28,13 +30,22 @@ void clsPDFCreator::State::prKeepObjects(std::int32_t more)
 void clsPDFCreator::State::prBeginDrawing()
 {
     LineWidth = 1;
+    ++DrawingNumber;
+    Used = {};
     FillChosen = false;
     OuterTables.clear(); // a table left open on the page before ends none of this one's
 }
 
 void clsPDFCreator::State::prEndDrawing()
 {
+    KeptForDrawing = 0;
+    if (Conforming) return prEndNamed();
     Out.prEndStream();
     Out.prWriteStreamLength();
-    KeptForDrawing = 0;
+}
+
+std::string clsPDFCreator::State::prString(std::string_view text) const
+{
+    if (Conforming) return pdf::prTextString(text);
+    return "(" + pdf::prPDFString(InWindows1252(text)) + ")";
 }

@@ -6,6 +6,7 @@
 #include "FontWidths.h"
 #include "Objects.h"
 #include "Picture.h"
+#include "StandardFonts.h"
 #include "TextLayout.h"
 #include "TrueTypeFile.h"
 #include "clsPDFCreator.h"
@@ -13,6 +14,7 @@
 #include <array>
 #include <cmath>
 #include <initializer_list>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,6 +24,9 @@
 namespace pdf {
 
 inline constexpr std::string_view PatternKind = "una trama"; // in messages about its name
+
+// What content streams call the colour space of uncoloured tilings.
+inline constexpr std::string_view UncolouredSpace = "/xxCSxx";
 
 } // namespace pdf
 
@@ -35,6 +40,8 @@ struct clsPDFCreator::State
         std::string Encoded;     // the file as it will stand in the document
         std::string_view Filter; // that decodes it
         std::size_t Length = 0;  // of the file itself; 0: not embedded
+        std::string Bytes;       // the file; kept while it may have to be embedded all the same
+        std::string FileName;    // for errors
     };
 
     // A font of the document; the standard ones share their static tables.
@@ -43,7 +50,11 @@ struct clsPDFCreator::State
         std::string_view BaseFont; // static, or of the file
         pdf::FaceMetrics Metrics;
         const TrueType* Embedded; // nullptr for the standard ones
-        std::int32_t Object = 0;  // its number, once it is written
+        const pdf::StandardFace* Standard =
+            nullptr;             // of the standard ones in a conforming document
+        std::int32_t Object = 0; // its number, once it is written or, in a conforming one, used
+        std::int32_t UsedIn = 0; // the drawing that used it last
+        bool First = true;       // it has not taken over the object of another one
     };
 
     // A picture of the document; its content is gone once it is written.
@@ -52,6 +63,8 @@ struct clsPDFCreator::State
         std::string FileName; // "" for one from bytes
         std::string Key;      // the caller's; from bytes, behind ContentKey or CallerKey
         pdf::Picture Content;
+        std::int32_t Object = 0; // its number, once it is written or, in a conforming one, used
+        std::int32_t UsedIn = 0; // the drawing that used it last
     };
 
     // What a picture from bytes is known by: their digest, or what the caller calls it.
@@ -86,6 +99,21 @@ struct clsPDFCreator::State
         std::string_view Exponent;    // 1, a blend in even steps, as this type writes it
     };
 
+    struct GradientEnds
+    {
+        std::initializer_list<double> Coordinates; // points
+        const std::string& First;                  // colours
+        const std::string& Last;
+        bool ExtendStart;
+        bool ExtendEnd;
+    };
+
+    struct Gradient
+    {
+        std::string Text;
+        std::int32_t Object; // 0: the next one, once it is written
+    };
+
     // What a family and style lead to, kept because the same few are asked for again and again.
     struct FontRequest
     {
@@ -105,6 +133,28 @@ struct clsPDFCreator::State
     {
         std::string Name;
         std::int32_t Flags;
+    };
+
+    // A reusable object, tiling or gradient of a conforming document.
+    struct Drawing
+    {
+        std::int32_t Object = 0; // its number, once it is used or begun
+        std::int32_t UsedIn = 0; // the drawing that used it last
+        bool Made = false;       // or being made
+        bool Uncoloured = false; // chosen with a colour
+        bool Contained = false;  // another one uses it
+        std::vector<Drawing*> Contents;
+    };
+    using Drawings = std::map<std::string, Drawing>; // by their names as they stand in the file
+
+    // What the drawing in progress uses, in the order of first use: entries of the dictionaries in
+    // its resources.
+    struct Resources
+    {
+        std::string Fonts;
+        std::string XObjects;
+        std::string Patterns;
+        bool Uncoloured = false; // the colour space of uncoloured tilings
     };
 
     struct Properties // UTF-8
@@ -168,6 +218,14 @@ struct clsPDFCreator::State
     // BeginDoc writes, and the catalog and its like, which EndDoc writes.
     static constexpr std::int32_t FixedObjects = 6;
 
+    // The same of a conforming document, which has fewer of them.
+    enum : std::int32_t
+    {
+        ConformingInfo = 1,
+        ConformingCatalog = 2,
+        ConformingPageTree = 3,
+    };
+
     // How many objects a page takes without its annotations, a reusable object or tiling with its
     // length, a stream that EndDoc writes with its length.
     static constexpr std::int32_t ObjectsOfPage = 4;
@@ -182,12 +240,14 @@ struct clsPDFCreator::State
 
     // ---- Document
     Clock DocClock;
-    std::string CreationDate;
+    DateTime Created = {};
+    std::string CreationDate; // the same as the classic form of a document has it
     Properties DocProperties;
     Properties OpenedWith; // those of BeginDoc: the metadata do not follow later changes
     std::string FileName;
     std::int32_t ReaderVersion = 0;
-    bool Conforming = false;
+    bool ConformingAsked = false;   // for the document that begins next
+    bool Conforming = false;        // this one is so; while there is none, the next one
     std::int32_t CompressLevel = 0; // 0 to 9
     std::string Language;           // a tag; "" while none was set
     std::int32_t DocOrientation = 0;
@@ -201,16 +261,27 @@ struct clsPDFCreator::State
     std::vector<Bookmark> Bookmarks; // without the first one, the document's title
     std::vector<Image> Images;
     std::int32_t ImageFilters = 0;
-    std::vector<std::string> Gradients;
+    std::vector<Gradient> Gradients; // not yet written
+    std::int32_t GradientCount = 0;
 
     // Objects kept back, so that the document can be ended whatever is refused: for what EndDoc
     // writes (the metadata at first), and for the end of the page or drawing that is open.
     std::int32_t KeptForEnd = ObjectsOfStream;
     std::int32_t KeptForDrawing = 0;
 
+    // ---- Conforming documents
+    Drawings Forms;
+    Drawings Patterns;
+    std::int32_t DrawingNumber = 0;    // of the page, object or tiling begun last, from 1
+    Drawing* OpenDrawing = nullptr;    // the object or tiling being drawn
+    std::int32_t DrawingResources = 0; // the object of its resources; its length comes next
+    Resources Used;
+
     // ---- Pages
     std::int16_t PageCount = 0;
     std::int32_t PageObject = 0; // of the page being drawn
+    bool PageTurned = false;
+    std::int32_t FirstPage = 0;
     std::string Kids;
     std::string PageLabels;
     std::vector<std::string> Annotations; // of the page being drawn
@@ -236,6 +307,7 @@ struct clsPDFCreator::State
     // Colours as the operations that set them: frames write them over and over.
     std::string FillColor = "0 0 0 rg";
     std::string LineColor = "0 0 0 RG";
+    std::string ChosenColor; // becomes one of them
     bool FillChosen = false; // by the caller, on this page or reusable object
     float LineWidth = 1;     // points
 
@@ -288,17 +360,62 @@ struct clsPDFCreator::State
 
     // Writes the head of a document just opened, with that text as its information dictionary.
     void prBeginFile(const std::string& info);
+    void prEndFile();
     void prWriteCatalog(std::int32_t outlines, std::int32_t metadata);
     void prWriteResources(std::int32_t number, bool withPatterns);
     void prWritePageTree();
+
+    // The paper, so far from its edges (in points), as an array.
+    std::string prBox(double margin) const;
+    std::int64_t prMinorVersion() const;
     void prWriteDictionary(std::int32_t number, std::string_view text);
     std::int32_t prWriteMetadata();
     std::string prPacketOfLength(std::size_t length) const;
     std::string prXMPPacket() const;
 
+    // ---- _Conforming, _ConformingMetadata
+    std::string prConformingInfo() const;
+    std::string prDocumentId() const;
+    void prEndConformingFile();
+    void prWriteConformingCatalog(std::int32_t outlines, std::int32_t metadata);
+    void prWriteConformingPageTree();
+    std::int32_t prWriteConformingMetadata();
+    std::string prConformingPacket() const;
+
+    // ---- _Drawings. Names as they stand in the file
+
+    // Gives out so many numbers in a row and returns the first; error 6 without room for them.
+    std::int32_t prReserve(std::int32_t count);
+
+    // Error 5 for a name that the writer gives itself.
+    static void prRequireObjectName(const std::string& name);
+    static void prRequireTilingName(const std::string& name);
+
+    // The drawing in progress uses the object of that name, or what an operation that sets a colour
+    // chooses. Error 5 where it would come to contain itself.
+    void prUseObject(const std::string& name);
+    void prUseColor(std::string_view operation);
+    void prUseNamed(Drawing& used, const std::string& name, std::string& list);
+    void prRequireNoCircle(const Drawing& used, const std::string& name) const;
+    static bool prHolds(const Drawing& outer, const Drawing& inner);
+
+    // Begins an object or tiling; error 5 for the name of one that there is.
+    std::int32_t prBeginNamed(Drawings& drawings, const std::string& name);
+    void prEndNamed();
+    std::string prResources() const;
+    void prWriteUnmade();
+
+    // A text outside the pages (UTF-8) as the whole string that stands in the file.
+    std::string prString(std::string_view text) const;
+
     // ---- _Pages, _Forms
+    void prWritePage();
+    void prWriteConformingPage();
+    std::string prWriteConformingAnnotations();
     void prAppendPageLabel(std::int32_t style, std::string_view prefix, std::int32_t firstValue);
     void prWriteAnnotations(std::int32_t lengthObject);
+    void prBeginForm(const std::string& name);
+    void prBeginConformingForm(const std::string& name);
     void prPlayObject(std::string_view name);
     void prPlayAutoObjects(bool atEnd);
 
@@ -308,6 +425,7 @@ struct clsPDFCreator::State
                               double bottom, double zoom) const;
     std::vector<OutlineItem> prOutlineTree() const;
     std::int32_t prWriteOutlines();
+    std::int32_t prVisibleItems(const std::vector<OutlineItem>& items) const;
     void prWriteSiblings(const std::vector<std::size_t>& children, std::size_t item,
                          std::int32_t firstObject);
 
@@ -325,6 +443,8 @@ struct clsPDFCreator::State
     std::int32_t prImageOf(const std::string& fileName, std::string_view key,
                            const std::function<pdf::Picture()>& read);
     void prDrawImage(std::int32_t image, double x, double y, double width, double height);
+    void prUseImage(std::int32_t number);
+    void prWriteConformingImage(Image& image);
     void prWriteImages();
     void prWriteImage(std::int32_t number, std::int32_t object, pdf::Picture& picture);
     void prWritePalette(std::string palette);
@@ -332,6 +452,11 @@ struct clsPDFCreator::State
     // ---- _Patterns
     void prUseGradient(const GradientKind& kind, std::initializer_list<double> coordinates,
                        const std::vector<std::string>& colors, bool extendStart, bool extendEnd);
+    std::int32_t prBeginTile(const std::string& name);
+    std::int32_t prBeginConformingTile(const std::string& name);
+    std::string prGradient(const GradientKind& kind, const GradientEnds& ends) const;
+    std::string prConformingGradient(const GradientKind& kind, const GradientEnds& ends) const;
+    std::int32_t prNameGradient(const std::string& name);
     void prWriteGradients();
 
     // ---- _Barcodes. Lengths in user units
@@ -342,12 +467,23 @@ struct clsPDFCreator::State
     void prDrawBarcodeText(std::size_t font, const std::vector<BarcodeText>& texts, double y,
                            double size);
 
-    // ---- _Fonts
+    // ---- _Fonts, _ConformingFonts
     FontRequest& prRequestOf(std::string_view family, std::int32_t style);
     FontRequest& prAddRequest(std::string_view family, std::int32_t face);
     std::size_t prFindFont(FontRequest& request) const;
     std::size_t prAddStandardFont(FontRequest& request);
-
+    // The drawing in progress uses the font of that number; returns it.
+    std::int32_t prUseFont(std::size_t number);
+    void prNumberFont(Font& font);
+    static bool prSameFont(const Font& one, const Font& other);
+    static std::string_view prNameOf(const Font& font);
+    static void prKeepFile(TrueType& font, std::string_view bytes, const std::string& what);
+    static void prRequireEmbeddable(const pdf::TrueTypeFont& font, const std::string& fileName);
+    void prTakeFontFiles();
+    void prWriteConformingFonts();
+    void prWriteConformingDescriptor(const Font& font);
+    void prWriteConformingFile(std::int32_t object, const TrueType& font);
+    void prWriteWidthRows(const std::array<std::uint16_t, 256>& widths);
     // The objects that a font of AddFont takes: itself and its descriptor; embedded, its file with
     // its length in the document and its own.
     static std::int32_t prObjectsOfFont(bool embed) { return embed ? 5 : 2; }
@@ -361,7 +497,10 @@ struct clsPDFCreator::State
     void prWriteDescriptor(std::int32_t object, const TrueType& font);
     void prEncode(TrueType& font, std::string_view bytes) const;
     void prEmbedFile(std::int32_t object, const TrueType& font);
-    std::int32_t prFontNumber() const { return static_cast<std::int32_t>(CurrentFont); }
+    std::int32_t prPresentFont()
+    {
+        return Conforming ? prUseFont(CurrentFont) : static_cast<std::int32_t>(CurrentFont);
+    }
     pdf::TextMetrics prMetrics() const
     {
         return {Fonts[CurrentFont - 1].Metrics.Widths,
@@ -417,4 +556,5 @@ struct clsPDFCreator::State
                                  const SharedStyle& inherited);
     Frame& prFrameOf(Style& style, double width, double height) const;
     void prPaintFrame(Style& style, double width, double height);
+    void prUseFrameColors(const Style& style);
 };

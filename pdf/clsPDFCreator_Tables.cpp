@@ -138,6 +138,7 @@ void clsPDFCreator::State::prPaintFrame(Style& style, double width, double heigh
 {
     const double line = style.LineWidth;
     Frame& frame = prFrameOf(style, width, height);
+    if (Conforming) prUseFrameColors(style);
     if (!style.Fill.empty()) {
         Out.prRepeat(frame.Background, [&] {
             Out.prWriteRaw(style.Fill);
@@ -153,5 +154,18 @@ void clsPDFCreator::State::prPaintFrame(Style& style, double width, double heigh
             prRectangle(0, 0, width, height, StrokePath);
         });
         Out.prPrint(LineWidth, " w\r\n[ ] 0 d\r\n", LineColor);
+    }
+}
+
+// Before the first byte: a colour that is refused paints nothing.
+void clsPDFCreator::State::prUseFrameColors(const Style& style)
+{
+    if (!style.Fill.empty()) {
+        prUseColor(style.Fill);
+        prUseColor(FillColor);
+    }
+    if (style.LineWidth != 0) {
+        prUseColor(style.LineColor);
+        prUseColor(LineColor);
     }
 }

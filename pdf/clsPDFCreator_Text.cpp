@@ -85,7 +85,7 @@ try {
 
     auto& out = m->Out;
     const double leading = static_cast<double>(LineSpacing) * m->FontSize;
-    out.prPrint("BT\r\n/_FNT_", m->prFontNumber(), " ", m->FontSize, " Tf ", leading,
+    out.prPrint("BT\r\n/_FNT_", m->prPresentFont(), " ", m->FontSize, " Tf ", leading,
                 " TL\r\n1 0 0 -1 0 ", m->PageHeight, " Tm");
     m->prTextMatrix(m->prInPoints(X), m->prFirstBaseline(Y, Height, leading, lines.size(), Options),
                     Angle);
@@ -108,7 +108,7 @@ std::int16_t clsPDFCreator::DrawParagraph(float X, float Y, float Width, float H
 void clsPDFCreator::State::prWriteText(double x, double y, std::string_view text, double angle)
 {
     const double size = FontSize;
-    Out.prPrint("BT\r\n/_FNT_", prFontNumber(), " ", size, " Tf ", size, " TL");
+    Out.prPrint("BT\r\n/_FNT_", prPresentFont(), " ", size, " Tf ", size, " TL");
     prTextMatrix(x, y, angle);
     Out.prPrint(" (", pdf::Escaped{text}, ") Tj\r\nET");
 }
