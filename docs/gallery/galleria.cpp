@@ -1,9 +1,10 @@
 // Writes the gallery of the PDF writer: every operation of the class on a few pages.
 //
-//     galleria OUTPUT.pdf PICTURES FONT.ttf FONT.ttf [FILTERS | --apri]
+//     galleria OUTPUT.pdf PICTURES FONT.ttf FONT.ttf [FILTERS | --apri | --conforme | --compatta]
 //
 // PICTURES is the folder with tramonto.jpg, mano.gif and semi.bmp; FILTERS what FilterDecode takes
-// (6 when not given); --apri opens the finished document.
+// (6 when not given); --apri opens the finished document; --conforme writes one that no reader
+// remarks on, --compatta a compressed one that is so, too.
 
 #include "Galleria.h"
 
@@ -20,6 +21,8 @@ struct Scelte
     std::string Uscita, Figure, Font, AltroFont;
     int Filtri = FiltriUsuali;
     bool Apri = false;
+    bool Conforme = false;
+    bool Compatta = false;
 };
 
 // False for arguments that are none of those above.
@@ -30,7 +33,9 @@ bool Leggi(const std::vector<std::string>& argomenti, Scelte& scelte)
     if (argomenti.size() == 4) return true;
     const std::string& ultimo = argomenti[4];
     scelte.Apri = ultimo == "--apri";
-    if (scelte.Apri) return true;
+    scelte.Compatta = ultimo == "--compatta";
+    scelte.Conforme = ultimo == "--conforme" || scelte.Compatta;
+    if (scelte.Apri || scelte.Conforme) return true;
     const char* fine = ultimo.data() + ultimo.size();
     const auto letto = std::from_chars(ultimo.data(), fine, scelte.Filtri);
     return letto.ec == std::errc() && letto.ptr == fine;
@@ -40,7 +45,11 @@ void Prepara(clsPDFCreator& pdf, const Scelte& scelte)
 {
     constexpr int a4 = 0;
     constexpr int millimetri = 2;
+    constexpr int livello = 6;
     pdf.ShareFonts(true);
+    pdf.Conforming(scelte.Conforme);
+    if (scelte.Compatta) pdf.Compress(livello);
+    if (scelte.Conforme) pdf.SetLanguage("it");
     pdf.SetScale(millimetri);
     pdf.SetPaperSize(a4);
     pdf.Margin(0);
@@ -79,7 +88,8 @@ int main(int argc, char** argv)
 {
     Scelte scelte;
     if (!Leggi({argv + 1, argv + argc}, scelte)) {
-        std::cerr << "galleria USCITA.pdf FIGURE FONT.ttf FONT.ttf [FILTRI | --apri]\n";
+        std::cerr << "galleria USCITA.pdf FIGURE FONT.ttf FONT.ttf "
+                     "[FILTRI | --apri | --conforme | --compatta]\n";
         return 2;
     }
     try {
