@@ -100,6 +100,7 @@ void Note(clsPDFCreator& pdf)
 
 void Documento(clsPDFCreator& pdf, Aperto& aperto)
 {
+    pdf.SetLanguage("it-IT-con-parti-in-piu");
     pdf.SetDocProperty("Un titolo che non è corto", "Un argomento che non è corto",
                        "Chi lo scrive");
     Oggetti(pdf, aperto);
@@ -237,4 +238,13 @@ TEST(MemoriaDiUnDocumento, Compresso)
 {
     if (!pdf::prCanDeflate()) GTEST_SKIP() << "la libreria è senza zlib";
     Esaurisci([](clsPDFCreator& pdf) { pdf.Compress(6); });
+}
+
+TEST(MemoriaDiUnDocumento, ConformeECompresso)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << "la libreria è senza zlib";
+    Esaurisci([](clsPDFCreator& pdf) {
+        pdf.Conforming();
+        pdf.Compress(6);
+    });
 }
