@@ -166,6 +166,7 @@ inline const std::vector<Operazione> SenzaNumeri = {
     {"SetDocProperty", {}, [](auto& pdf, auto&) { pdf.SetDocProperty("Titolo"); }},
     {"FilterDecode", {}, [](auto& pdf, auto&) { pdf.FilterDecode(8); }},
     {"Compress", {}, [](auto& pdf, auto&) { pdf.Compress(0); }},
+    {"SetLanguage", {}, [](auto& pdf, auto&) { pdf.SetLanguage("it"); }},
     {"Conforming", {}, [](auto& pdf, auto&) { pdf.Conforming(false); }},
     {"AddFont",
      {},

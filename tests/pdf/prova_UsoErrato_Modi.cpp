@@ -38,6 +38,12 @@ const std::vector<Nominata>& Modi()
     static const std::vector<Nominata> modi = {
         {"classico", [](auto&) {}},
         {"compresso", [](auto& pdf) { Comprimi(pdf, 6); }},
+        {"conforme", [](auto& pdf) { pdf.Conforming(); }},
+        {"conforme e compresso",
+         [](auto& pdf) {
+             pdf.Conforming();
+             Comprimi(pdf, 6);
+         }},
     };
     return modi;
 }
@@ -50,6 +56,7 @@ const std::vector<Nominata>& Chiamate()
         {"Conforming(false)", [](auto& pdf) { pdf.Conforming(false); }},
         {"Compress", [](auto& pdf) { Comprimi(pdf, 9); }},
         {"Compress(0)", [](auto& pdf) { pdf.Compress(0); }},
+        {"SetLanguage", [](auto& pdf) { pdf.SetLanguage("it"); }},
         {"PDFReader", [](auto& pdf) { pdf.PDFReader(5); }},
         {"ShareFonts", [](auto& pdf) { pdf.ShareFonts(true); }},
         {"AddFontData",
