@@ -138,6 +138,21 @@ void Compressione()
     Attendi(compresso.find("/FlateDecode") != std::string::npos, "and says how");
 }
 
+void Conforme()
+{
+    std::string raccolto;
+    clsPDFCreator pdf = Scrittore();
+    pdf.Conforming();
+    pdf.SetLanguage("it");
+    pdf.SetDocProperty("L'et\xC3\xA0 # 10");
+    pdf.BeginDocTo([&raccolto](std::string_view pezzo) { raccolto += pezzo; });
+    Disegna(pdf);
+    Attendi(raccolto.rfind("%PDF-1.7", 0) == 0, "a conforming document is of version 1.7");
+    for (const char* parte : {"/Lang (it)", "/ID [", "(L'et\xE0 # 10)"}) {
+        Attendi(raccolto.find(parte) != std::string::npos, parte);
+    }
+}
+
 } // namespace
 
 // The folder for what it writes.
@@ -149,5 +164,6 @@ int main(int argc, char** argv)
     Uscite(argv[1]);
     FunzioneCheFallisce();
     Compressione();
+    Conforme();
     return esito;
 }
