@@ -28,6 +28,8 @@ Report:
   -o, --uscita FILE        nome del report; senza -f la forma è quella che dice
                            (.txt, .htm, .html, .pdf); "-" è lo standard output
   -a, --apri               apre il report finito
+      --compatto           PDF compresso, molto più piccolo e senza limite di 82
+                           taglie: consigliato
       --caratteri-unici    PDF di un terzo più piccolo: ogni carattere una sola
                            volta
       --numeri COME        separatori dei numeri: sistema (normale), it o c

@@ -43,10 +43,11 @@ struct Interruttore
     bool Argomenti::*Posto;
 };
 
-constexpr std::array<Interruttore, 6> Interruttori = {{
+constexpr std::array<Interruttore, 7> Interruttori = {{
     {"-s", "--statistiche", &Argomenti::Statistiche},
     {"-a", opzione::Apri, &Argomenti::Apri},
     {"", opzione::CaratteriUnici, &Argomenti::CaratteriUnici},
+    {"", opzione::Compatto, &Argomenti::Compatto},
     {"-q", "--quieto", &Argomenti::Quieto},
     {"-h", "--help", &Argomenti::Aiuto},
     {"-V", "--version", &Argomenti::Versione},

@@ -15,6 +15,7 @@ inline constexpr const char* Cartella = "--cartella";
 inline constexpr const char* Uscita = "--uscita";
 inline constexpr const char* Apri = "--apri";
 inline constexpr const char* CaratteriUnici = "--caratteri-unici";
+inline constexpr const char* Compatto = "--compatto";
 inline constexpr const char* Seme = "--seme";
 inline constexpr const char* Mazzi = "--mazzi";
 inline constexpr const char* SalvaMazzi = "--salva-mazzi";
@@ -33,6 +34,7 @@ struct Argomenti
     bool Statistiche = false;
     bool Apri = false;
     bool CaratteriUnici = false;
+    bool Compatto = false;
     bool Quieto = false;
     bool Aiuto = false;
     bool Versione = false;

@@ -82,6 +82,17 @@ void ApriReport(const std::string& percorso, StileFinestra stile)
     }
 }
 
+// What the build of this program lacks is known before the first shoe.
+void PretendiCompatto()
+{
+    try {
+        Stampe::PretendiCompatto();
+    } catch (const ErroreRuntime& errore) {
+        if (errore.Numero() == NumeroErrore::MemoriaEsaurita) throw;
+        throw ErroreComando(UscitaRifiuto, opzione::Compatto, errore.Motivo());
+    }
+}
+
 // Everything that lives as long as the run.
 class Corsa
 {
@@ -150,6 +161,7 @@ void Corsa::ImpostaAmbiente()
         throw ErroreComando(UscitaScrittura, m_posto.Percorso, "è in uso da un altro programma");
     };
     ambiente.CaratteriUnici = m_opzioni.CaratteriUnici;
+    ambiente.Compatto = m_opzioni.Compatto;
     ambiente.Fili = m_opzioni.Lavori;
     if (m_opzioni.Dati != FormaDati::Nessuna) ambiente.Raccolta = &m_studio;
     Stampe::AmbienteInUso = std::move(ambiente);
@@ -253,6 +265,7 @@ std::string EseguiCorsa(const Opzioni& opzioni)
         RifiutaUso(opzione::Uscita,
                    "un PDF va in un file o in un altro programma, non sul terminale");
     }
+    if (opzioni.Compatto) PretendiCompatto();
     // A date that cannot be written is known before the first shoe, and refused as the request is.
     if (opzioni.FormaReport == Stampe::FormaPdf) OppureRifiuta(CalendarioInUso.Adesso);
     return Corsa(opzioni, std::move(posto)).Esegui();

@@ -111,6 +111,7 @@ void RifiutaContraddizioni(const Opzioni& opzioni, bool conCartella)
     if (conCartella) PretendiReportInFile(opzioni, opzione::Cartella, "metterci");
     const bool pdf = opzioni.FormaReport == Stampe::FormaPdf;
     if (opzioni.CaratteriUnici && !pdf) RifiutaUso(opzione::CaratteriUnici, SoloPdf);
+    if (opzioni.Compatto && !pdf) RifiutaUso(opzione::Compatto, SoloPdf);
     if (!opzioni.Mazzi.empty() && opzioni.Seme) {
         RifiutaUso(opzione::Seme, "con --mazzi le carte non si mescolano");
     }
@@ -132,6 +133,7 @@ void LeggiInterruttori(Opzioni& opzioni, const Argomenti& argomenti)
     opzioni.Statistiche = argomenti.Statistiche;
     opzioni.Apri = argomenti.Apri;
     opzioni.CaratteriUnici = argomenti.CaratteriUnici;
+    opzioni.Compatto = argomenti.Compatto;
     opzioni.Quieto = argomenti.Quieto;
     opzioni.Aiuto = argomenti.Aiuto;
     opzioni.Versione = argomenti.Versione;

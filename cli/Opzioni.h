@@ -35,6 +35,7 @@ struct Opzioni
     bool SuUscita = false; // the report goes to standard output; Report is empty then
     bool Apri = false;
     bool CaratteriUnici = false;
+    bool Compatto = false;
     std::optional<std::uint64_t> Seme;
     std::string Mazzi;      // empty: shuffled shoes
     std::string SalvaMazzi; // empty: not wanted; likewise below

@@ -76,6 +76,10 @@ struct Ambiente
     // A PDF report names each font once instead of at every change: a third smaller, else the same.
     bool CaratteriUnici = false;
 
+    // A PDF report is written conforming and compressed, in Italian: a tenth of the size, and with
+    // room for as many shoes as a document has pages. CaratteriUnici then means nothing.
+    bool Compatto = false;
+
     // Collects the figures for estimates of error, when set; not owned.
     Studio* Raccolta = nullptr;
 };

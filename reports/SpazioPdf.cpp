@@ -1,5 +1,5 @@
 // What counts is the number of objects, of which a document holds 32,767: a page is four of them
-// and a font is one.
+// and a font is one. A conforming one holds as many pages, whatever is on them.
 
 #include "SpazioPdf.h"
 
@@ -18,6 +18,7 @@ namespace Stampe {
 namespace {
 
 constexpr std::int64_t MassimoOggetti = 32767;
+constexpr std::int64_t MassimoPagine = 32767;
 
 // The fixed ones at the start of each document, the footer and the metadata, each with its length.
 constexpr std::int64_t OggettiFissi = 10;
@@ -51,6 +52,7 @@ bool Entra(const NumeroTaglie& chieste, std::int64_t caratteriTaglie)
 {
     // The page of general statistics follows the number as it was given.
     const std::int64_t pagine = chieste.DaFare() + (chieste.PiuDiUna() ? 1 : 0);
+    if (AmbienteInUso.Compatto) return pagine <= MassimoPagine;
     const std::int64_t caratteri =
         AmbienteInUso.CaratteriUnici ? CaratteriUnici
                                      : CaratteriFissi + pagine * CaratteriPagina + caratteriTaglie;
@@ -77,8 +79,10 @@ std::vector<Carte> GiocaTutte(std::int64_t taglie, std::int64_t& caratteri)
 void TroppePerUnPdf()
 {
     throw ErroreRuntime(NumeroErrore::Overflow,
-                        "le taglie sono troppe per un PDF con tutti i colpi: ne entrano circa 82, "
-                        "con --caratteri-unici 8187",
+                        AmbienteInUso.Compatto
+                            ? "le taglie sono troppe per un PDF con tutti i colpi: ne entrano 32766"
+                            : "le taglie sono troppe per un PDF con tutti i colpi: ne entrano "
+                              "circa 82, con --caratteri-unici 8187, con --compatto 32766",
                         PercorsoForma(NomePdf));
 }
 

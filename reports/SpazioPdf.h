@@ -6,8 +6,11 @@
 
 namespace Stampe {
 
-// The refusal: error 6 about "taglie.pdf", naming about how many shoes fit with and without
-// AmbienteInUso.CaratteriUnici.
+// Error 5 where this program was built without what AmbienteInUso.Compatto needs.
+void PretendiCompatto();
+
+// The refusal: error 6 about "taglie.pdf", naming about how many shoes fit with
+// AmbienteInUso.Compatto, with CaratteriUnici, and without them.
 [[noreturn]] void TroppePerUnPdf();
 
 // TroppePerUnPdf when a full report of so many shoes fits with no cards whatever.

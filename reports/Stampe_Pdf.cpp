@@ -45,6 +45,9 @@ constexpr std::int32_t Normale = 0;
 constexpr std::int32_t Grassetto = 1;
 constexpr float Mezzeria = 10.5F;
 
+// Of compression: smaller levels save little time here, larger ones hardly a byte.
+constexpr std::int32_t LivelloCompatto = 6;
+
 // The present year.
 std::int64_t Anno()
 {
@@ -80,6 +83,14 @@ private:
     bool m_finito = false;
 };
 
+// Small, and such that readers remark on nothing.
+void Compatta(clsPDFCreator& pdf)
+{
+    pdf.Conforming();
+    pdf.Compress(LivelloCompatto);
+    pdf.SetLanguage("it");
+}
+
 bool InUso()
 {
     if (AmbienteInUso.Via == ViaReport::UscitaStandard) return false;
@@ -99,6 +110,7 @@ public:
     {
         constexpr std::int32_t centimetri = 3;
         Pdf.ShareFonts(AmbienteInUso.CaratteriUnici);
+        if (AmbienteInUso.Compatto) Compatta(Pdf);
         Pdf.SetDocProperty("Scalvino", "Scalvino", "Vellarmo", "Scalvino 1.0", "Vellarmo", "");
         Pdf.SetScale(centimetri, 1);
         Pdf.SetPaperSize(0, 0, 0);
@@ -346,6 +358,11 @@ void PretendiPosto()
 }
 
 } // namespace
+
+void PretendiCompatto()
+{
+    clsPDFCreator().Compress(LivelloCompatto);
+}
 
 std::string_view SemeSymbol(std::string_view carta)
 {

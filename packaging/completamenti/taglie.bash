@@ -40,7 +40,7 @@ _taglie()
     fi
     if _taglie_valore "$prima" "$attuale"; then return; fi
     if [[ $attuale == -* ]]; then
-        _taglie_tra "-f --forma -s --statistiche -c --cartella -o --uscita -a --apri --caratteri-unici
+        _taglie_tra "-f --forma -s --statistiche -c --cartella -o --uscita -a --apri --compatto --caratteri-unici
             --numeri --seme --mazzi --salva-mazzi --colpi --dati -j --lavori --avanzamento
             -q --quieto -h --help -V --version" "$attuale"
     fi

@@ -218,3 +218,15 @@ TEST(Opzioni, CioCheNonVaConUnNomeOConLoStandardOutput)
     }
     EXPECT_EQ(Rifiuto({"-o", "x", "-c", "y"}).first, 0); // x in y
 }
+
+TEST(Opzioni, CompattoValeSoloPerIPdf)
+{
+    EXPECT_TRUE(LeggiOpzioni({"-f", "pdf", "--compatto"}).Compatto);
+    EXPECT_TRUE(LeggiOpzioni({"-o", "x.pdf", "--compatto", "--caratteri-unici"}).Compatto);
+    EXPECT_FALSE(LeggiOpzioni({"-f", "pdf"}).Compatto);
+    for (const auto* forma : {"txt", "html", "video", "nessuna"}) {
+        EXPECT_EQ(Rifiuto({"-f", forma, "--compatto"}),
+                  std::pair(static_cast<int>(UscitaUso),
+                            std::string("--compatto: vale solo con -f pdf")));
+    }
+}

@@ -22,6 +22,7 @@ from aiuti import (ATTESA, FATTO, INTERROTTO, TAGLIE, Prova, ambiente, aspetta, 
 
 COLPI = int(os.environ.get("COLPI", "10" if con_sanificatori() else "50"))
 INSIEME = 4  # commands at once
+CON_ZLIB = os.environ["ZLIB"] == "ON"
 VECCHIO = b"il report di prima\n"
 AMBIENTE = ambiente(SOURCE_DATE_EPOCH="0")
 
@@ -36,6 +37,7 @@ FORME = {
     "pagina": ("taglie.htm", [200, "-f", "html"]),
     "documento": ("taglie.pdf", [60, "-f", "pdf"]),
     "documento con caratteri unici": ("taglie.pdf", [60, "-f", "pdf", "--caratteri-unici"]),
+    **({"documento compatto": ("taglie.pdf", [300, "-f", "pdf", "--compatto"])} if CON_ZLIB else {}),
     "statistiche in testo": ("taglie.txt", [2000, "-s"]),
     "statistiche in pagina": ("taglie.htm", [2000, "-s", "-f", "html"]),
     "statistiche in documento": ("taglie.pdf", [2000, "-s", "-f", "pdf"]),

@@ -4,7 +4,9 @@
 
 #include "Aiuti.h"
 #include "Comando.h"
+#include "FileIntero.h"
 #include "MemoriaFinita.h"
+#include "SpazioPdf.h"
 
 #include <gtest/gtest.h>
 
@@ -234,6 +236,23 @@ TEST_F(Comando, IlTestoTieneLeTaglieIntere)
 TEST_F(Comando, LaPaginaIntera)
 {
     EsaurisciOvunque({"--seme", "7", "2", "-f", "html"}, "taglie.htm", Nulla);
+}
+
+TEST_F(Comando, LaPaginaSottoUnNomeNascosto)
+{
+    FingiSenzaAnonimi(true);
+    EsaurisciOvunque({"--seme", "7", "2", "-f", "html", "-o", "x"}, "x", Nulla);
+    FingiSenzaAnonimi(false);
+}
+
+TEST_F(Comando, IlDocumentoCompatto)
+{
+    try {
+        Stampe::PretendiCompatto();
+    } catch (const ErroreRuntime&) {
+        GTEST_SKIP() << "built without zlib";
+    }
+    EsaurisciOvunque({"--seme", "7", "2", "-o", "x.pdf", "--compatto"}, "x.pdf", Nulla);
 }
 
 TEST_F(Comando, IlDocumentoIntero)

@@ -89,7 +89,7 @@ void Troppe(const std::optional<ErroreRuntime>& errore, const Prova& prova)
     EXPECT_EQ(errore->Numero(), NumeroErrore::Overflow);
     EXPECT_EQ(errore->File(), prova.Cartella.Nome() + "taglie.pdf");
     EXPECT_EQ(errore->Motivo(), "le taglie sono troppe per un PDF con tutti i colpi: ne entrano "
-                                "circa 82, con --caratteri-unici 8187");
+                                "circa 82, con --caratteri-unici 8187, con --compatto 32766");
 }
 
 // The shoe with its cards in the order of their value, lowest or highest first.
@@ -146,6 +146,21 @@ TEST(SpazioPdf, DoveECertoNonSiGioca)
         Troppe(ErroreDi([&] { StampaPdf(taglie); }), prova);
     }
     EXPECT_EQ(prova.Pdf(), "vecchio");
+}
+
+TEST(SpazioPdf, CompattoEntranoTanteTagliePerQuantePagine)
+{
+    const Prova prova("tre");
+    AmbienteInUso.PreparaTaglia = [](std::int64_t) { ADD_FAILURE() << "a shoe was dealt"; };
+    AmbienteInUso.Compatto = true;
+    EXPECT_FALSE(ErroreDi([] { PretendiSpazioPdf(NumeroTaglie(32766)); }));
+    for (const double taglie : {32767.0, 32768.0, 9007199254740992.0}) {
+        const auto errore = ErroreDi([&] { StampaPdf(taglie); });
+        ASSERT_TRUE(errore);
+        EXPECT_EQ(errore->Numero(), NumeroErrore::Overflow);
+        EXPECT_EQ(errore->Motivo(),
+                  "le taglie sono troppe per un PDF con tutti i colpi: ne entrano 32766");
+    }
 }
 
 TEST(SpazioPdf, DoveDipendeDalleCarteSiGioca)

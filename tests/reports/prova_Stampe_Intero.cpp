@@ -3,6 +3,7 @@
 #include "prova_Stampe_Guasti.h"
 
 #include "LettoreDiFile.h"
+#include "SpazioPdf.h"
 
 #include <cerrno>
 
@@ -104,6 +105,30 @@ TEST(Intero, OgniScritturaCheFallisceLasciaIlVecchio)
                 EXPECT_EQ(scritture.Scritture(), quale);
                 prova.VecchioRimasto();
             }
+        }
+    }
+}
+
+TEST(Intero, ECosiIlDocumentoCompatto)
+{
+    if (aiuti::ErroreDi(Stampe::PretendiCompatto)) GTEST_SKIP() << "built without zlib";
+    for (const auto& operazione : {Operazioni[4], Operazioni[5]}) {
+        int quante = 1;
+        for (int quale = 0; quale <= quante; ++quale) { // none fails at first
+            Intera prova(operazione);
+            Stampe::AmbienteInUso.Compatto = true;
+            ScrittureGuaste scritture;
+            scritture.Spezza(1000);
+            scritture.Guasta(quale, Pieno.Codice);
+            if (quale == 0) {
+                EXPECT_TRUE(operazione.Esegui(Taglie));
+                quante = scritture.Scritture();
+                EXPECT_GT(quante, 1);
+                EXPECT_EQ(Byte(prova.Report(operazione)).substr(0, 8), "%PDF-1.7");
+                continue;
+            }
+            Confronta(prova.Fallisce(operazione), Pieno, prova.Report(operazione));
+            prova.VecchioRimasto();
         }
     }
 }
