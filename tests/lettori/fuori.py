@@ -28,8 +28,9 @@ def dati(righe):
 
 
 def letto(byte):
-    """UTF-8 as the writer reads it: "?" stands for what is none."""
-    return byte.decode("utf-8", "replace").replace("\uFFFD", "?")
+    """UTF-8 as the writer reads it: "?" stands for what is none, and for what in UTF-16 would begin
+    the name of a language (ISO 32000-1, 7.9.2.2)."""
+    return re.sub("[\uFFFD\x1B]", "?", byte.decode("utf-8", "replace"))
 
 
 def attese(righe):

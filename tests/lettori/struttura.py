@@ -85,8 +85,10 @@ class Documento:
                 self.posti[numero] = Posto(int(voce[1]))
             else:
                 liberi.append((numero, int(voce[1])))
-        catena = [numero for numero, _ in liberi]
-        pretendi([poi for _, poi in liberi] == catena[1:] + [0] and catena[0] == 0, f"liberi {liberi}")
+        # A free entry leads to the next one or, as those never used, to entry 0 (7.5.4).
+        dopo = [numero for numero, _ in liberi[1:]] + [0]
+        pretendi(all(poi in (0, seguente) for (_, poi), seguente in zip(liberi, dopo))
+                 and liberi[0][0] == 0, f"liberi {liberi}")
         trailer = re.compile(rb"trailer[\0\t\n\f\r ]*").match(self.byte, posto)
         pretendi(trailer, "senza trailer")
         self.coda, fine = valore(self.byte, trailer.end())
