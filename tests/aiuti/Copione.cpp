@@ -93,6 +93,7 @@ void Documento(Repertorio& r)
     r["ShareFonts"] = Fa([](auto& pdf, auto& a) { pdf.ShareFonts(a.B(0)); });
     r["Conforming"] = Fa([](auto& pdf, auto& a) { pdf.Conforming(a.B(0, true)); });
     r["Compress"] = Fa([](auto& pdf, auto& a) { pdf.Compress(a.I(0)); });
+    r["SetLanguage"] = Fa([](auto& pdf, auto& a) { pdf.SetLanguage(a.S(0)); });
     r["PDFReader"] = Fa([](auto& pdf, auto& a) { pdf.PDFReader(a.I(0)); });
     r["Margin"] = Fa([](auto& pdf, auto& a) { pdf.Margin(a.F(0)); });
     r["Orientation"] = Fa([](auto& pdf, auto& a) { pdf.Orientation(a.I(0)); });

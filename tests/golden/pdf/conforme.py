@@ -16,6 +16,7 @@ from testi_conformi import DataInfo, Identita, Pacchetto, Stringa
 
 STRINGA = re.compile(rb"\((?:\\.|[^\\()])*\)", re.S)
 USI = re.compile(rb"/(\S+) \S+ Tf|/(\S+) Do|/(\S+) (?:scn|SCN)|/(xxCSxx) (?:cs|CS)")
+COLORATE = re.compile(rb"/xxCSxx (?:cs|CS) \S+ \S+ \S+ /(\S+) (?:scn|SCN)")
 CATEGORIE = ("Font", "XObject", "Pattern", "ColorSpace")
 # In the order in which a dictionary tells them.
 IN_ORDINE = ("Font", "XObject", "ColorSpace", "Pattern")
@@ -29,8 +30,8 @@ class Conforme(Pacchi, Scrittore):
         self.condividi = True
         self.info = {"Title": "(senza titolo)", "Author": self.autore, "Subject": "",
                      "Keywords": "", "Creator": self.creatore, "Producer": self.produttore}
-        self.numeri, self.fatti = {}, set()
-        self.pagine_fatte, self.fogli = [], []
+        # Numbers of what is used; what was made; tilings that were chosen with a colour.
+        self.numeri, self.fatti, self.colorate = {}, set(), set()
 
     def Conforming(self, _si=True):
         pass
@@ -70,6 +71,7 @@ class Conforme(Pacchi, Scrittore):
     def Risorse(self, dati):
         """The resources of a finished drawing."""
         usate = {categoria: {} for categoria in CATEGORIE}
+        self.colorate |= {nome.decode("latin-1") for nome in COLORATE.findall(STRINGA.sub(b"()", dati))}
         for trovato in USI.finditer(STRINGA.sub(b"()", dati)):
             for categoria, nome in zip(CATEGORIE, trovato.groups()):
                 if nome:
@@ -123,7 +125,10 @@ class Conforme(Pacchi, Scrittore):
         testo += f"/Outlines {profilo} 0 R " if profilo else ""
         testo += "/PageLayout /OneColumn /PageMode " + ("/UseOutlines " if profilo else "/UseNone ")
         testo += f"/Lang ({self.lingua}) " if self.lingua else ""
-        testo += f"/PageLabels << /Nums [{self.etichette}] >> " if self.etichette else ""
+        if self.etichette:
+            # A range must begin with the first page (ISO 32000-1, 12.4.2).
+            prima = "" if self.etichette.startswith("0 ") else "0 << /S /D >> "
+            testo += f"/PageLabels << /Nums [{prima}{self.etichette}] >> "
         self.Piccolo(2, testo + "/ViewerPreferences << /DisplayDocTitle true >> "
                                 f"/Metadata {metadati} 0 R >>")
 
@@ -195,7 +200,7 @@ class Conforme(Pacchi, Scrittore):
     def BeginObject(self, nome, segni=0):
         nome = Nome(Byte(nome))
         self.automatici.append((nome, segni))
-        self.fatti.add(nome)
+        self.fatti.add(("XObject", nome))
         m = self.margine
         riquadro = " ".join(map(Numero, (m, m, self.larghezza - m, self.altezza - m)))
         self.Comincia("XObject", nome, f"<< /Type /XObject /Subtype /Form /BBox [{riquadro}] ")
@@ -214,7 +219,7 @@ class Conforme(Pacchi, Scrittore):
 
     def BeginTiling(self, nome, x1, y1, x2, y2, passoX, passoY, tinta=1):
         nome = Nome(Byte(nome))
-        self.fatti.add(nome)
+        self.fatti.add(("Pattern", nome))
         x1, y1, x2, y2, passoX, passoY = (
             Singolo(v) * self.scala for v in (x1, y1, x2, y2, passoX, passoY))
         testa = (f"<< /Type /Pattern /PatternType 1 /PaintType {1 if tinta != 2 else 2}\r\n"
@@ -232,11 +237,17 @@ class Conforme(Pacchi, Scrittore):
         self.prWriteGradients()
 
     def prWriteMissing(self):
-        """Objects that are played and were never made: empty ones."""
-        for (categoria, nome), numero in sorted(self.numeri.items(), key=lambda voce: voce[1]):
-            if categoria == "XObject" and nome not in self.fatti and not nome.startswith("_IMG_"):
-                self.Flusso(numero, "/Type /XObject /Subtype /Form /BBox [0 0 1 1] "
-                                    "/Resources << >> ", b"", coda=b"")
+        """What is used and was never made: empty objects, then empty tilings."""
+        vuoti = {"XObject": "/Type /XObject /Subtype /Form",
+                 "Pattern": "/Type /Pattern /PatternType 1 /PaintType {} /TilingType 1 "
+                            "/XStep 1 /YStep 1"}
+        for categoria, testa in vuoti.items():
+            nomi = [nome for altra, nome in self.numeri if altra == categoria]
+            for nome in sorted(n for n in nomi if not n.startswith(("_IMG_", "SHAD_"))):
+                if (categoria, nome) not in self.fatti:
+                    intera = testa.format(2 if nome in self.colorate else 1)
+                    self.Flusso(self.numeri[categoria, nome], f"{intera} /BBox [0 0 1 1] "
+                                "/Resources << >> ", b"", coda=b"")
 
     def prWriteGradients(self):
         """Those that the drawing before named first."""

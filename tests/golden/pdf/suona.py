@@ -63,7 +63,7 @@ def Chiama(scrittore, nome, argomenti):
 
 def Suona(copione, varianti=frozenset()):
     """The bytes of the document that a list of calls makes."""
-    conformi = [argomenti[0] for nome, *argomenti in copione if nome == "Conforming"]
+    conformi = [(argomenti + [True])[0] for nome, *argomenti in copione if nome == "Conforming"]
     scrittore, classe = None, Conforme if conformi and conformi[-1] else Scrittore
     for numero, (nome, *argomenti) in enumerate(copione, 1):
         if nome == "Clock":

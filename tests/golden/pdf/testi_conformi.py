@@ -13,6 +13,8 @@ VIETATI_XML = re.compile("[^\t\n\r\x20-\uD7FF\uE000-\uFFFD\U00010000-\U0010FFFF]
 
 def Stringa(testo):
     """A text string without its parentheses (ISO 32000-1, 7.9.2.2), as characters 0 to 255."""
+    # In UTF-16 it would begin the name of a language.
+    testo = testo.replace("\x1B", "?")
     if all(c in PDFDOC for c in testo):
         byte = bytes(PDFDOC[c] for c in testo)
     else:
@@ -29,10 +31,13 @@ def Est(minuti, fra, fine=""):
 
 
 def DataInfo(orologio, est):
+    """A second of 60, which PDF does not know, is one of 59."""
+    orologio = orologio[:12] + min(orologio[12:], "59")
     return f"D:{orologio}{Est(est, chr(39), chr(39))}"
 
 
 def DataXmp(o, est):
+    o = o[:12] + min(o[12:], "59")
     return f"{o[:4]}-{o[4:6]}-{o[6:8]}T{o[8:10]}:{o[10:12]}:{o[12:]}{Est(est, ':')}"
 
 
@@ -73,5 +78,14 @@ def Pacchetto(detti, orologio, est, lingua):
         '<?xpacket end="r"?>']).encode("utf-8")
 
 
-def Identita(_orologio, _est, _nome, _detti):
-    return "0" * 32
+def Identita(orologio, est, nome, detti):
+    """32 hexadecimal digits: two FNV-1a sums of 64 bits, one going on from the other."""
+    parti = [DataInfo(orologio, est), re.split(r"[/\\]", nome)[-1]]
+    parti += [detti[k] for k in ("Title", "Author", "Subject", "Keywords", "Creator", "Producer")]
+    byte = b"".join(parte.encode("utf-8") + b"\0" for parte in parti)
+    somma, cifre = 0xCBF29CE484222325, ""
+    for _ in range(2):
+        for b in byte:
+            somma = (somma ^ b) * 0x100000001B3 % 2**64
+        cifre += f"{somma:016X}"
+    return cifre
