@@ -159,7 +159,7 @@ def scritto(cosa):
     if isinstance(cosa, bool) or cosa is None:
         return {True: b"true", False: b"false", None: b"null"}[cosa]
     if isinstance(cosa, Nome):
-        regolari = re.compile(r"[!-\"$-'*-.0-;=?-Z\\^-z|~]")
+        regolari = re.compile(r"[!-\"$&'*-.0-;=?-Z\\^-z|~]")
         return "/".encode() + "".join(c if regolari.match(c) else f"#{ord(c):02X}"
                                       for c in cosa).encode("ascii")
     if isinstance(cosa, Rif):

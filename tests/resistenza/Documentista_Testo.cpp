@@ -79,12 +79,15 @@ void Documentista::Riga(const Zona& zona)
 {
     if (m_caso.Una(2)) SceglieFont();
     const std::string testo = Adatta(Frase(m_caso, 5), zona.Larga);
+    // A word that is wider may leave the page, where not all readers find its last letters.
+    const bool troppo = CHIAMA(TextLength, testo) > U(zona.Larga);
+    if (troppo && m_maniera != Maniera::Usuale) return;
     const int lato = m_caso.Fra(std::vector<int>{1, 2, 4});
     double x = zona.X;
     if (lato == 2) x += zona.Larga;
     if (lato == 4) x += zona.Larga / 2;
     CHIAMA(DrawText, U(x), U(zona.Y + zona.Alta / 2), testo, lato);
-    if (CHIAMA(TextLength, testo) <= U(zona.Larga)) Attendi(testo);
+    if (!troppo) Attendi(testo);
 }
 
 void Documentista::RigaObliqua(const Zona& zona)
