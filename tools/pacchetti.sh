@@ -30,7 +30,7 @@ installa_per_provare() {
     installa_pacchetti g++ cmake make ninja-build zlib1g-dev libcli11-dev nlohmann-json3-dev \
         libgtest-dev libgmock-dev libbenchmark-dev python3 locales chromium \
         qpdf poppler-utils mupdf-tools ghostscript fonts-liberation fonts-liberation2 fonts-urw-base35 \
-        libtiff-dev python3-pil python3-fonttools pkg-config zbar-tools \
+        libtiff-dev python3-pil python3-fonttools python3-gi gir1.2-poppler-0.18 pkg-config zbar-tools \
         qt6-base-dev qt6-svg-dev qt6-translations-l10n qt6-gtk-platformtheme fonts-dejavu-core \
         xvfb openbox weston qt6-wayland xdotool wmctrl xclip imagemagick x11-utils doxygen tzdata \
         at-spi2-core dbus python3-pyatspi desktop-file-utils appstream man-db zsh fish
