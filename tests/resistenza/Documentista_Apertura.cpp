@@ -60,8 +60,10 @@ void Documentista::Orologio()
 
 void Documentista::Interruttori()
 {
+    static const std::vector<std::string> lingue = {"it", "en-GB", "sr-Latn-RS", "x-klingon"};
     CHIAMA(Conforming, m_maniera == Maniera::Conforme);
     Comprimi(m_caso.Una(4) ? 0 : m_caso.Intero(1, 9));
+    if (m_caso.Una(2)) CHIAMA(SetLanguage, m_caso.Fra(lingue));
 }
 
 // A library without zlib refuses every level but 0: its documents stay as they are.
