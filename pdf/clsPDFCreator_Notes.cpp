@@ -1,16 +1,23 @@
 // Annotations: notes and links (ISO 32000-1, 12.5). They count y upward from the bottom of the
 // page.
 
+#include "Appearance.h"
 #include "ColorText.h"
+#include "DateText.h"
+#include "TextString.h"
 #include "Windows1252.h"
 #include "clsPDFCreator_State.h"
 
+#include <algorithm>
 #include <array>
 #include <new>
 
 namespace {
 
 using Rectangle = std::array<double, 4>; // left, bottom, right, top
+
+// In points; no page reaches so far (ISO 32000-1, annex C).
+constexpr double Farthest = 32767;
 
 // The name that a choice stands for; none for an unknown one.
 template <std::size_t Count>
@@ -39,12 +46,37 @@ constexpr std::array<std::string_view, 4> Highlights = {" /H /N", " /H /I", " /H
 constexpr std::array<std::string_view, 5> BorderStyles = {" /S /S", " /S /D /D [ 3 ]", " /S /B",
                                                           " /S /I", " /S /U"};
 
-// The lines of an annotation, joined by CR.
+// The colour in digits; "" for none and for a pattern.
+std::string PlainColor(std::string_view color)
+{
+    std::string resolved = pdf::prNamedColor(InWindows1252(color));
+    return pdf::prIsPlainColor(resolved) ? resolved : std::string();
+}
+
+// An address in ASCII, as a literal string: other bytes, blanks among them, as "%" and two digits.
+std::string Uri(std::string_view utf8)
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string ascii;
+    for (const char c : utf8) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c > ' ' && c <= '~') {
+            ascii.push_back(c);
+        } else {
+            ascii.append({'%', digits[byte / 16], digits[byte % 16]});
+        }
+    }
+    return "(" + pdf::prPDFString(ascii) + ")";
+}
+
+// The lines of an annotation, joined by CR. Texts are UTF-8 and stand in it as its kind of document
+// has them.
 class Annotation
 {
 public:
-    explicit Annotation(std::string_view subtype)
-        : m_text("<< /Type /Annot")
+    Annotation(std::string_view subtype, bool conforming)
+        : m_conforming(conforming)
+        , m_text("<< /Type /Annot")
     {
         Line("/Subtype /" + std::string(subtype));
     }
@@ -61,7 +93,37 @@ public:
 
     void String(std::string_view key, std::string_view text)
     {
-        Line("/" + std::string(key) + " (" + pdf::prPDFString(text) + ")");
+        Line("/" + std::string(key) + " " + (m_conforming ? pdf::prTextString(text) : Bytes(text)));
+    }
+
+    void Link(std::string_view address)
+    {
+        Line("/A << /S /URI /URI " + (m_conforming ? Uri(address) : Bytes(address)) + " >>");
+    }
+
+    // How a note's text is written: operands before their operators.
+    void Letters(std::string_view font, double size, std::string_view color)
+    {
+        std::string operators = "/DA (/" + std::string(font) + " ";
+        pdf::prAppendNumber(operators, m_conforming ? pdf::prLetterSize(size) : size);
+        operators.append(" Tf ");
+        const std::string resolved = pdf::prNamedColor(InWindows1252(color));
+        pdf::prAppendColor(operators, m_conforming ? PlainColor(color) : resolved);
+        Line(operators + " rg)");
+    }
+
+    void Border(double width, std::int32_t style)
+    {
+        std::string border = "/BS << /Type /Border /W ";
+        pdf::prAppendNumber(border, m_conforming ? std::clamp(width, 0.0, Farthest) : width);
+        Line(border.append(Choice(BorderStyles, style)).append(" >>"));
+    }
+
+    void OldBorder(double width)
+    {
+        std::string border = "/Border [ 0 0 ";
+        pdf::prAppendNumber(border, width);
+        Line(border + "]");
     }
 
     // What every annotation may have. An empty title or colour is left out, and so is a pattern.
@@ -71,17 +133,18 @@ public:
         String("Contents", contents);
         Line("/F " + std::to_string(flags));
         if (!title.empty()) String("T", title);
-        const std::string resolved = pdf::prNamedColor(color);
-        if (pdf::prIsPlainColor(resolved)) Line("/C [ " + pdf::prColorNumbers(resolved) + " ]");
+        const std::string plain = PlainColor(color);
+        if (!plain.empty()) Line("/C [ " + pdf::prColorNumbers(plain) + " ]");
     }
 
-    std::string Finished()
-    {
-        Line(">>");
-        return std::move(m_text);
-    }
+    std::string Lines() { return std::move(m_text); }
 
 private:
+    static std::string Bytes(std::string_view text)
+    {
+        return "(" + pdf::prPDFString(InWindows1252(text)) + ")";
+    }
+
     template <std::size_t Count>
     static std::string Joined(const std::array<double, Count>& numbers)
     {
@@ -93,15 +156,18 @@ private:
         return text;
     }
 
+    bool m_conforming;
     std::string m_text;
 };
 
-// The appearance of a note's text: operands before their operators.
-std::string Appearance(std::int32_t font, double size, std::string_view color)
+// Upright, and with numbers that every reader takes.
+Rectangle Readable(const Rectangle& rectangle)
 {
-    std::string text = "/_FNT_" + std::to_string(font) + " ";
-    pdf::prAppendNumber(text, size);
-    return text + " Tf " + pdf::prColorNumbers(color) + " rg";
+    const auto [left, bottom, right, top] = rectangle;
+    Rectangle readable = {std::min(left, right), std::min(bottom, top), std::max(left, right),
+                          std::max(bottom, top)};
+    for (double& number : readable) number = std::clamp(number, -Farthest, Farthest);
+    return readable;
 }
 
 } // namespace
@@ -110,15 +176,15 @@ void clsPDFCreator::AddNoteIcon(std::string_view Text, std::int32_t Icon, float 
                                 bool Open, std::string_view Color, std::string_view Title,
                                 std::int32_t Flags)
 try {
-    constexpr double size = 20; // points: how large readers draw such icons
     m->prRequireAnnotation(X, Y);
-    Annotation note("Text");
+    Annotation note("Text", m->Conforming);
     const double left = m->prInPoints(X);
     const double top = m->prFromBottom(Y);
-    note.Rect({left, top - size, left + size, top});
-    note.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
+    const auto rect = m->prReadable({left, top - pdf::IconSize, left + pdf::IconSize, top});
+    note.Rect(rect);
+    note.Common(Text, Flags, Title, Color);
     note.Line((Open ? "/Open true" : "/Open false") + std::string(Choice(NoteIcons, Icon)));
-    m->prAddAnnotation(note.Finished());
+    m->prAddAnnotation(note.Lines());
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
 }
@@ -129,22 +195,15 @@ void clsPDFCreator::AddNoteBox(std::string_view Text, float X, float Y, float Wi
                                std::string_view Title, std::int32_t Flags)
 try {
     m->prRequireAnnotation(X, Y, Width, Height, FontSize, BorderWidth);
-    auto& request = m->prRequestOf("Arial", 0);
-    const std::size_t found = m->prFindFont(request);
-    m->prRequireObjects(found != 0 ? 1 : 2); // both or none
-    const auto font = static_cast<std::int32_t>(found != 0 ? found : m->prAddStandardFont(request));
-
-    Annotation note("FreeText");
-    note.Rect(m->prAnnotationRect(X, Y, Width, Height));
-    note.Common(InWindows1252(Text), Flags,
-                Title.empty() ? std::string(State::DefaultAuthor) : InWindows1252(Title),
-                InWindows1252(Color));
-    note.String("DA", Appearance(font, FontSize, pdf::prNamedColor(InWindows1252(TextColor))));
+    const std::string font = m->prBoxFont();
+    Annotation note("FreeText", m->Conforming);
+    const auto rect = m->prAnnotationRect(X, Y, Width, Height);
+    note.Rect(rect);
+    note.Common(Text, Flags, Title.empty() ? State::DefaultAuthor : Title, Color);
+    note.Letters(font, FontSize, TextColor);
     if (Align == 1 || Align == 2) note.Line("/Q " + std::to_string(Align));
-    std::string border = "/BS << /Type /Border /W ";
-    pdf::prAppendNumber(border, BorderWidth);
-    note.Line(border + std::string(Choice(BorderStyles, BorderStyle)) + " >>");
-    m->prAddAnnotation(note.Finished());
+    note.Border(BorderWidth, BorderStyle);
+    m->prAddAnnotation(note.Lines());
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
 }
@@ -154,11 +213,12 @@ void clsPDFCreator::AddNoteStamp(std::string_view Text, float X, float Y, float 
                                  std::int32_t Flags)
 try {
     m->prRequireAnnotation(X, Y, Width, Height);
-    Annotation stamp("Stamp");
-    stamp.Rect(m->prAnnotationRect(X, Y, Width, Height));
-    stamp.Common(InWindows1252(Text), Flags, InWindows1252(Title), InWindows1252(Color));
+    Annotation stamp("Stamp", m->Conforming);
+    const auto rect = m->prAnnotationRect(X, Y, Width, Height);
+    stamp.Rect(rect);
+    stamp.Common(Text, Flags, Title, Color);
     stamp.Known(Choice(Stamps, Stamp));
-    m->prAddAnnotation(stamp.Finished());
+    m->prAddAnnotation(stamp.Lines());
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
 }
@@ -168,28 +228,50 @@ void clsPDFCreator::AddWebLink(std::string_view URL, float X, float Y, float Wid
 try {
     constexpr std::int32_t printed = 4;
     m->prRequireAnnotation(X, Y, Width, Height, Border);
-    const std::string address = InWindows1252(URL);
-    Annotation link("Link");
-    link.Rect(m->prAnnotationRect(X, Y, Width, Height));
-    link.Common(address, printed, "", "");
+    Annotation link("Link", m->Conforming);
+    const auto rect = m->prAnnotationRect(X, Y, Width, Height);
+    link.Rect(rect);
+    link.Common(URL, printed, "", "");
     link.Known(Choice(Highlights, Highlight));
-    std::string border = "/Border [ 0 0 ";
-    pdf::prAppendNumber(border, Border);
-    link.Line(border + "]");
-    link.Line("/A << /S /URI /URI (" + pdf::prPDFString(address) + ") >>");
-    m->prAddAnnotation(link.Finished());
+    link.OldBorder(Border);
+    link.Link(URL);
+    m->prAddAnnotation(link.Lines());
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
 }
 
-void clsPDFCreator::State::prAddAnnotation(std::string annotation)
+// The font of the box's text, which may still be edited: in a conforming document that of its
+// picture, which readers know by that name.
+std::string clsPDFCreator::State::prBoxFont()
 {
-    Annotations.push_back(std::move(annotation));
+    if (Conforming) return std::string(pdf::PlainFont);
+    auto& request = prRequestOf("Arial", 0);
+    const std::size_t found = prFindFont(request);
+    prRequireObjects(found != 0 ? 1 : 2); // both or none
+    return "_FNT_" + std::to_string(found != 0 ? found : prAddStandardFont(request));
+}
+
+// Those of a conforming document say what page they are on, when they were made and what they are
+// called: readers that gather them keep them apart.
+void clsPDFCreator::State::prAddAnnotation(std::string lines)
+{
+    if (Conforming) {
+        lines.append("\r/P " + std::to_string(PageObject) + " 0 R\r/M (");
+        lines.append(pdf::prDateWithOffset(Created) + ")\r/NM (" + std::to_string(PageCount));
+        lines.append("-" + std::to_string(Annotations.size() + 1) + ")");
+    }
+    Annotations.push_back(std::move(lines) + "\r>>");
     ++KeptForDrawing;
+}
+
+std::array<double, 4> clsPDFCreator::State::prReadable(const std::array<double, 4>& rectangle) const
+{
+    return Conforming ? Readable(rectangle) : rectangle;
 }
 
 std::array<double, 4> clsPDFCreator::State::prAnnotationRect(double x, double y, double width,
                                                              double height) const
 {
-    return {prInPoints(x), prFromBottom(y + height), prInPoints(x + width), prFromBottom(y)};
+    return prReadable(
+        {prInPoints(x), prFromBottom(y + height), prInPoints(x + width), prFromBottom(y)});
 }

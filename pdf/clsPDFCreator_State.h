@@ -436,7 +436,9 @@ struct clsPDFCreator::State
         prRequire(numbers...);
         prRequireObjects(1);
     }
-    void prAddAnnotation(std::string annotation);
+    void prAddAnnotation(std::string lines); // of its dictionary, without the end
+    std::string prBoxFont();
+    std::array<double, 4> prReadable(const std::array<double, 4>& rectangle) const;
     std::array<double, 4> prAnnotationRect(double x, double y, double width, double height) const;
 
     // ---- _Images
