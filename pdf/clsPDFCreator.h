@@ -402,6 +402,11 @@ public:
     // place and size whatever the axes. One widespread reader opens no page with more than 10,000.
     // Flags: as there in 12.5.3, 4 lets them be printed. An empty Color or Title is left out, as is
     // a Color that is a pattern.
+    //
+    // Each reader draws them in its own way; with Conforming all show the same. There a note
+    // without a Color is yellow, a stamp dark red; a box has its border in TextColor, breaks words
+    // wider than itself and shows no line below its lower edge; a FontSize that is not positive is
+    // 12; a negative Width or Height goes the other way, and what has no area has no picture.
 
     // A note with Text behind an Icon of 20 points, its upper left corner at (X, Y): 0 note, 1
     // comment, 2 key, 3 help, 4 paragraph, 5 new paragraph, 6 insertion; the reader's own for any
@@ -432,7 +437,8 @@ public:
 
     // A link to the address URL (ISO 32000-1, 12.6.4.7): an area with its upper left corner at (X,
     // Y), Width by Height. Highlight while it is pressed: 0 none, 1 inverted, 2 outlined, 3 pushed;
-    // the reader's own for any other. Border: width in points, 0 none. The address is not checked.
+    // the reader's own for any other. Border: width in points, 0 none. The address is not checked;
+    // with Conforming what is not ASCII in it, and each blank, is written as "%" and two digits.
     void AddWebLink(std::string_view URL, float X, float Y, float Width, float Height,
                     std::int32_t Highlight = 1, float Border = 0);
 

@@ -170,6 +170,28 @@ Rectangle Readable(const Rectangle& rectangle)
     return readable;
 }
 
+double WidthOf(const Rectangle& rectangle)
+{
+    return rectangle[2] - rectangle[0];
+}
+
+double HeightOf(const Rectangle& rectangle)
+{
+    return rectangle[3] - rectangle[1];
+}
+
+// The border of a link once more: one widespread reader shows no picture of a link, but does of
+// this kind, which nobody can click (ISO 32000-1, 12.5.6.22). The link lies above it.
+std::string LinkBorder(const Rectangle& rectangle, std::string_view appearance)
+{
+    constexpr std::int32_t printedAndKept = 4 + 64;
+    Annotation border("Watermark", true);
+    border.Rect(rectangle);
+    border.Line("/F " + std::to_string(printedAndKept));
+    border.Line(appearance);
+    return border.Lines();
+}
+
 } // namespace
 
 void clsPDFCreator::AddNoteIcon(std::string_view Text, std::int32_t Icon, float X, float Y,
@@ -184,6 +206,9 @@ try {
     note.Rect(rect);
     note.Common(Text, Flags, Title, Color);
     note.Line((Open ? "/Open true" : "/Open false") + std::string(Choice(NoteIcons, Icon)));
+    if (m->Conforming) {
+        note.Line(m->prAppearance(rect, pdf::prIconContent(Icon, PlainColor(Color))));
+    }
     m->prAddAnnotation(note.Lines());
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
@@ -203,6 +228,13 @@ try {
     note.Letters(font, FontSize, TextColor);
     if (Align == 1 || Align == 2) note.Line("/Q " + std::to_string(Align));
     note.Border(BorderWidth, BorderStyle);
+    if (m->Conforming) {
+        const pdf::BoxLook box = {WidthOf(rect),    HeightOf(rect),        InWindows1252(Text),
+                                  FontSize,         PlainColor(TextColor), Align,
+                                  PlainColor(Color)};
+        const pdf::BorderLook border = {BorderWidth, BorderStyle, box.TextColor};
+        note.Line(m->prAppearance(rect, pdf::prBoxContent(box, border)));
+    }
     m->prAddAnnotation(note.Lines());
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
@@ -218,6 +250,12 @@ try {
     stamp.Rect(rect);
     stamp.Common(Text, Flags, Title, Color);
     stamp.Known(Choice(Stamps, Stamp));
+    if (m->Conforming) {
+        constexpr std::int32_t bold = 1;
+        const std::string content =
+            pdf::prStampContent(Stamp, WidthOf(rect), HeightOf(rect), PlainColor(Color));
+        stamp.Line(m->prAppearance(rect, content, bold));
+    }
     m->prAddAnnotation(stamp.Lines());
 } catch (const std::bad_alloc&) {
     m->Out.prGiveUp();
@@ -233,7 +271,17 @@ try {
     link.Rect(rect);
     link.Common(URL, printed, "", "");
     link.Known(Choice(Highlights, Highlight));
-    link.OldBorder(Border);
+    if (m->Conforming) {
+        const double width = WidthOf(rect);
+        const double height = HeightOf(rect);
+        const std::string look =
+            m->prAppearance(rect, pdf::prBorderContent(width, height, {Border, 0, ""}));
+        if (Border > 0) m->prAddAnnotation(LinkBorder(rect, look));
+        link.Line("/Border [0 0 0]"); // some readers would draw theirs besides the picture
+        link.Line(look);
+    } else {
+        link.OldBorder(Border);
+    }
     link.Link(URL);
     m->prAddAnnotation(link.Lines());
 } catch (const std::bad_alloc&) {

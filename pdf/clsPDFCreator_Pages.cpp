@@ -127,6 +127,7 @@ void clsPDFCreator::State::prWriteAnnotations(std::int32_t lengthObject)
 // Returns the entry of the page that names them; nothing where there are none.
 std::string clsPDFCreator::State::prWriteConformingAnnotations()
 {
+    prWriteAppearances();
     if (Annotations.empty()) return "";
     std::string entry = " /Annots [";
     for (const auto& annotation : Annotations) {

@@ -87,6 +87,14 @@ struct clsPDFCreator::State
         std::vector<std::size_t> Children;
     };
 
+    // A picture of annotations that the end of their page will write.
+    struct NewAppearance
+    {
+        std::int32_t Object;
+        std::string Entries;
+        std::string Content;
+    };
+
     struct BarcodeText
     {
         double Middle; // user units
@@ -285,6 +293,8 @@ struct clsPDFCreator::State
     std::string Kids;
     std::string PageLabels;
     std::vector<std::string> Annotations; // of the page being drawn
+    std::vector<NewAppearance> NewAppearances;
+    std::unordered_map<std::string, std::int32_t> Appearances; // objects by what they look like
     std::vector<AutoObject> AutoObjects;
     Point Current; // points
 
@@ -434,12 +444,21 @@ struct clsPDFCreator::State
     void prRequireAnnotation(Numbers... numbers) const
     {
         prRequire(numbers...);
-        prRequireObjects(1);
+        prRequireObjects(Conforming ? 7 : 1); // two, a picture, its length, a font of three
     }
     void prAddAnnotation(std::string lines); // of its dictionary, without the end
     std::string prBoxFont();
     std::array<double, 4> prReadable(const std::array<double, 4>& rectangle) const;
     std::array<double, 4> prAnnotationRect(double x, double y, double width, double height) const;
+
+    // ---- _Appearances. Rectangles in points: left, bottom, right, top
+
+    // Keeps a picture for the page's end and returns the entry that gives it to an annotation of
+    // that place. Its words are in Helvetica of that style.
+    std::string prAppearance(const std::array<double, 4>& rectangle, const std::string& content,
+                             std::int32_t style = 0);
+    std::string prAppearanceFont(std::int32_t style);
+    void prWriteAppearances();
 
     // ---- _Images
     std::int32_t prImageOf(const std::string& fileName, std::string_view key,

@@ -173,7 +173,10 @@ def segnalibri(documento):
 
 
 def annotazioni(documento):
-    """The annotations of all pages in their order. Each has its appearance and its corners right."""
+    """The annotations of all pages in their order. Each has its appearance and its corners right.
+
+    Watermarks, which only show the border of a link, are left out.
+    """
     trovate = []
     for _, pagina in pagine(documento):
         elenco = documento.risolto(pagina.get("Annots"))
@@ -184,7 +187,7 @@ def annotazioni(documento):
         pretendi(sinistra <= destra and basso <= alto, f"/Rect {voce['Rect']}")
         aspetto = documento.risolto(voce["AP"]["N"])
         pretendi(isinstance(aspetto, Flusso) and aspetto.testa["Subtype"] == "Form", f"/AP {voce}")
-    return trovate
+    return [voce for voce in trovate if voce["Subtype"] != "Watermark"]
 
 
 def note(documento):

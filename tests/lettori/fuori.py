@@ -122,7 +122,7 @@ def difetti_qpdf(uscita, righe):
     note = [documento.risolto(nota)
             for pagina in pagine_qpdf(documento, documento.voce(coda, "/Root", "/Pages"))
             for nota in documento.voce(pagina, "/Annots") or []]
-    note = [nota for nota in note if nota["/Subtype"] != "/Link"]
+    note = [nota for nota in note if nota["/Subtype"] not in ("/Link", "/Watermark")]
     nomi = documento.voce(coda, "/Root", "/PageLabels")
     numeri = documento.voce(nomi, "/Nums") if nomi else []
     prefissi = [documento.voce(voce, "/P") for voce in numeri[1::2]]

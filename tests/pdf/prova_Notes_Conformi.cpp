@@ -39,7 +39,7 @@ TEST(NotaConforme, UnIcona)
                 }),
                 StartsWith("<< /Type /Annot\r/Subtype /Text\r/Rect [100 622 120 642]\r"
                            "/Contents (Ciao \\(a\\))\r/F 28\r/T (Titolo)\r/C [ 1 0 0 ]\r"
-                           "/Open true /Name /Help\r"));
+                           "/Open true /Name /Help\r/AP << /N "));
 }
 
 // Who edits the text finds the font under a name that readers know.
@@ -51,7 +51,7 @@ TEST(NotaConforme, UnRiquadro)
                 StartsWith("<< /Type /Annot\r/Subtype /FreeText\r/Rect [10 782 40 822]\r"
                            "/Contents (Nota)\r/F 4\r/T (Io)\r/C [ 0.502 0.502 0.502 ]\r"
                            "/DA (/Helv 9.5 Tf 0 1 0 rg)\r/Q 2\r"
-                           "/BS << /Type /Border /W 2 /S /D /D [ 3 ] >>\r"));
+                           "/BS << /Type /Border /W 2 /S /D /D [ 3 ] >>\r/AP << /N "));
 }
 
 TEST(NotaConforme, UnTimbro)
@@ -59,7 +59,7 @@ TEST(NotaConforme, UnTimbro)
     EXPECT_THAT(
         Nota([](clsPDFCreator& pdf) { pdf.AddNoteStamp("Visto", 10, 20, 30, 40, 13, "Io"); }),
         StartsWith("<< /Type /Annot\r/Subtype /Stamp\r/Rect [10 782 40 822]\r/Contents (Visto)\r"
-                   "/F 4\r/T (Io)\r /Name /TopSecret\r"));
+                   "/F 4\r/T (Io)\r /Name /TopSecret\r/AP << /N "));
 }
 
 // The moment is that of the document; the name tells the note from all others.
@@ -136,4 +136,31 @@ TEST(IndirizzoConforme, StaInAscii)
     EXPECT_EQ(Indirizzo("a(b)\\c"), "a\\(b\\)\\\\c");
     EXPECT_EQ(Indirizzo(std::string("a\0b\r\n\x7F\xFF", 7)), "a%00b%0D%0A%7F%FF");
     EXPECT_EQ(Indirizzo(""), "");
+}
+
+// The picture is the border: some readers would draw theirs besides.
+TEST(RimandoConforme, IlBordoELaFigura)
+{
+    for (const float bordo : {0.0F, 2.0F, -1.0F}) {
+        EXPECT_THAT(Nota([bordo](clsPDFCreator& pdf) {
+                        pdf.AddWebLink("https://example.org/è", 50, 60, 70, 80, 2, bordo);
+                    }),
+                    StartsWith("<< /Type /Annot\r/Subtype /Link\r/Rect [50 702 120 782]\r"
+                               "/Contents (https://example.org/\xE8)\r/F 4\r /H /O\r"
+                               "/Border [0 0 0]\r/AP << /N "));
+    }
+}
+
+// For a reader that shows no picture of a link: the same picture below it, not to be clicked.
+TEST(RimandoConforme, IlBordoStaAncheSottoDiLui)
+{
+    const auto note = Note(apparenze::PaginaConforme([](clsPDFCreator& pdf) {
+        pdf.AddWebLink("a", 50, 60, 70, 80, 1, 2);
+        pdf.AddWebLink("b", 50, 60, 70, 80, 1, 0);
+    }));
+    ASSERT_EQ(note.size(), 3);
+    EXPECT_THAT(note[0], StartsWith("<< /Type /Annot\r/Subtype /Watermark\r"
+                                    "/Rect [50 702 120 782]\r/F 68\r/AP << /N "));
+    EXPECT_EQ(Numero(note[0], "/AP << /N "), Numero(note[1], "/AP << /N "));
+    EXPECT_THAT(note[2], HasSubstr("/URI (b)"));
 }
