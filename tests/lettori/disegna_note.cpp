@@ -1,5 +1,5 @@
-// Makes a conforming PDF file of one page with annotations of each kind, and writes where they stand,
-// in points:
+// Makes a conforming PDF file of one page with annotations of each kind, and writes where they
+// stand, in points:
 //
 //   disegna_note FILE.pdf      lines "NAME LEFT TOP WIDTH HEIGHT" on standard output
 
