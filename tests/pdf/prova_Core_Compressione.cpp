@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -55,6 +56,42 @@ void Figure(clsPDFCreator& pdf)
         pdf.DrawImage(semi + file, x += 50, 50, 40, 40);
     }
     pdf.EndPage();
+}
+
+// More than two hundred of what a document is made of.
+void DiTutto(clsPDFCreator& pdf)
+{
+    const std::string semi = SCALVINO_SEMI "/";
+    const char* figure[] = {"bmp/24bit_40.bmp", "bmp/4bit_40.bmp", "gif/8bit.gif",
+                            "jpeg/colori.jpg"};
+    pdf.AddFont(semi + "ttf/unicode.ttf", "Mio");
+    for (int pagina = 0; pagina < 60; ++pagina) {
+        const std::string n = std::to_string(pagina);
+        pdf.BeginObject("O" + n);
+        pdf.SetFont("Arial", 10);
+        pdf.DrawText(10, 20, "Oggetto " + n);
+        pdf.EndObject();
+        pdf.BeginTiling("T" + n, 0, 0, 5, 5, 5, 5);
+        pdf.DrawLine(0, 0, 5, 5);
+        pdf.EndTiling();
+        pdf.BeginPage();
+        pdf.SetFont(pagina % 2 == 0 ? "Mio" : "Times New Roman", 12, pagina % 4);
+        pdf.DrawText(50, 50, "A");
+        pdf.PlayObject("O" + n);
+        pdf.SetColorFill("T" + n);
+        pdf.DrawRect(200, 200, 50, 50, 4);
+        pdf.SetLinearFill({"Red", "Blue"}, 300, 300, 350, 350);
+        pdf.DrawRect(300, 300, 50, 50, 4);
+        pdf.DrawImage(semi + figure[pagina % 4], 100, 400, 40, 40, n);
+        for (int i = 0; i < pagina % 5; ++i) {
+            const auto x = 100 + 60 * static_cast<float>(i);
+            pdf.AddNoteIcon("Nota è " + n, 1, x, 500);
+            pdf.AddNoteBox("Riquadro", x, 550, 50, 30);
+            pdf.AddWebLink("http://example.org/" + n, x, 650, 50, 30);
+        }
+        pdf.AddBookmark("Segnalibro č " + n, 1 + pagina % 3);
+        pdf.EndPage();
+    }
 }
 
 aiuti::Disegno Livello(int livello)
@@ -178,6 +215,30 @@ TEST(Compressione, ICaratteriIncorporatiSonoCompressi)
         EXPECT_EQ(letto.Dati[n] == aiuti::Byte(file), compresso);
     }
     EXPECT_THAT(filtri, testing::ElementsAre("LZWDecode", "FlateDecode", "FlateDecode"));
+}
+
+// Numbers are given out otherwise, since packed objects need some for their streams: the pages draw
+// the same with them.
+TEST(Compressione, UnConformeImpacchettatoHaLeStessePagine)
+{
+    if (!pdf::prCanDeflate()) GTEST_SKIP() << SenzaZlib;
+    const auto conforme = [](int livello) {
+        return Documento(
+            [livello](clsPDFCreator& pdf) {
+                pdf.Conforming();
+                pdf.Compress(livello);
+            },
+            DiTutto);
+    };
+    const auto intero = conforme(0);
+    const auto letto = conforme(6);
+    ASSERT_EQ(letto.Pagine(), 60);
+    for (int pagina = 1; pagina <= 60; ++pagina) {
+        EXPECT_EQ(letto.Contenuto(pagina), intero.Contenuto(pagina));
+    }
+    EXPECT_THAT(letto.Liberi, testing::IsEmpty());
+    const auto pacchi = [](const std::string& o) { return o.starts_with("<< /Type /ObjStm"); };
+    EXPECT_GE(std::count_if(letto.Oggetti.begin(), letto.Oggetti.end(), pacchi), 4);
 }
 
 TEST(Compressione, AltriLivelliSonoErrori)
