@@ -2,9 +2,10 @@
 //
 //   bench_pdf                       shoes per second from 1 to 80 shoes, with fonts repeated and
 //                                   shared (options of Google Benchmark apply)
-//   bench_pdf --istruzioni N [u]    writes the full report of N shoes once, dealt before with a
-//                                   fixed seed, for counting the instructions of the writing; u:
-//                                   shared fonts
+//   bench_pdf --istruzioni N [M]    writes the full report of N shoes once, dealt before with a
+//                                   fixed seed, for counting the instructions of the writing, and
+//                                   prints its bytes; M: u for shared fonts, 1 to 9 for a
+//                                   conforming document compressed at that level
 
 #include "Ambiente.h"
 #include "Stampe.h"
@@ -13,6 +14,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -52,17 +54,23 @@ public:
     Cartella(const Cartella&) = delete;
     Cartella& operator=(const Cartella&) = delete;
     std::string Nome() const { return m_nome + "/"; }
+    std::int64_t ByteDelReport() const
+    {
+        return static_cast<std::int64_t>(std::filesystem::file_size(Nome() + "taglie.pdf"));
+    }
 
 private:
     std::string m_nome;
 };
 
-void Prepara(const Cartella& cartella, std::int64_t taglie, bool unici)
+void Prepara(const Cartella& cartella, std::int64_t taglie, std::string_view modo)
 {
     Stampe::Ambiente ambiente = Stampe::AmbienteNeutro();
     ambiente.Cartella = cartella.Nome();
     ambiente.SeparatoriNumeri = {",", "."};
-    ambiente.CaratteriUnici = unici;
+    ambiente.CaratteriUnici = modo == "u";
+    ambiente.Compatto = !modo.empty() && modo != "u";
+    if (ambiente.Compatto) ambiente.LivelloCompatto = modo.front() - '0';
     ambiente.PreparaTaglia = [mazzi = Mescolate(taglie)](std::int64_t taglia) {
         modCarte::ImpostaMazzo(mazzi.at(static_cast<std::size_t>(taglia) - 1));
     };
@@ -72,11 +80,10 @@ void Prepara(const Cartella& cartella, std::int64_t taglie, bool unici)
 void Report(benchmark::State& stato)
 {
     const Cartella cartella;
-    Prepara(cartella, stato.range(0), stato.range(1) != 0);
+    Prepara(cartella, stato.range(0), stato.range(1) != 0 ? "u" : "");
     for (auto _ : stato) ScriviReportPdf(static_cast<double>(stato.range(0)));
     stato.SetItemsProcessed(stato.iterations() * stato.range(0));
-    const auto byte = std::filesystem::file_size(cartella.Nome() + "taglie.pdf");
-    stato.SetBytesProcessed(stato.iterations() * static_cast<std::int64_t>(byte));
+    stato.SetBytesProcessed(stato.iterations() * cartella.ByteDelReport());
 }
 
 BENCHMARK(Report)
@@ -91,8 +98,9 @@ int main(int argc, char** argv)
     if (argc > 2 && std::string_view(argv[1]) == "--istruzioni") {
         const Cartella cartella;
         const auto taglie = std::strtoll(argv[2], nullptr, 10);
-        Prepara(cartella, taglie, argc > 3);
+        Prepara(cartella, taglie, argc > 3 ? argv[3] : "");
         ScriviReportPdf(static_cast<double>(taglie));
+        std::printf("byte %lld\n", static_cast<long long>(cartella.ByteDelReport()));
         Stampe::AmbienteInUso = {};
         return 0;
     }

@@ -80,6 +80,10 @@ struct Ambiente
     // room for as many shoes as a document has pages. CaratteriUnici then means nothing.
     bool Compatto = false;
 
+    // How much Compatto compresses, from 1, quick, to 9, small: the manual of the writer says what
+    // each level costs.
+    int LivelloCompatto = 6;
+
     // Collects the figures for estimates of error, when set; not owned.
     Studio* Raccolta = nullptr;
 };

@@ -45,9 +45,6 @@ constexpr std::int32_t Normale = 0;
 constexpr std::int32_t Grassetto = 1;
 constexpr float Mezzeria = 10.5F;
 
-// Of compression: smaller levels save little time here, larger ones hardly a byte.
-constexpr std::int32_t LivelloCompatto = 6;
-
 // The present year.
 std::int64_t Anno()
 {
@@ -87,7 +84,7 @@ private:
 void Compatta(clsPDFCreator& pdf)
 {
     pdf.Conforming();
-    pdf.Compress(LivelloCompatto);
+    pdf.Compress(AmbienteInUso.LivelloCompatto);
     pdf.SetLanguage("it");
 }
 
@@ -361,7 +358,7 @@ void PretendiPosto()
 
 void PretendiCompatto()
 {
-    clsPDFCreator().Compress(LivelloCompatto);
+    clsPDFCreator().Compress(AmbienteInUso.LivelloCompatto);
 }
 
 std::string_view SemeSymbol(std::string_view carta)
