@@ -56,7 +56,7 @@ def righe(testi):
     coppie = [(nome, testi[i % len(testi)]) for i, nome in enumerate(
         ("Title", "Author", "Subject", "Keywords", "Creator", "Producer"))]
     for testo in testi:
-        coppie += [("segnalibro", testo), ("etichetta", testo)]
+        coppie += [("segnalibro", testo), ("nota", testo), ("chi", testo), ("etichetta", testo)]
     return [f"{genere} {testo.encode().hex()}" for genere, testo in coppie]
 
 
