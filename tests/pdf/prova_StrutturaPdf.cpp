@@ -405,7 +405,9 @@ TEST(LeggiPdf, TrovaDizionariEStringheCheNonTornano)
     EXPECT_THAT(DifettiCambiando(14, "/Vuoto", "/" + std::string(128, 'v')),
                 Contains(HasSubstr("nome scritto male")));
     EXPECT_THAT(DifettiCambiando(14, "/Vuoto", "/#E8#20#23#7F#01"), IsEmpty());
-    EXPECT_THAT(DifettiCambiando(14, "true", "<41>"), Contains(HasSubstr("\"<\" fuori posto")));
+    EXPECT_THAT(DifettiCambiando(14, "true", "<414>"),
+                Contains(HasSubstr("esadecimale sbagliata")));
+    EXPECT_THAT(DifettiCambiando(14, "true", "<4g>"), Contains(HasSubstr("esadecimale sbagliata")));
 }
 
 TEST(LeggiPdf, TrovaFiniDiRigaSbagliate)
