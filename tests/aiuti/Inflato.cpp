@@ -29,9 +29,8 @@ public:
     unsigned Uno()
     {
         if (m_posto / 8 >= m_byte.size()) Rotto();
-        const unsigned bit = static_cast<unsigned char>(m_byte[m_posto / 8]) >> (m_posto % 8) & 1U;
-        ++m_posto;
-        return bit;
+        const unsigned byte = static_cast<unsigned char>(m_byte[m_posto / 8]);
+        return byte >> (m_posto++ % 8) & 1U;
     }
 
     unsigned Numero(int bit)
