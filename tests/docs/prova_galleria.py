@@ -5,6 +5,7 @@ import os
 import re
 import shutil
 import stat
+import sys
 import tempfile
 import time
 import unittest
@@ -107,6 +108,16 @@ class Galleria(unittest.TestCase):
     def test_tutti_i_lettori_la_accettano(self):
         comune.leggi_tutti(self.cartella, 1)
         self.assertRegex(fai("pdfinfo", self.pdf), rf"Pages: +{PAGINE}\n")
+
+    def test_conforme_e_compatta_nessun_lettore_dice_niente(self):
+        cartella = self.altra_cartella()
+        for opzione in ["--conforme", "--compatta"]:
+            pdf = cartella / f"galleria{opzione}.pdf"
+            self.scrivi(pdf, opzione)
+            self.assertRegex(fai("pdfinfo", pdf), rf"Title: +Galleria\n[^$]*Pages: +{PAGINE}\n")
+            self.assertEqual(self.figure(pdf), self.figure(self.pdf))
+            comune.attendi_testi(pdf, ATTESE)
+        fai(sys.executable, comune.LETTORI, "--almeno", 2, cartella)
 
     def test_ogni_filtro_da_le_stesse_figure(self):
         attese = self.figure(self.pdf)
