@@ -39,6 +39,8 @@ const std::map<std::string_view, Operatore>& Operatori()
         {"j", {"n"}},
         {"M", {"n"}},
         {"d", {"an"}},
+        {"g", {"n"}},
+        {"G", {"n"}},
         {"rg", {"nnn"}},
         {"RG", {"nnn"}},
         {"cs", {"N", ovunque, "ColorSpace"}},
@@ -57,6 +59,8 @@ const std::map<std::string_view, Operatore>& Operatori()
         {"S", {"", fuori}},
         {"f", {"", fuori}},
         {"B", {"", fuori}},
+        {"B*", {"", fuori}},
+        {"W", {"", fuori}},
         {"b", {"", fuori}},
         {"Do", {"N", fuori, "XObject"}},
         // Text

@@ -83,7 +83,8 @@ void LettorePdf::SaltaBianchi()
 {
     while (m_posizione < m_testo.size()) {
         const char c = m_testo[m_posizione];
-        if (c == '\n' && (m_posizione == 0 || m_testo[m_posizione - 1] != '\r')) {
+        const bool solo = c == '\n' && (m_posizione == 0 || m_testo[m_posizione - 1] != '\r');
+        if (solo && m_conRiferimenti) { // appearances end their lines so
             Difetto("LF senza CR");
             return;
         }

@@ -195,7 +195,8 @@ void Esaurisci(const Modo& modo)
     const Corsa bene = Corri(modo, 0, Durata::UnaVolta);
     ASSERT_EQ(bene.Come, Fine::Bene);
     ASSERT_GT(bene.Richieste, 100U);
-    ASSERT_TRUE(aiuti::LeggiPdf(bene.Pdf).Difetti.empty());
+    const auto difetti = aiuti::LeggiPdf(bene.Pdf).Difetti;
+    ASSERT_TRUE(difetti.empty()) << difetti.front();
     for (const auto durata : {Durata::UnaVolta, Durata::DaAllora}) {
         for (std::uint64_t k = 1; k <= bene.Richieste; ++k) {
             SCOPED_TRACE(std::to_string(k) + " of " + std::to_string(bene.Richieste));
