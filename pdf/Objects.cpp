@@ -349,6 +349,12 @@ void Objects::prWriteBytes(std::string_view bytes, ByteRows rows)
     WriteLong(InRows(bytes, rows));
 }
 
+void Objects::prWriteDeflated(std::string_view data)
+{
+    WriteLong(data);
+    prPart("\r\n");
+}
+
 // In pieces that fit the buffer, so that it need not become as large as a picture.
 void Objects::WriteLong(std::string_view bytes)
 {

@@ -207,6 +207,9 @@ public:
     void prWriteBytes(std::string_view bytes, ByteRows rows = ByteRows::None);
     static std::size_t prLengthOfBytes(std::string_view bytes, ByteRows rows);
 
+    // The same for data that are deflated already: exactly they count as the stream.
+    void prWriteDeflated(std::string_view data);
+
     // The cross-reference table of all objects (ISO 32000-1, 7.5.4). Numbers that were given out
     // for nothing are free entries.
     void prWriteCrossReferences();

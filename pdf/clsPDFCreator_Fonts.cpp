@@ -19,6 +19,8 @@ enum : std::int32_t
     Italic = 2,
 };
 
+constexpr std::string_view Deflated = "FlateDecode";
+
 struct StandardFont
 {
     std::string_view Key; // of a family, normalised
@@ -274,7 +276,7 @@ void clsPDFCreator::State::prEncode(TrueType& font, std::string_view bytes) cons
 {
     const bool deflated = CompressLevel > 0;
     font.Encoded = deflated ? pdf::Deflate(CompressLevel).Whole(bytes) : pdf::prLZWEncode(bytes);
-    font.Filter = deflated ? "FlateDecode" : "LZWDecode";
+    font.Filter = deflated ? Deflated : "LZWDecode";
     font.Length = bytes.size();
 }
 
@@ -343,7 +345,8 @@ void clsPDFCreator::State::prEmbedFile(std::int32_t object, const TrueType& font
     Out.prPrint("<< /Filter /", font.Filter, " /Length ", object + 1, " 0 R /Length1 ", object + 2,
                 " 0 R >>");
     Out.prBeginStream();
-    Out.prWriteBytes(font.Encoded);
+    if (font.Filter == Deflated) Out.prWriteDeflated(font.Encoded);
+    else Out.prWriteBytes(font.Encoded);
     Out.prEndStream();
     for (const std::size_t length : {font.Encoded.size(), font.Length}) {
         Out.prInitObj(0);

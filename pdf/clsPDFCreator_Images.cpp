@@ -206,15 +206,16 @@ void clsPDFCreator::State::prWritePalette(std::string palette)
 {
     Out.prInitObj(0);
     auto encoded = Encode(std::move(palette), "", ImageFilters);
-    std::size_t length = pdf::Objects::prLengthOfBytes(encoded.Bytes, encoded.Rows);
     const std::string_view filter = FilterOf(Out, encoded);
-    if (encoded.Filters.empty() && !filter.empty()) {
-        encoded.Bytes = Out.prDeflated(std::move(encoded.Bytes));
-        length = encoded.Bytes.size();
-    }
+    const bool deflated = encoded.Filters.empty() && !filter.empty();
+    if (deflated) encoded.Bytes = Out.prDeflated(std::move(encoded.Bytes));
+    const std::size_t length = deflated
+                                   ? encoded.Bytes.size()
+                                   : pdf::Objects::prLengthOfBytes(encoded.Bytes, encoded.Rows);
     Out.prPrint("<< ", filter, " /Length ", static_cast<std::int32_t>(length), " >>");
     Out.prBeginStream();
-    Out.prWriteBytes(encoded.Bytes, encoded.Rows);
+    if (deflated) Out.prWriteDeflated(encoded.Bytes);
+    else Out.prWriteBytes(encoded.Bytes, encoded.Rows);
     Out.prEndStream();
 }
 
