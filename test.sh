@@ -2,6 +2,7 @@
 # Installs what the tests need, builds everything and runs all tests.
 #
 #   ./test.sh [arguments for ctest]
+#   ./test.sh -C Lunghe     also the tests that take too long each time; CI does this
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . tools/pacchetti.sh
