@@ -50,9 +50,8 @@ bool SoloAscii(std::string_view testo)
     return true;
 }
 
-} // namespace
-
-char32_t PrendiCarattere(std::string_view& utf8)
+// What PrendiCarattere does, set into the loops of this file: a call for each letter is felt.
+inline char32_t Prendi(std::string_view& utf8)
 {
     const auto sequenza = SequenzaDa(static_cast<unsigned char>(utf8.front()));
     if (!sequenza || sequenza->lunghezza > utf8.size()) {
@@ -74,6 +73,13 @@ char32_t PrendiCarattere(std::string_view& utf8)
     return valido ? carattere : NonValido;
 }
 
+} // namespace
+
+char32_t PrendiCarattere(std::string_view& utf8)
+{
+    return Prendi(utf8);
+}
+
 std::string InWindows1252(std::string_view utf8)
 {
     // Nearly every text is plain ASCII, which passes as it is.
@@ -86,7 +92,7 @@ std::string InWindows1252(std::string_view utf8)
             byte.push_back(utf8.front());
             utf8.remove_prefix(1);
         } else {
-            byte.push_back(Codice(PrendiCarattere(utf8)).value_or('?'));
+            byte.push_back(Codice(Prendi(utf8)).value_or('?'));
         }
     }
     return byte;
@@ -102,7 +108,7 @@ std::string_view InWindows1252(std::string_view utf8, std::string& byte)
 bool EntraInWindows1252(std::string_view utf8)
 {
     while (!utf8.empty()) {
-        if (!Codice(PrendiCarattere(utf8))) return false;
+        if (!Codice(Prendi(utf8))) return false;
     }
     return true;
 }

@@ -98,19 +98,26 @@ void clsPDFCreator::State::prChooseLine(std::string& operation, std::string_view
     Choose(operation, color, patternColor, {" RG", " CS", " SCN"});
 }
 
+// A colour whose pattern cannot be used leaves the present one.
+void clsPDFCreator::State::prAdopt(std::string& present)
+{
+    prUseColor(ChosenColor);
+    present.swap(ChosenColor);
+}
+
 void clsPDFCreator::State::prSetFill(std::string_view color, std::string_view patternColor)
 {
-    prChooseFill(ChosenColor, color, patternColor);
-    prUseColor(ChosenColor);
-    FillColor.swap(ChosenColor);
+    std::string& chosen = Conforming ? ChosenColor : FillColor;
+    prChooseFill(chosen, color, patternColor);
+    if (Conforming) prAdopt(FillColor);
     Out.prWriteRaw(FillColor);
 }
 
 void clsPDFCreator::State::prSetLine(std::string_view color, std::string_view patternColor)
 {
-    prChooseLine(ChosenColor, color, patternColor);
-    prUseColor(ChosenColor);
-    LineColor.swap(ChosenColor);
+    std::string& chosen = Conforming ? ChosenColor : LineColor;
+    prChooseLine(chosen, color, patternColor);
+    if (Conforming) prAdopt(LineColor);
     Out.prWriteRaw(LineColor);
 }
 

@@ -359,6 +359,7 @@ struct clsPDFCreator::State : pdf::Parts
                              std::string_view patternColor = {});
     static void prChooseLine(std::string& operation, std::string_view color,
                              std::string_view patternColor = {});
+    void prAdopt(std::string& present);
     void prSetFill(std::string_view color, std::string_view patternColor = {});
     void prSetLine(std::string_view color, std::string_view patternColor = {});
     void prSetLineWidth(double width);

@@ -160,6 +160,7 @@ void clsPDFCreator::State::prPaintFrame(Style& style, double width, double heigh
 // Before the first byte: a colour that is refused paints nothing.
 void clsPDFCreator::State::prUseFrameColors(const Style& style)
 {
+    if (!Conforming) return;
     if (!style.Fill.empty()) {
         prUseColor(style.Fill);
         prUseColor(FillColor);
