@@ -83,7 +83,7 @@ constexpr StandardFace ZapfDingbats = {
 
 const StandardFace& prStandardFace(Family family, bool bold, bool italic)
 {
-    const auto face = static_cast<std::size_t>((bold ? 1 : 0) + (italic ? 2 : 0));
+    const std::size_t face = (bold ? 1U : 0U) + (italic ? 2U : 0U);
     switch (family) {
     case Family::Times:
         return Times[face];
