@@ -1,6 +1,7 @@
 // Deflates with zlib; Objects.cpp is who asks.
 
 #include "Deflate.h"
+#include "Failure.h"
 
 #include "ErroreRuntime.h"
 
@@ -50,8 +51,7 @@ Deflate::Deflate(std::int32_t level)
     const int result = deflateInit(m_stream.get(), level);
     if (result == Z_MEM_ERROR) throw std::bad_alloc();
     if (result != Z_OK) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "la versione di zlib è un'altra",
-                            "clsPDFCreator");
+        prInvalidCall("la versione di zlib è un'altra");
     }
 }
 

@@ -2,6 +2,7 @@
 // constructor.
 
 #include "Deflate.h"
+#include "Failure.h"
 
 #include "ErroreRuntime.h"
 
@@ -14,8 +15,7 @@ bool prCanDeflate()
 
 Deflate::Deflate(std::int32_t)
 {
-    throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "la libreria è senza zlib",
-                        "clsPDFCreator");
+    prInvalidCall("la libreria è senza zlib");
 }
 
 void Deflate::Closer::operator()(z_stream_s*) const noexcept {}

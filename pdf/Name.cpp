@@ -1,6 +1,7 @@
 // Checks and escapes the names of reusable objects and patterns.
 
 #include "Name.h"
+#include "Failure.h"
 
 #include "ErroreRuntime.h"
 
@@ -10,8 +11,7 @@ namespace {
 
 [[noreturn]] void Refuse(std::string_view what, const std::string& reason)
 {
-    throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                        "il nome di " + std::string(what) + " " + reason, "clsPDFCreator");
+    prInvalidCall("il nome di " + std::string(what) + " " + reason);
 }
 
 bool StandsAsItIs(char c)

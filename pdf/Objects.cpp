@@ -2,6 +2,7 @@
 // others call it, Output.cpp where they go.
 
 #include "Objects.h"
+#include "Failure.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,16 +18,6 @@ constexpr std::size_t ContentBufferSize = 4 * 1024;
 
 // A position has ten digits in the table (ISO 32000-1, 7.5.4).
 constexpr std::uint64_t LargestPosition = 9999999999;
-
-[[noreturn]] void Overflow(std::string reason)
-{
-    throw ErroreRuntime(NumeroErrore::Overflow, std::move(reason), "clsPDFCreator");
-}
-
-[[noreturn]] void InvalidCall(std::string reason)
-{
-    throw ErroreRuntime(NumeroErrore::ChiamataNonValida, std::move(reason), "clsPDFCreator");
-}
 
 // True for as long as it lives.
 class Handing
@@ -72,8 +63,8 @@ std::string InRows(std::string_view bytes, ByteRows kind)
 
 void prNoRoom(std::string_view what, std::int32_t largest)
 {
-    Overflow("un documento può avere al massimo " + std::to_string(largest) + " " +
-             std::string(what));
+    prOverflow("un documento può avere al massimo " + std::to_string(largest) + " " +
+               std::string(what));
 }
 
 // What the operations need in memory is taken here, where a document can still be given up.
@@ -133,12 +124,12 @@ void Objects::NotOpen() const
 {
     prRequireIdle();
     if (m_failure) std::rethrow_exception(m_failure);
-    InvalidCall("nessun documento è aperto: manca BeginDoc");
+    prInvalidCall("nessun documento è aperto: manca BeginDoc");
 }
 
 void Objects::Busy()
 {
-    InvalidCall("chi riceve il documento non può usare chi lo scrive");
+    prInvalidCall("chi riceve il documento non può usare chi lo scrive");
 }
 
 // The error is kept as it was thrown, which takes no memory: there may be none left for another.
@@ -245,7 +236,7 @@ std::int32_t Objects::prInitObj(std::int32_t number)
 
 void Objects::BeginByItself(std::int32_t number)
 {
-    if (prPosition() > LargestPosition) Overflow("il file supera i 10 GB");
+    if (prPosition() > LargestPosition) prOverflow("il file supera i 10 GB");
     m_references.StandAt(number, prPosition());
     prPrint(number, " 0 obj");
 }

@@ -1,6 +1,7 @@
 // The three ways out of the writer; foreign failures become the writer's own error here.
 
 #include "Output.h"
+#include "Failure.h"
 
 #include "ErroreRuntime.h"
 #include "FileNuovo.h"
@@ -31,7 +32,7 @@ private:
 
 [[noreturn]] void Refused(std::string reason)
 {
-    throw ErroreRuntime(NumeroErrore::ErroreInputOutput, std::move(reason), "clsPDFCreator");
+    prFail(NumeroErrore::ErroreInputOutput, std::move(reason));
 }
 
 constexpr const char* StreamFailed = "il flusso non accetta altri dati";

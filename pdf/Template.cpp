@@ -1,6 +1,7 @@
 // Fills templates and escapes texts; clsPDFCreator_Core.cpp fills the information dictionary.
 
 #include "Template.h"
+#include "Failure.h"
 
 #include "ErroreRuntime.h"
 #include "Number.h"
@@ -16,10 +17,8 @@ namespace {
 
 [[noreturn]] void WrongKind(char placeholder)
 {
-    throw ErroreRuntime(NumeroErrore::TipoNonCorrispondente,
-                        std::string("l'argomento non è adatto al segnaposto \"#") + placeholder +
-                            "\"",
-                        "clsPDFCreator");
+    prFail(NumeroErrore::TipoNonCorrispondente,
+           std::string("l'argomento non è adatto al segnaposto \"#") + placeholder + "\"");
 }
 
 double NumberOf(const Argument& argument, char placeholder)
@@ -27,7 +26,7 @@ double NumberOf(const Argument& argument, char placeholder)
     const auto* number = std::get_if<double>(&argument);
     if (number == nullptr) WrongKind(placeholder);
     if (!std::isfinite(*number)) {
-        throw ErroreRuntime(NumeroErrore::Overflow, "un numero non è finito", "clsPDFCreator");
+        prNotFinite();
     }
     return *number;
 }

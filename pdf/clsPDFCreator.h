@@ -75,6 +75,9 @@ public:
     // numbers; File() and Reason() are empty where there is none. ErroreRuntime is the same type.
     using Error = ErroreRuntime;
 
+    // File() of the errors that are the writer's own: they concern no file.
+    static constexpr std::string_view ErrorSource = "clsPDFCreator";
+
     // A moment of the Gregorian calendar, written into the document as it is.
     struct DateTime
     {

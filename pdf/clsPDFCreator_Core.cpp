@@ -65,13 +65,11 @@ std::string DateOf(const clsPDFCreator::DateTime& time)
 {
     constexpr int lastYear = 9999; // a fifth digit would push the others out of the date
     if (time.Year > lastYear) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                            "l'anno di una data può essere al massimo 9999", "clsPDFCreator");
+        pdf::prInvalidCall("l'anno di una data può essere al massimo 9999");
     }
     constexpr int mostMinutes = 1439; // less than a day
     if (time.Offset > mostMinutes || time.Offset < -mostMinutes) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                            "una data dista da UTC meno di un giorno", "clsPDFCreator");
+        pdf::prInvalidCall("una data dista da UTC meno di un giorno");
     }
     return pdf::prDate(time);
 }
@@ -177,7 +175,7 @@ void clsPDFCreator::Compress(std::int32_t Level)
         reason = "i documenti non si possono comprimere: la libreria è senza zlib";
     }
     if (!reason.empty()) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, reason, "clsPDFCreator");
+        pdf::prInvalidCall(reason);
     }
     m->CompressLevel = Level;
 }
@@ -246,8 +244,7 @@ void clsPDFCreator::SetLanguage(std::string_view Tag)
 {
     m->Out.prRequireIdle();
     if (!IsLanguage(Tag)) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                            "\"" + std::string(Tag) + "\" non indica una lingua", "clsPDFCreator");
+        pdf::prInvalidCall("\"" + std::string(Tag) + "\" non indica una lingua");
     }
     m->Language = Tag;
 }
@@ -264,8 +261,7 @@ std::string clsPDFCreator::BeginDoc(const std::string& FileName)
 void clsPDFCreator::BeginDocTo(std::function<void(std::string_view)> Sink)
 {
     if (!Sink) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                            "manca la funzione che riceve il documento", "clsPDFCreator");
+        pdf::prInvalidCall("manca la funzione che riceve il documento");
     }
     m->Out.prClose();
     m->prBeginDocument("", [&Sink] { return pdf::prToSink(std::move(Sink)); });
@@ -350,8 +346,7 @@ std::int64_t clsPDFCreator::State::prMinorVersion() const
 void clsPDFCreator::OpenDoc()
 {
     if (m->FileName.empty()) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "nessun documento da aprire",
-                            "clsPDFCreator");
+        pdf::prInvalidCall("nessun documento da aprire");
     }
     if (!ApriConShell(PercorsoCompleto(m->FileName), StileFinestra::MassimizzataConFuoco)) {
         throw ErroreRuntime(NumeroErrore::FileNonTrovato, "nessun programma può aprire il file",

@@ -11,8 +11,7 @@ namespace {
 
 [[noreturn]] void Refuse(const std::string& name, std::string_view reason)
 {
-    throw ErroreRuntime(NumeroErrore::ChiamataNonValida,
-                        "il nome \"" + name + "\" " + std::string(reason), "clsPDFCreator");
+    pdf::prInvalidCall("il nome \"" + name + "\" " + std::string(reason));
 }
 
 // Whether the name is one that the writer gives itself: a number between these two.

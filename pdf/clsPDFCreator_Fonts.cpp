@@ -211,8 +211,7 @@ std::size_t clsPDFCreator::State::prAddStandardFont(FontRequest& request)
 
 void clsPDFCreator::State::prNoFont()
 {
-    throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "nessun carattere scelto: manca SetFont",
-                        "clsPDFCreator");
+    pdf::prInvalidCall("nessun carattere scelto: manca SetFont");
 }
 
 double clsPDFCreator::State::prTextWidth(std::string_view text) const

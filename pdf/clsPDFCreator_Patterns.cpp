@@ -111,8 +111,7 @@ void clsPDFCreator::State::prUseGradient(const GradientKind& kind,
                                          bool extendEnd)
 {
     if (colors.empty()) {
-        throw ErroreRuntime(NumeroErrore::ChiamataNonValida, "una sfumatura vuole dei colori",
-                            "clsPDFCreator");
+        pdf::prInvalidCall("una sfumatura vuole dei colori");
     }
     if (!Conforming) prKeepObjects(1);
     const std::string name = "SHAD_" + std::to_string(GradientCount + 1) + "_ING";

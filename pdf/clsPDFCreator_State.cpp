@@ -6,11 +6,6 @@
 #include "TextString.h"
 #include "Windows1252.h"
 
-void clsPDFCreator::State::prNotFinite()
-{
-    throw ErroreRuntime(NumeroErrore::Overflow, "un numero non è finito", "clsPDFCreator");
-}
-
 void clsPDFCreator::State::prRequireObjects(std::int32_t more) const
 {
     const bool open = Out.prIsOpen();

@@ -4,6 +4,7 @@
 // Numbers that the writer keeps are 32 bits wide; products and sums are formed in double.
 #pragma once
 
+#include "Failure.h"
 #include "Objects.h"
 #include "TextLayout.h"
 #include "clsPDFCreator.h"
@@ -142,9 +143,8 @@ struct clsPDFCreator::State : pdf::Parts
     template <typename... Numbers>
     static void prRequireFinite(Numbers... numbers)
     {
-        if (!(true && ... && std::isfinite(numbers))) prNotFinite();
+        if (!(true && ... && std::isfinite(numbers))) pdf::prNotFinite();
     }
-    [[noreturn]] static void prNotFinite();
 
     // How the document that begins next is laid out.
     pdf::Format prFormat() const { return {Conforming, CompressLevel}; }

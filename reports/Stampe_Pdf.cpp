@@ -418,7 +418,7 @@ std::optional<TotaliReport> StampaPdf(double numeroTaglie)
     } catch (const ErroreRuntime& errore) {
         // The writer tells which of its own limits was met; the user counts shoes.
         const bool limite = errore.Numero() == NumeroErrore::Overflow;
-        if (limite && errore.File() == "clsPDFCreator") TroppePerUnPdf();
+        if (limite && errore.File() == clsPDFCreator::ErrorSource) TroppePerUnPdf();
         throw;
     }
 }
