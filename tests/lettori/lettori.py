@@ -1,6 +1,7 @@
 """Readers that are not ours look at the PDF files that the tests make.
 
-    lettori.py [--almeno N] PERCORSO...      PDF files, or folders with all the *.pdf inside them
+    lettori.py [--almeno N] [--ricordo FILE] PERCORSO...
+                                             PDF files, or folders with all the *.pdf inside them
 
 Each file is checked and rewritten by qpdf, drawn page by page by mutool, pdftoppm and Ghostscript,
 and its text is taken out by mutool and pdftotext. Every reader must succeed, say nothing that is
@@ -15,6 +16,9 @@ Beside NAME.pdf may stand, in UTF-8, one a line:
     NAME.pdf.mancanti   names of forms that the document plays on purpose without defining them; the
                         readers must miss exactly these.
     NAME.pdf.fuori      texts outside the pages of a conforming document; fuori.py says how.
+
+With --ricordo, documents that were accepted before as they are now, by the same readers, are not
+read again; FILE is where that is kept.
 
 Prints one line for each file. Exit code 0: all accepted; 1: some refused; 2: a reader is not
 installed, a file or a side file leads nowhere, or there are fewer than N files; 77, which ctest
@@ -34,6 +38,7 @@ from typing import NamedTuple
 
 import conformi
 import fuori
+from ricordo import Ricordo
 
 PROGRAMMI = ["qpdf", "mutool", "pdftoppm", "pdftotext", "pdfinfo", "gs"]
 
@@ -429,6 +434,19 @@ def raccogli(compiti, letto):
     return letture if letto is None else {**letture, "Ghostscript": letto}
 
 
+def controlla_nuovi(documenti, ricordo):
+    """Judges all documents but those that are remembered; the judgements in their order."""
+    prima = {d.percorso: Giudizio(d, pagine, []) for d in documenti
+             if (pagine := ricordo.pagine(d.percorso)) is not None}
+    giudizi = controlla([d for d in documenti if d.percorso not in prima])
+    tutti = {**prima, **{giudizio.documento.percorso: giudizio for giudizio in giudizi}}
+    ricordo.serba((percorso, giudizio.pagine) for percorso, giudizio in tutti.items()
+                  if not giudizio.difetti)
+    if ricordo.file:
+        print(f"PDF già accettati: {len(prima)}")
+    return [tutti[documento.percorso] for documento in documenti]
+
+
 def riga(giudizio):
     nome = giudizio.documento.percorso.name
     if giudizio.difetti:
@@ -439,6 +457,7 @@ def riga(giudizio):
 def principale(argomenti):
     opzioni = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     opzioni.add_argument("--almeno", type=int, default=0, metavar="N")
+    opzioni.add_argument("--ricordo", metavar="FILE")
     opzioni.add_argument("percorsi", nargs="+", metavar="PERCORSO")
     scelte = opzioni.parse_args(argomenti)
     assenti = [programma for programma in PROGRAMMI if shutil.which(programma) is None]
@@ -454,7 +473,7 @@ def principale(argomenti):
     if not documenti:
         print("no documents: run the tests that make them")
         return SALTATO
-    giudizi = controlla(documenti)
+    giudizi = controlla_nuovi(documenti, Ricordo(scelte.ricordo))
     for giudizio in giudizi:
         print(riga(giudizio))
     rifiutati = sum(bool(giudizio.difetti) for giudizio in giudizi)

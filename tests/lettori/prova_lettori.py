@@ -235,6 +235,38 @@ class Lettori(unittest.TestCase):
         self.assertRegex(esito.stdout, r"\Asì a\.pdf: .*\nsì c\.pdf: .*\nNO b\.pdf: .*\n"
                                        r"PDF accettati: 2, rifiutati: 1\n\Z")
 
+    def test_cio_che_e_ricordato_non_e_letto_di_nuovo(self):
+        def gia_accettati():
+            esito = self.avvia("--ricordo", self.cartella / "ricordo")
+            return (int(esito.stdout.splitlines()[0].removeprefix("PDF già accettati: ")),
+                    esito.returncode, esito.stdout.count("\nsì "), esito.stdout.count("\nNO "))
+
+        self.scrivi("buono.pdf", componi(oggetti()))
+        self.scrivi("rotto.pdf", componi(oggetti(b"rotto\r\n")))
+        self.assertEqual(gia_accettati(), (0, 1, 1, 1))
+        self.assertEqual(gia_accettati(), (1, 1, 1, 1)) # what was refused is always read again
+        self.scrivi("buono.pdf.attese", b"manca")
+        self.assertEqual(gia_accettati(), (0, 1, 0, 2))
+        (self.cartella / "buono.pdf.attese").unlink()
+        self.assertEqual(gia_accettati(), (0, 1, 1, 1))
+        self.scrivi("buono.pdf", componi(oggetti(), meno=0))
+        self.assertEqual(gia_accettati(), (0, 1, 1, 1))
+
+    def test_un_lettore_diverso_legge_tutto_di_nuovo(self):
+        self.scrivi("buono.pdf", componi(oggetti()))
+        falsi = self.cartella / "falsi"
+        falsi.mkdir()
+        finto = falsi / "gs"
+        vero = shutil.which("gs")
+        finto.write_text("#!/bin/sh\n[ \"$1\" = --version ] && echo altro || "
+                         f"exec {vero} \"$@\"\n")
+        finto.chmod(0o755)
+        altro = {"PATH": f"{falsi}:{os.environ['PATH']}"}
+        ricordo = "--ricordo", self.cartella / "ricordo"
+        self.assertIn("già accettati: 0", self.avvia(*ricordo).stdout)
+        self.assertIn("già accettati: 1", self.avvia(*ricordo).stdout)
+        self.assertIn("già accettati: 0", self.avvia(*ricordo, **altro).stdout)
+
     def test_ghostscript_ne_legge_molti_insieme_e_conta_le_pagine_di_ognuno(self):
         due = oggetti()
         due[3] = due[3].replace(b"/Count 1", b"/Count 2").replace(b"[4 0 R]", b"[4 0 R 9 0 R]")
