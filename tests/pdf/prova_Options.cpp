@@ -131,11 +131,10 @@ TEST(Options, Errori)
 // through an object, too.
 TEST(Options, SonoNumeri)
 {
-    const bool inBasso = true;
-    const std::int32_t bordo = inBasso ? Pdf::PaintStroke : 0;
+    static const std::int32_t bordo = clsPDFCreator::Version().empty() ? 0 : Pdf::PaintStroke;
     static_assert(std::is_same_v<decltype(Pdf::AlignRight), const std::int32_t>);
     static_assert((Pdf::AlignRight | Pdf::AlignMiddle) == 34 && Pdf::StyleBold + 2 == 3);
-    EXPECT_THAT(Scrive([bordo](clsPDFCreator& pdf) {
+    EXPECT_THAT(Scrive([](clsPDFCreator& pdf) {
                     pdf.DrawRect(1, 2, 3, 4, bordo + pdf.PaintFill);
                     pdf.DrawRect(1, 2, 3, 4, 1 | Pdf::PaintFill);
                 }),
