@@ -200,8 +200,8 @@ TEST(DrawImageData, UnaFiguraRifiutataNonTieneLaSuaChiave)
 
 TEST(DrawImageData, ByteEnormiSonoRifiutatiSenzaEssereLetti)
 {
-    // So many bytes are there only by their count: nothing may read them.
-    const char uno = 'B';
-    const std::string_view enormi(&uno, (std::size_t{1} << 30) + 1);
+    // So many bytes are there only by their count: nothing may read more than what is traced here.
+    const std::string pochi(20, 'B');
+    const std::string_view enormi(pochi.data(), (std::size_t{1} << 30) + 1);
     Confronta(enormi, NumeroErrore::Overflow, "è troppo grande", "logo");
 }
